@@ -1,0 +1,58 @@
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+#include "app/app_metadata.h"
+#include "app/command_line.h"
+#include "app/host_scripts.h"
+#include "app/native_web_view.h"
+#include "app/window_system.h"
+#include "bridge/bridge.h"
+#include "bridge/narrow_path.h"
+#include "console/log.h"
+#include "console/tee_stream_buf.h"
+#include "server/local_server.h"
+
+static void logStart(const std::filesystem::path& executable, const std::string& serverUrl) {
+    const AppMetadata& metadata = AppMetadata::instance();
+    const std::string version = metadata.version();
+    logText("Application: {} v{}\n", metadata.name(), version);
+    logText("Executable path: {}\n", utf8FromPath(executable));
+    logText("Server URL: {}\n", serverUrl);
+}
+
+static void endWithoutWindow(const std::string& reason) {
+    Console::shutdown();
+    stopServer();
+    tellUser(reason);
+    std::exit(EXIT_FAILURE);
+}
+
+int main(int argc, char* argv[]) {
+    const LaunchArgs args = parseCommandLine(argc, argv);
+
+    const std::filesystem::path exePath = std::filesystem::canonical(pathFromNarrow(argv[0]));
+    const std::filesystem::path logPath = std::filesystem::canonical(exePath).parent_path() / "debug.log";
+    Console::init(narrowFromPath(logPath));
+
+    static_cast<void>(AppMetadata::instance());
+    setupServer(exePath);
+    startServer();
+    const std::string serverUrl = getServerUrl();
+    logStart(exePath, serverUrl);
+
+    if (const auto missing = prepareWindowSystem()) endWithoutWindow(*missing);
+    NativeWebView view;
+    view.setTitle(AppMetadata::instance().displayName());
+    injectHostInfo(view);
+    bindFileFunctions(view);
+    bindLinkOpener(view);
+    injectLaunchArgs(view, args);
+    view.navigate(serverUrl.empty() ? "about:blank" : serverUrl);
+    view.setSize(800, 600);
+    view.run();
+
+    Console::shutdown();
+    stopServer();
+    return 0;
+}

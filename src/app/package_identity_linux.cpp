@@ -1,0 +1,3 @@
+#include "app/host_scripts.h"
+
+std::optional<std::string> currentPackageFullName() { return std::nullopt; }

@@ -1,0 +1,48 @@
+#include "bridge/bridge.h"
+
+#include <optional>
+
+#include "bridge/dialog_arguments.h"
+#include "bridge/envelope.h"
+#include "bridge/file_dialogs.h"
+#include "bridge/file_io.h"
+#include "bridge/link_opener.h"
+#include "bridge/request.h"
+#include "bridge/web_view.h"
+
+static std::string dialogAnswer(const std::optional<std::string>& path) {
+    return envelope(path ? succeeded(*path) : failed(userCancelled), "path");
+}
+
+static std::string fileAnswer(const Outcome& outcome) { return envelope(outcome, "data"); }
+
+std::string showOpenDialog(const std::string& request) {
+    return dialogAnswer(askForFileToOpen(openDialogArguments(request)));
+}
+
+std::string showSaveDialog(const std::string& request) {
+    return dialogAnswer(askForFileToSave(saveDialogArguments(request)));
+}
+
+std::string readFile(const std::string& request) {
+    const auto path = Request(request).string(0);
+    if (!path) return fileAnswer(failed(invalidArguments));
+    return fileAnswer(readTextFile(*path));
+}
+
+std::string writeFile(const std::string& requestText) {
+    const Request request(requestText);
+    const auto path = request.string(0);
+    const auto content = request.string(1);
+    if (!path || !content) return fileAnswer(failed(invalidArguments));
+    return fileAnswer(writeTextFile(*path, *content));
+}
+
+void bindFileFunctions(WebView& view) {
+    view.bind("showOpenDialog", showOpenDialog);
+    view.bind("showSaveDialog", showSaveDialog);
+    view.bind("readFile", readFile);
+    view.bind("writeFile", writeFile);
+}
+
+void bindLinkOpener(WebView& view) { view.bindRaising("openExternalUrl", openExternalUrl); }

@@ -1,0 +1,20 @@
+#include "bridge/envelope.h"
+
+#include "bridge/json.h"
+#include "bridge/utf8.h"
+
+std::string envelope(const Outcome& outcome, const char* payloadKey) {
+    const Json object(json_object_new_object());
+    const auto addText = [&](const char* key, const std::string& text) {
+        if (!text.empty()) json_object_object_add(object.get(), key, json_object_new_string(text.c_str()));
+    };
+    json_object_object_add(object.get(), "success", json_object_new_boolean(outcome.success));
+    addText(payloadKey, outcome.payload);
+    addText("error", outcome.error);
+    return asciiJson(json_object_to_json_string(object.get()));
+}
+
+std::string jsonString(const std::string& text) {
+    const Json value(json_object_new_string(text.c_str()));
+    return asciiJson(json_object_to_json_string(value.get()));
+}

@@ -1,0 +1,96 @@
+#include <gtk/gtk.h>
+
+#include <filesystem>
+#include <memory>
+#include <system_error>
+
+#include "bridge/file_dialogs.h"
+
+struct GFree {
+    void operator()(gchar* text) const { g_free(text); }
+};
+struct GUnref {
+    void operator()(gpointer object) const { g_object_unref(object); }
+};
+using OwnedText = std::unique_ptr<gchar, GFree>;
+using OwnedDialog = std::unique_ptr<GtkFileChooserNative, GUnref>;
+
+// "*.*" means every file to users of this filter, also those whose names have no dot.
+static const char* globOf(const std::string& pattern) { return pattern == "*.*" ? "*" : pattern.c_str(); }
+
+static void addFilters(GtkFileChooser* chooser, const FileFilter& filter) {
+    for (const FilterChoice& choice : filterChoices(filter)) {
+        GtkFileFilter* entry = gtk_file_filter_new();
+        gtk_file_filter_set_name(entry, choice.text.c_str());
+        for (const std::string& pattern : splitPatterns(choice.pattern)) {
+            gtk_file_filter_add_pattern(entry, globOf(pattern));
+        }
+        gtk_file_chooser_add_filter(chooser, entry);  // takes ownership
+    }
+    GSList* entries = gtk_file_chooser_list_filters(chooser);
+    gtk_file_chooser_set_filter(chooser, GTK_FILE_FILTER(entries->data));
+    g_slist_free(entries);
+}
+
+static OwnedDialog makeDialog(GtkFileChooserAction action, const FileFilter& filter) {
+    OwnedDialog dialog(gtk_file_chooser_native_new(nullptr, nullptr, action, nullptr, nullptr));
+    addFilters(GTK_FILE_CHOOSER(dialog.get()), filter);
+    return dialog;
+}
+
+/// The chosen path in UTF-8; nothing when the file's name is not valid UTF-8, since the page could not name it.
+static std::optional<std::string> chosenPath(GtkFileChooser* chooser) {
+    const OwnedText name(gtk_file_chooser_get_filename(chooser));
+    if (!name) return std::nullopt;
+    const OwnedText utf8(g_filename_to_utf8(name.get(), -1, nullptr, nullptr, nullptr));
+    if (!utf8) return std::nullopt;
+    return std::string(utf8.get());
+}
+
+static bool exists(const std::string& path) {
+    std::error_code ignored;
+    return std::filesystem::exists(path, ignored);
+}
+
+static bool agrees(GtkMessageType type, GtkButtonsType buttons, const std::string& question) {
+    GtkWidget* box = gtk_message_dialog_new(nullptr, GTK_DIALOG_MODAL, type, buttons, "%s", question.c_str());
+    gtk_window_set_keep_above(GTK_WINDOW(box), TRUE);
+    const gint answer = gtk_dialog_run(GTK_DIALOG(box));
+    gtk_widget_destroy(box);
+    return answer == GTK_RESPONSE_YES || answer == GTK_RESPONSE_OK;
+}
+
+static std::string nameOf(const std::string& path) { return std::filesystem::path(path).filename().string(); }
+
+std::optional<std::string> askForFileToOpen(const FileFilter& filter) {
+    const OwnedDialog dialog = makeDialog(GTK_FILE_CHOOSER_ACTION_OPEN, filter);
+    while (gtk_native_dialog_run(GTK_NATIVE_DIALOG(dialog.get())) == GTK_RESPONSE_ACCEPT) {
+        const auto path = chosenPath(GTK_FILE_CHOOSER(dialog.get()));
+        if (!path || exists(*path)) return path;
+        agrees(GTK_MESSAGE_WARNING, GTK_BUTTONS_OK, "There is no file named “" + nameOf(*path) + "”.");
+    }
+    return std::nullopt;
+}
+
+// The chooser asks by itself about the name as typed; this is for a name that only the extension made an existing one.
+static bool mayOverwrite(const std::string& typed, const std::string& path) {
+    if (typed == path || !exists(path)) return true;
+    return agrees(GTK_MESSAGE_QUESTION, GTK_BUTTONS_YES_NO,
+                  "A file named “" + nameOf(path) + "” already exists. Do you want to replace it?");
+}
+
+std::optional<std::string> askForFileToSave(const SaveRequest& request) {
+    const OwnedDialog dialog = makeDialog(GTK_FILE_CHOOSER_ACTION_SAVE, request.filter);
+    GtkFileChooser* chooser = GTK_FILE_CHOOSER(dialog.get());
+    gtk_file_chooser_set_do_overwrite_confirmation(chooser, TRUE);
+    if (!request.defaultName.empty()) gtk_file_chooser_set_current_name(chooser, request.defaultName.c_str());
+    while (gtk_native_dialog_run(GTK_NATIVE_DIALOG(dialog.get())) == GTK_RESPONSE_ACCEPT) {
+        const auto typed = chosenPath(chooser);
+        if (!typed) return std::nullopt;
+        const std::string path = withDefaultExtension(*typed, request.defaultExtension);
+        if (mayOverwrite(*typed, path)) return path;
+    }
+    return std::nullopt;
+}
+
+bool dialogsLetCallsIn() { return true; }

@@ -1,0 +1,3 @@
+#include "console/own_console.h"
+
+void Console::freeOwnConsole() {}

@@ -1,0 +1,5 @@
+#include <windows.h>
+
+#include "console/own_console.h"
+
+void Console::freeOwnConsole() { FreeConsole(); }

@@ -1,0 +1,9 @@
+// src/server/static_assets.h: answers page requests from the embedded tree.
+#pragma once
+#include <httplib.h>
+
+#include "server/embedded_filesystem.h"
+
+/// Answers `request` with the file under "dist/" that its decoded path names ("/" names "/index.html"), or with
+/// status 404. Looks at nothing but the path. Runs on any thread and never throws a standard exception.
+void serveEmbeddedFile(const EmbeddedFilesystem& files, const httplib::Request& request, httplib::Response& response);
