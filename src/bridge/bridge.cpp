@@ -45,4 +45,6 @@ void bindFileFunctions(WebView& view) {
     view.bind("writeFile", writeFile);
 }
 
-void bindLinkOpener(WebView& view) { view.bindRaising("openExternalUrl", openExternalUrl); }
+void bindLinkOpener(WebView& view) {
+    view.bindRaising("openExternalUrl", [](const std::string& request) { return openExternalUrl(request); });
+}

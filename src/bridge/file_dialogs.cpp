@@ -11,6 +11,12 @@ std::vector<FilterChoice> filterChoices(const FileFilter& filter) {
     return choices;
 }
 
+std::string filterList(const FileFilter& filter) {
+    std::string list;
+    for (const FilterChoice& choice : filterChoices(filter)) list += choice.text + '\0' + choice.pattern + '\0';
+    return list;
+}
+
 std::vector<std::string> splitPatterns(const std::string& patterns) {
     std::vector<std::string> parts;
     std::istringstream text(patterns);

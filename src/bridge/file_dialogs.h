@@ -27,6 +27,10 @@ struct FilterChoice {
 /// "All Files (*.*)". With the defaults that entry stands there twice, which is meant so.
 [[nodiscard]] std::vector<FilterChoice> filterChoices(const FileFilter& filter);
 
+/// The same list as one text: text and pattern in turn, each ended by a NUL. With the terminating NUL of the string it
+/// is what the Windows dialogs take.
+[[nodiscard]] std::string filterList(const FileFilter& filter);
+
 /// The patterns of a list joined by ";", without empty ones.
 [[nodiscard]] std::vector<std::string> splitPatterns(const std::string& patterns);
 

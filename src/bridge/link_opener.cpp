@@ -22,11 +22,11 @@ static std::string requestedUrl(const std::string& requestText) {
     return *std::move(url);
 }
 
-std::string openExternalUrl(const std::string& request) {
+std::string openExternalUrl(const std::string& request, bool (*launch)(const std::string&)) {
     const std::string url = requestedUrl(request);
     if (!hasAcceptedScheme(url)) {
         throw std::runtime_error("Invalid URL protocol. Only http://, https://, and mailto: are allowed");
     }
-    if (!launchUrl(url)) throw std::runtime_error("Failed to open URL in browser");
+    if (!launch(url)) throw std::runtime_error("Failed to open URL in browser");
     return "null";
 }

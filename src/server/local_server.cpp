@@ -2,6 +2,7 @@
 
 #include "console/log.h"
 #include "server/static_assets.h"
+#include "server/worker_stack.h"
 
 httplib::Server server;
 std::thread serverThread;
@@ -41,6 +42,7 @@ void setupServer(const std::filesystem::path& /*executablePath*/) {
 void startServer() {
     serverPort = server.bind_to_any_port("localhost", 0);
     logText("[Server] Bound to port {}\n", serverPort);
+    reserveWorkerStack();
     serverThread = std::thread([] { server.listen_after_bind(); });
 }
 
