@@ -1,0 +1,39 @@
+import { describe, expect, test } from 'vitest';
+import { packIco, type IcoPicture } from './ico';
+
+/** Two by two: red, green over blue and half-transparent white. */
+const tiny: IcoPicture = {
+  size: 2,
+  png: new Uint8Array(),
+  rgba: new Uint8Array([255, 0, 0, 255, 0, 255, 0, 255, 0, 0, 255, 255, 255, 255, 255, 128]),
+};
+const large: IcoPicture = { size: 256, png: new Uint8Array([0x89, 0x50, 0x4e, 0x47]), rgba: new Uint8Array() };
+
+describe('packIco', () => {
+  test('lists every picture with its size, length and place', () => {
+    const file = packIco([tiny, large]);
+    const view = new DataView(file.buffer);
+    expect([view.getUint16(0, true), view.getUint16(2, true), view.getUint16(4, true)]).toEqual([0, 1, 2]);
+    const bitmapLength = 40 + 16 + 8;
+    expect([view.getUint8(6), view.getUint8(7)]).toEqual([2, 2]);
+    expect([view.getUint32(14, true), view.getUint32(18, true)]).toEqual([bitmapLength, 38]);
+    expect([view.getUint8(22), view.getUint8(23)]).toEqual([0, 0]);
+    expect([view.getUint32(30, true), view.getUint32(34, true)]).toEqual([4, 38 + bitmapLength]);
+    expect(file.length).toBe(38 + bitmapLength + 4);
+  });
+
+  test('stores small pictures as bottom-up BGRA with an empty mask', () => {
+    const file = packIco([tiny]);
+    const pixels = Array.from(file.slice(22 + 40, 22 + 40 + 16));
+    expect(pixels).toEqual([255, 0, 0, 255, 255, 255, 255, 128, 0, 0, 255, 255, 0, 255, 0, 255]);
+    expect(Array.from(file.slice(-8))).toEqual([0, 0, 0, 0, 0, 0, 0, 0]);
+  });
+
+  test('stores a picture of 256 pixels as the PNG it came as', () => {
+    expect(Array.from(packIco([large]).slice(-4))).toEqual([0x89, 0x50, 0x4e, 0x47]);
+  });
+
+  test('refuses a size that the format cannot hold', () => {
+    expect(() => packIco([{ ...large, size: 512 }])).toThrow(RangeError);
+  });
+});
