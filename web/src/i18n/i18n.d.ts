@@ -1,0 +1,11 @@
+import 'i18next';
+import type { en } from './en';
+
+declare module 'i18next' {
+  interface CustomTypeOptions {
+    defaultNS: 'translation';
+    resources: { translation: typeof en };
+    nestingPrefix: '@(';
+    nestingSuffix: ')';
+  }
+}

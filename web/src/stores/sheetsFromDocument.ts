@@ -1,0 +1,17 @@
+import type { WordsDocumentData } from '../document/schema';
+import { readDocumentInt } from '../model/documentInt';
+import { newSheetId, sheetOf, type BitsSheet } from './bitsSheet';
+
+/**
+ * Makes the sheets of a document, in its order. Only name, value and width are taken over: signs, rows and converters
+ * start with their defaults. A sheet whose identifier an earlier one has already gets a fresh one.
+ * Rejects with the conversion's own message when an integer cannot be read.
+ */
+export async function sheetsFromDocument(data: WordsDocumentData): Promise<Map<string, BitsSheet>> {
+  const sheets = new Map<string, BitsSheet>();
+  for (const { id: givenId, displayName, int, intResolution } of data.sheets) {
+    const id = sheets.has(givenId) ? newSheetId() : givenId;
+    sheets.set(id, sheetOf({ id, displayName, int: readDocumentInt(int), intResolution }));
+  }
+  return sheets;
+}

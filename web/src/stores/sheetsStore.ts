@@ -1,0 +1,126 @@
+import { create } from 'zustand';
+import { UNTITLED_FILE_NAME } from '../document/fileType';
+import { WordsDocument } from '../document/wordsDocument';
+import type { FileHandle } from '../host/fileHandle';
+import { freeSheetName } from '../model/sheetNames';
+import type { WordsDocumentData } from '../document/schema';
+import { BitsSheet, createSheet, type SheetChanges } from './bitsSheet';
+import { sheetsFromDocument } from './sheetsFromDocument';
+
+export interface SheetsState {
+  /** In the order of the tabs. */
+  readonly sheets: ReadonlyMap<string, BitsSheet>;
+  readonly activeSheetKey: string | null;
+  /** The open document's file; null while no document is open. */
+  readonly documentFile: FileHandle | null;
+  readonly isUnsaved: boolean;
+}
+
+export interface SheetsOperations {
+  /** Adds a sheet with a free name and shows it. Opens an untitled document where none is open. */
+  addSheet(): BitsSheet;
+  /** Removes a sheet; the last one in tab order is shown next. */
+  removeSheet(id: string): void;
+  /** Changes fields of a sheet. Only changes of what a document holds make the document unsaved. */
+  updateSheet(id: string, changes: SheetChanges): void;
+  setActiveSheet(id: string): void;
+  getActiveSheet(): BitsSheet | undefined;
+  getSheetName(id: string): string | undefined;
+  /**
+   * Replaces all sheets by those of a document that was checked before.
+   * Rejects, and leaves everything as it was, when an integer of the document cannot be read.
+   */
+  loadWordsDocument(data: WordsDocumentData, file?: FileHandle): Promise<void>;
+  getWordsDocument(): WordsDocument;
+  /** Notes where the document lives now; by default it counts as saved there. */
+  updateWordsDocumentFileState(file: FileHandle | null, isUnsaved?: boolean): void;
+  /** Forgets all sheets and the document. */
+  reset(): void;
+}
+
+const EMPTY: SheetsState = { sheets: new Map(), activeSheetKey: null, documentFile: null, isUnsaved: false };
+
+/** Fields that a document holds; the others are only kept between visits. */
+const DOCUMENT_FIELDS: readonly (keyof SheetChanges)[] = [
+  'displayName',
+  'int',
+  'intResolution',
+  'signMap',
+  'numberDefinitions',
+  'converters',
+];
+
+/** The open document: its sheets, which of them is shown, where it is saved and whether it is. */
+export const useSheetsStore = create<SheetsState & SheetsOperations>()((set, get) => ({
+  ...EMPTY,
+
+  addSheet() {
+    const { sheets, documentFile } = get();
+    const sheet = createSheet(freeSheetName([...sheets.values()].map(({ displayName }) => displayName)));
+    set({
+      sheets: new Map(sheets).set(sheet.id, sheet),
+      activeSheetKey: sheet.id,
+      documentFile: documentFile ?? { name: UNTITLED_FILE_NAME },
+      isUnsaved: true,
+    });
+    return sheet;
+  },
+
+  removeSheet(id) {
+    const sheets = new Map(get().sheets);
+    if (!sheets.delete(id)) return;
+    set({ sheets, activeSheetKey: [...sheets.keys()].at(-1) ?? null, isUnsaved: true });
+  },
+
+  updateSheet(id, changes) {
+    const { sheets, isUnsaved } = get();
+    const sheet = sheets.get(id);
+    if (!sheet) {
+      console.error(`Sheet with id ${id} not found for update.`);
+      return;
+    }
+    set({
+      sheets: new Map(sheets).set(id, sheet.with(changes)),
+      isUnsaved: isUnsaved || DOCUMENT_FIELDS.some((field) => field in changes),
+    });
+  },
+
+  setActiveSheet(id) {
+    if (get().sheets.has(id)) set({ activeSheetKey: id });
+  },
+
+  getActiveSheet() {
+    const { sheets, activeSheetKey } = get();
+    return activeSheetKey === null ? undefined : sheets.get(activeSheetKey);
+  },
+
+  getSheetName(id) {
+    return get().sheets.get(id)?.displayName;
+  },
+
+  async loadWordsDocument(data, file = { name: UNTITLED_FILE_NAME }) {
+    const sheets = await sheetsFromDocument(data);
+    const shown = get().activeSheetKey;
+    const first = sheets.keys().next().value ?? null;
+    set({
+      sheets,
+      activeSheetKey: shown !== null && sheets.has(shown) ? shown : first,
+      documentFile: file,
+      isUnsaved: file.path === undefined,
+    });
+  },
+
+  getWordsDocument() {
+    const document = new WordsDocument();
+    document.addSheets(get().sheets.values());
+    return document;
+  },
+
+  updateWordsDocumentFileState(file, isUnsaved = false) {
+    set({ documentFile: file, isUnsaved });
+  },
+
+  reset() {
+    set(EMPTY);
+  },
+}));
