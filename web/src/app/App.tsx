@@ -1,0 +1,24 @@
+import CssBaseline from '@mui/joy/CssBaseline';
+import { CssVarsProvider } from '@mui/joy/styles';
+import { MotionConfig } from 'framer-motion';
+import { SnackbarProvider } from 'notistack';
+import type { ReactNode } from 'react';
+import { theme } from './theme';
+
+/** Everything that the routes need around them: theme, notifications, rules for motion. */
+export function App({ children }: { children: ReactNode }) {
+  return (
+    <CssVarsProvider theme={theme} defaultMode="dark" disableTransitionOnChange>
+      <CssBaseline />
+      <MotionConfig reducedMotion="user">
+        <SnackbarProvider
+          dense
+          maxSnack={3}
+          autoHideDuration={5000}
+          anchorOrigin={{ vertical: 'bottom', horizontal: 'right' }}
+        />
+        {children}
+      </MotionConfig>
+    </CssVarsProvider>
+  );
+}

@@ -1,0 +1,23 @@
+import Box from '@mui/joy/Box';
+import { isVsCode } from '../host/hostFlags';
+import { FadingOutlet } from './FadingOutlet';
+import { Rail } from './Rail';
+
+/** The full window: the rail at the left, the route's content beside it. An editor brings a rail of its own. */
+export function Frame() {
+  return (
+    <Box
+      sx={{
+        display: 'grid',
+        gridTemplateColumns: isVsCode ? 'minmax(0, 1fr)' : 'auto minmax(0, 1fr)',
+        gridTemplateRows: 'minmax(0, 1fr)',
+        width: '100vw',
+        height: '100vh',
+        overflow: 'hidden',
+      }}
+    >
+      {!isVsCode && <Rail />}
+      <FadingOutlet />
+    </Box>
+  );
+}

@@ -1,0 +1,15 @@
+import '@fontsource/inter/400.css';
+import './styles.css';
+import './i18n';
+import { createRoot } from 'react-dom/client';
+import { BrowserRouter } from 'react-router';
+import { App } from './app/App';
+import { PageRoutes } from './app/PageRoutes';
+
+createRoot(document.getElementById('root')!).render(
+  <App>
+    <BrowserRouter>
+      <PageRoutes />
+    </BrowserRouter>
+  </App>,
+);

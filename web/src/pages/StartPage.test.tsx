@@ -1,0 +1,91 @@
+// @vitest-environment jsdom
+import { cleanup, screen } from '@testing-library/react';
+import { afterEach, beforeEach, describe, expect, test, vi } from 'vitest';
+import { useSheetsStore } from '../stores/sheetsStore';
+import { documentText, sheetData } from '../testing/documents';
+import { renderPage } from '../testing/renderPage';
+
+const PATH = 'C:\\dir\\a.words.tessary';
+
+/** Renders the start page as a native host with these launch arguments and this read function would have it. */
+function start(args: NonNullable<Window['tessary']>['args'] | undefined, readFile?: Window['readFile']) {
+  window.tessary = { ...(args && { args }) };
+  if (readFile) window.readFile = readFile;
+  return renderPage('/');
+}
+const welcome = () => screen.findByRole('heading', { level: 1, name: 'Tessary' });
+
+beforeEach(() => useSheetsStore.getState().reset());
+afterEach(() => {
+  cleanup();
+  delete window.tessary;
+  delete window.readFile;
+});
+
+describe('the start page', () => {
+  test.each([
+    ['without launch arguments', undefined],
+    ['when the host names no file', { error: null, filePath: null }],
+    ['when the host cannot read files', { error: null, filePath: PATH }],
+  ])('welcomes the user %s', async (_, args) => {
+    start(args);
+    expect(await welcome()).toBeDefined();
+    expect(screen.queryByRole('alert')).toBeNull();
+  });
+
+  test('shows why the host could not start and reads nothing', async () => {
+    const readFile = vi.fn();
+    start({ error: "File not found: it's {{app}} @(ui.new).tessary", filePath: PATH }, readFile);
+    const alert = await screen.findByRole('alert');
+    expect(alert.textContent).toBe("Failed to start Tessary: File not found: it's {{app}} @(ui.new).tessary");
+    expect(readFile).not.toHaveBeenCalled();
+    expect(screen.queryByRole('heading', { level: 1 })).toBeNull();
+  });
+
+  test.each([
+    ['a failure with its code', { success: false, error: 'file-not-found' }, 'Failed to read file: file-not-found'],
+    ['a failure without a code', { success: false }, 'Failed to read file: Unknown error'],
+    ['an empty file', { success: true }, 'Failed to read file: Unknown error'],
+    ['no JSON', { success: true, data: '{' }, 'Failed to parse document data: Invalid JSON'],
+    [
+      'another structure',
+      { success: true, data: '{"tool":"words","version":0}' },
+      'Invalid Tessary document data structure',
+    ],
+    [
+      'bad sheets',
+      { success: true, data: '{"tool":"words","version":1}' },
+      'The provided document is not of a recognized format',
+    ],
+  ])('shows what is wrong with the file: %s', async (_, answer, message) => {
+    start({ filePath: PATH }, async () => answer);
+    expect((await screen.findByRole('alert')).textContent).toBe(message);
+    expect(screen.getAllByRole('alert')).toHaveLength(1);
+  });
+
+  test('shows the message of an integer that cannot be read', async () => {
+    const data = documentText({ sheets: [sheetData({ int: '0xZZ' })] });
+    start({ filePath: PATH }, async () => ({ success: true, data }));
+    expect((await screen.findByRole('alert')).textContent).toBe('Failed to read file: Cannot convert 0xZZ to a BigInt');
+  });
+
+  test('shows the reason of a read that was rejected, error or not', async () => {
+    start({ filePath: PATH }, () => Promise.reject('gone'));
+    expect((await screen.findByRole('alert')).textContent).toBe('Failed to read file: gone');
+  });
+
+  test('opens the file of the command line as saved and leads to the Words tool', async () => {
+    const data = documentText({ sheets: [sheetData({ displayName: 'Mine', int: '0xff', intResolution: 32 })] });
+    const readFile = vi.fn(async () => ({ success: true, data }));
+    start({ error: null, filePath: PATH }, readFile);
+    const sheet = await screen.findByRole('region', { name: 'Mine' });
+    expect(sheet.textContent).toContain('32 bits');
+    expect(sheet.textContent).toContain('Base 16FF');
+    expect(sheet.textContent).toContain('Base 10255');
+    expect(readFile).toHaveBeenCalledExactlyOnceWith(PATH);
+    expect(useSheetsStore.getState()).toMatchObject({
+      documentFile: { name: 'a.words.tessary', path: PATH },
+      isUnsaved: false,
+    });
+  });
+});

@@ -1,0 +1,84 @@
+import Box from '@mui/joy/Box';
+import Button from '@mui/joy/Button';
+import Divider from '@mui/joy/Divider';
+import JoyLink from '@mui/joy/Link';
+import Typography from '@mui/joy/Typography';
+import type { ReactNode } from 'react';
+import { useTranslation } from 'react-i18next';
+import { Link } from 'react-router';
+import { displayName, version } from '../../package.json';
+import { Markdown } from '../components/Markdown';
+import { PrivacyPolicyLink } from '../components/PrivacyPolicyLink';
+import { isMsStorePackage } from '../host/hostFlags';
+import { download, introduction, support } from './welcomeTexts';
+
+const WORDS_ROUTE = '/tools/words';
+
+/** What the application is, what it can do, and where to go from here. */
+export function WelcomePage() {
+  const { t } = useTranslation();
+  return (
+    <Box component="main" sx={{ height: '100%', overflow: 'auto' }}>
+      <Box sx={{ maxWidth: '46rem', marginInline: 'auto', padding: 4, paddingTop: 3 }}>
+        <Box sx={{ display: 'flex', alignItems: 'center', gap: 2 }}>
+          <img src="/favicon.svg" alt="" width={64} height={64} />
+          <div>
+            <Typography level="h1">{displayName}</Typography>
+            <Typography level="body-sm">{version}</Typography>
+          </div>
+        </Box>
+        <Markdown text={introduction} />
+        <WordsSection />
+        <Divider sx={{ marginBlock: 3 }} />
+        {isMsStorePackage ? (
+          <Section title={t('welcome.resources')}>
+            <PrivacyPolicyLink />
+          </Section>
+        ) : (
+          <Section title={t('welcome.download')}>
+            <Markdown text={download} />
+            <PrivacyPolicyLink />
+          </Section>
+        )}
+        <Divider sx={{ marginBlock: 3 }} />
+        <Section title={t('welcome.support')}>
+          <Markdown text={support} />
+        </Section>
+      </Box>
+    </Box>
+  );
+}
+
+function WordsSection() {
+  const { t } = useTranslation();
+  const heading = (
+    <JoyLink component={Link} to={WORDS_ROUTE}>
+      {t('tools.words.name')}
+    </JoyLink>
+  );
+  return (
+    <Section title={heading}>
+      <Typography>{t('welcome.words.text')}</Typography>
+      <Typography component="ul" sx={{ paddingLeft: 3, marginBlock: 1.5, lineHeight: 1.7 }}>
+        <li>{t('welcome.words.resolutions')}</li>
+        <li>{t('welcome.words.words')}</li>
+        <li>{t('welcome.words.bases')}</li>
+        <li>{t('welcome.words.colors')}</li>
+      </Typography>
+      <Button component={Link} to={WORDS_ROUTE}>
+        {t('welcome.words.open')}
+      </Button>
+    </Section>
+  );
+}
+
+function Section({ title, children }: { title: ReactNode; children: ReactNode }) {
+  return (
+    <section>
+      <Typography level="h3" component="h2" sx={{ marginTop: 2.5, marginBottom: 1 }}>
+        {title}
+      </Typography>
+      {children}
+    </section>
+  );
+}

@@ -1,0 +1,36 @@
+import { useEffect, useRef, useState } from 'react';
+import { useNavigate } from 'react-router';
+import { openLaunchDocument } from '../host/nativeStartup';
+import { useSheetsStore } from '../stores/sheetsStore';
+
+/** Time for the start page to fade out after a document was opened, in milliseconds. */
+const LEAVING_TIME = 1000;
+
+/**
+ * Opens, each time the start page mounts, the document that the host was started with.
+ * @returns the text of what went wrong, and whether the page may show itself
+ */
+export function useStartupLoader(): { loadingError: string | undefined; isReady: boolean } {
+  // Kept from the first render: the router gives a new function after each navigation, also after the one made here.
+  const navigate = useRef(useNavigate());
+  const [loadingError, setLoadingError] = useState<string>();
+  const [isReady, setReady] = useState(false);
+
+  useEffect(() => {
+    let left = false;
+    let timer: ReturnType<typeof setTimeout> | undefined;
+    const load = useSheetsStore.getState().loadWordsDocument;
+    void openLaunchDocument({ load, navigate: navigate.current }).then((outcome) => {
+      if (left) return;
+      setLoadingError(outcome.opened ? undefined : outcome.error);
+      if (outcome.opened) timer = setTimeout(() => setReady(true), LEAVING_TIME);
+      else setReady(true);
+    });
+    return () => {
+      left = true;
+      clearTimeout(timer);
+    };
+  }, []);
+
+  return { loadingError, isReady };
+}

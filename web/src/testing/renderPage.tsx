@@ -1,0 +1,26 @@
+import { render } from '@testing-library/react';
+import { MemoryRouter } from 'react-router';
+import { App } from '../app/App';
+import { PageRoutes } from '../app/PageRoutes';
+import '../i18n';
+
+// jsdom has no media queries; no query of the page matches here.
+window.matchMedia ??= (media) =>
+  Object.assign(new EventTarget(), {
+    media,
+    matches: false,
+    onchange: null,
+    addListener() {},
+    removeListener() {},
+  });
+
+/** Renders the whole page at a route. */
+export function renderPage(route = '/') {
+  return render(
+    <App>
+      <MemoryRouter initialEntries={[route]}>
+        <PageRoutes />
+      </MemoryRouter>
+    </App>,
+  );
+}

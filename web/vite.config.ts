@@ -1,0 +1,48 @@
+import react from '@vitejs/plugin-react';
+import { fileURLToPath } from 'node:url';
+import { defineConfig } from 'vite';
+import { VitePWA } from 'vite-plugin-pwa';
+import { iconPlugin } from './build/iconPlugin.ts';
+import { treePlugin } from './build/treePlugin.ts';
+import metadata from './package.json' with { type: 'json' };
+
+const iconFile = fileURLToPath(new URL('../resources/icon.svg', import.meta.url));
+
+export default defineConfig({
+  base: '/',
+  plugins: [
+    react(),
+    iconPlugin(iconFile),
+    // The worker files belong to the tree, but neither the page nor its script registers them.
+    VitePWA({
+      strategies: 'generateSW',
+      injectRegister: false,
+      includeManifestIcons: false,
+      manifest: {
+        name: metadata.displayName,
+        short_name: metadata.displayName,
+        description: metadata.description,
+        start_url: '/',
+        display: 'standalone',
+        background_color: '#0f1214',
+        theme_color: '#0f1214',
+        icons: [192, 512].map((size) => ({
+          src: `app-icons/app-${size}.png`,
+          sizes: `${size}x${size}`,
+          type: 'image/png',
+        })),
+      },
+      workbox: { globPatterns: ['index.html', 'assets/*.{js,css,woff2}'], sourcemap: false },
+    }),
+    treePlugin(),
+  ],
+  build: {
+    target: 'es2022',
+    assetsInlineLimit: 0,
+    modulePreload: false,
+    sourcemap: false,
+    reportCompressedSize: false,
+    chunkSizeWarningLimit: 941, // one script on purpose: everything is loaded at the start
+    rolldownOptions: { output: { codeSplitting: false } },
+  },
+});
