@@ -31,9 +31,6 @@ export const en = {
       unreadable: 'Failed to read file: {{reason}}',
       unknownError: 'Unknown error',
     },
-    storage: {
-      unreadable: 'The state kept from the last visit could not be read. It was set aside and a fresh one started.',
-    },
   },
   dialogs: {
     unsaved: {

@@ -1,10 +1,13 @@
-import { create } from 'zustand';
+import { create, type StateCreator } from 'zustand';
+import { persist } from 'zustand/middleware';
 import { UNTITLED_FILE_NAME } from '../document/fileType';
 import { WordsDocument } from '../document/wordsDocument';
 import type { FileHandle } from '../host/fileHandle';
 import { freeSheetName } from '../model/sheetNames';
 import type { WordsDocumentData } from '../document/schema';
 import { BitsSheet, createSheet, type SheetChanges } from './bitsSheet';
+import { RECORD_VERSION } from './persistedState';
+import { flushRecord, RECORD_KEY, recordKeeper } from './recordKeeper';
 import { sheetsFromDocument } from './sheetsFromDocument';
 
 export interface SheetsState {
@@ -34,6 +37,8 @@ export interface SheetsOperations {
   getWordsDocument(): WordsDocument;
   /** Notes where the document lives now; by default it counts as saved there. */
   updateWordsDocumentFileState(file: FileHandle | null, isUnsaved?: boolean): void;
+  /** Writes the record for the next visit now instead of shortly. */
+  persistState(): void;
   /** Forgets all sheets and the document. */
   reset(): void;
 }
@@ -50,8 +55,7 @@ const DOCUMENT_FIELDS: readonly (keyof SheetChanges)[] = [
   'converters',
 ];
 
-/** The open document: its sheets, which of them is shown, where it is saved and whether it is. */
-export const useSheetsStore = create<SheetsState & SheetsOperations>()((set, get) => ({
+const createStore: StateCreator<SheetsState & SheetsOperations> = (set, get) => ({
   ...EMPTY,
 
   addSheet() {
@@ -120,7 +124,24 @@ export const useSheetsStore = create<SheetsState & SheetsOperations>()((set, get
     set({ documentFile: file, isUnsaved });
   },
 
+  persistState: flushRecord,
+
   reset() {
     set(EMPTY);
   },
-}));
+});
+
+/** The open document: its sheets, which of them is shown, where it is saved and whether it is. */
+export const useSheetsStore = create<SheetsState & SheetsOperations>()(
+  persist(createStore, {
+    name: RECORD_KEY,
+    version: RECORD_VERSION,
+    storage: recordKeeper,
+    partialize: ({ sheets, activeSheetKey, documentFile, isUnsaved }) => ({
+      sheets,
+      activeSheetKey,
+      documentFile,
+      isUnsaved,
+    }),
+  }),
+);
