@@ -1,0 +1,42 @@
+import { floatFormatFor, type FloatFormat } from './floatFormats';
+import { floatParts } from './floatParts';
+
+/**
+ * Encodes a number in a format, rounding to the nearest float and, halfway between two, to the one with the even
+ * mantissa. What is too small for a normal number becomes subnormal or a zero that keeps the sign.
+ * @param value - finite
+ * @returns the float's bits, or 'overflow' for a number beyond the largest finite float
+ */
+export function encodeFloat(value: number, format: FloatFormat): bigint | 'overflow' {
+  const { exponentBits, mantissaBits, bias } = format;
+  const double = bitsOfDouble(value);
+  const parts = floatParts(double, floatFormatFor(64)!);
+  const sign = (double >> 63n) << BigInt(exponentBits + mantissaBits);
+  if (parts.kind !== 'finite') return sign;
+
+  const top = parts.significand.toString(2).length - 1 + parts.scale;
+  const leastExponent = 1 - bias;
+  const exponent = Math.max(top, leastExponent);
+  const rounded = scaledToNearest(parts.significand, parts.scale - (exponent - mantissaBits));
+  // The implicit one of a normal number, and a carry out of rounding, both add 1 to the exponent's bits.
+  const bits = (BigInt(exponent - leastExponent) << BigInt(mantissaBits)) + rounded;
+  const allOnes = (1n << BigInt(exponentBits)) - 1n;
+  return bits >> BigInt(mantissaBits) >= allOnes ? 'overflow' : sign | bits;
+}
+
+function bitsOfDouble(value: number): bigint {
+  const view = new DataView(new ArrayBuffer(8));
+  view.setFloat64(0, value);
+  return view.getBigUint64(0);
+}
+
+// value * 2 ** shift as a whole number.
+function scaledToNearest(value: bigint, shift: number): bigint {
+  if (shift >= 0) return value << BigInt(shift);
+  const dropped = BigInt(-shift);
+  const whole = value >> dropped;
+  const rest = value - (whole << dropped);
+  const half = 1n << (dropped - 1n);
+  const up = rest > half || (rest === half && (whole & 1n) === 1n);
+  return up ? whole + 1n : whole;
+}
