@@ -6,5 +6,12 @@ export default defineConfig({
   test: {
     include: ['src/**/*.test.{ts,tsx}', 'build/**/*.test.ts'],
     environment: 'node',
+    coverage: {
+      include: ['src/**/*.{ts,tsx}'],
+      exclude: ['src/**/*.test.{ts,tsx}'],
+      thresholds: {
+        'src/model/**/*.ts': { lines: 100, branches: 100, functions: 100, statements: 100 },
+      },
+    },
   },
 });
