@@ -7,10 +7,17 @@ set(TESSARY_SANITIZERS "" CACHE STRING "Sanitizers to build with, such as addres
 
 add_library(tessary_options INTERFACE)
 target_include_directories(tessary_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+if(WIN32)
+  target_compile_definitions(tessary_options INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN= _WIN32_WINNT=0x0A00)
+endif()
 if(MSVC)
   target_compile_options(tessary_options INTERFACE /W4 /utf-8 /permissive-)
 else()
   target_compile_options(tessary_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror=return-type)
+endif()
+if(MINGW)
+  # The executable imports Windows' own DLLs only. Its threads need room for the regular expression that matches paths.
+  target_link_options(tessary_options INTERFACE -static -Wl,--stack,16777216)
 endif()
 if(TESSARY_SANITIZERS)
   target_compile_options(tessary_options INTERFACE -fsanitize=${TESSARY_SANITIZERS} -fno-omit-frame-pointer)

@@ -33,6 +33,21 @@ describe('packIco', () => {
     expect(Array.from(packIco([large]).slice(-4))).toEqual([0x89, 0x50, 0x4e, 0x47]);
   });
 
+  test.each([
+    { bitsPerPixel: 4 as const, colors: 16, row: [0x10, 0, 0, 0] },
+    { bitsPerPixel: 8 as const, colors: 256, row: [1, 0, 0, 0] },
+  ])('stores $bitsPerPixel-bit pictures with a palette and a mask', ({ bitsPerPixel, colors, row }) => {
+    const rgba = new Uint8Array([0, 0, 0, 255, 0, 0, 0, 255, 250, 120, 10, 255, 0, 0, 0, 0]);
+    const file = packIco([{ size: 2, png: new Uint8Array(), rgba, bitsPerPixel }]);
+    const view = new DataView(file.buffer);
+    expect([view.getUint8(8), view.getUint16(12, true)]).toEqual([colors % 256, bitsPerPixel]);
+    expect([view.getUint32(22 + 4, true), view.getUint32(22 + 8, true)]).toEqual([2, 4]);
+    expect(Array.from(file.slice(62, 70))).toEqual([0, 0, 0, 0, 10, 120, 250, 0]);
+    const pixelsAt = 62 + colors * 4;
+    expect(Array.from(file.slice(pixelsAt, pixelsAt + 8))).toEqual([...row, 0, 0, 0, 0]);
+    expect(Array.from(file.slice(pixelsAt + 8))).toEqual([0x40, 0, 0, 0, 0, 0, 0, 0]);
+  });
+
   test('refuses a size that the format cannot hold', () => {
     expect(() => packIco([{ ...large, size: 512 }])).toThrow(RangeError);
   });

@@ -5,6 +5,8 @@ const APP_SIZES = [16, 32, 48, 64, 128, 192, 256, 512];
 const FAVICON_SIZES = [16, 24, 32, 48, 64, 128, 256];
 const FAVICON_PNG_SIZE = 256;
 const APPLE_SIZE = 180;
+const WINDOWS_SIZES = [256, 128, 96, 64, 48, 32, 24, 16];
+const WINDOWS_PALETTE_SIZES = [48, 32, 16];
 
 /**
  * Renders every icon file of the page from one drawing.
@@ -19,6 +21,17 @@ export function renderIcons(svg: string): Map<string, Uint8Array | string> {
   files.set('favicon.png', render(svg, FAVICON_PNG_SIZE).png);
   files.set('favicon.svg', svg);
   return files;
+}
+
+/**
+ * Renders the icon that goes into the Windows executable: 14 pictures, the palettised ones for old displays first.
+ * @param svg - text of a square SVG
+ */
+export function renderWindowsIcon(svg: string): Uint8Array {
+  const palettised = ([4, 8] as const).flatMap((bitsPerPixel) =>
+    WINDOWS_PALETTE_SIZES.map((size) => ({ ...render(svg, size), bitsPerPixel })),
+  );
+  return packIco([...palettised, ...WINDOWS_SIZES.map((size) => render(svg, size))]);
 }
 
 function render(svg: string, size: number): IcoPicture {
