@@ -9,7 +9,7 @@ const DEGREES_PER_UNIT: Record<string, number> = { deg: 1, grad: 0.9, rad: 180 /
 /**
  * Reads a functional notation: three values separated by blanks, with a slash before the alpha where there is one; or
  * separated by commas, the alpha being the fourth value. Commas and a slash do not go together.
- * The notations after RGB have no texts of old for their failures, so theirs are worded like RGB's.
+ * The failures of every notation are worded like those of RGB.
  * @param text - in lower case, no blanks around it, beginning with the notation's name
  */
 export function parseColorFunction(text: string, space: ColorSpace): Result<ParsedColor> {
