@@ -3,6 +3,7 @@ import { CssVarsProvider } from '@mui/joy/styles';
 import { MotionConfig } from 'framer-motion';
 import { SnackbarProvider } from 'notistack';
 import type { ReactNode } from 'react';
+import { notificationPlace } from './notifications';
 import { theme } from './theme';
 
 /** Everything that the routes need around them: theme, notifications, rules for motion. */
@@ -12,6 +13,7 @@ export function App({ children }: { children: ReactNode }) {
       <CssBaseline />
       <MotionConfig reducedMotion="user">
         <SnackbarProvider
+          ref={notificationPlace}
           dense
           maxSnack={3}
           autoHideDuration={5000}

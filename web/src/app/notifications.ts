@@ -1,11 +1,15 @@
-import { enqueueSnackbar } from 'notistack';
+import type { SnackbarProvider } from 'notistack';
+import { createRef } from 'react';
+
+/** The place on the page where notifications appear. */
+export const notificationPlace = createRef<SnackbarProvider>();
 
 /** Tells the user that something failed. */
 export function showError(message: string): void {
-  enqueueSnackbar(message, { variant: 'error' });
+  notificationPlace.current?.enqueueSnackbar(message, { variant: 'error' });
 }
 
 /** Tells the user that an input was refused and why. */
 export function showWarning(message: string): void {
-  enqueueSnackbar(message, { variant: 'warning' });
+  notificationPlace.current?.enqueueSnackbar(message, { variant: 'warning' });
 }

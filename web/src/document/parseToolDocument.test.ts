@@ -1,6 +1,7 @@
 import { beforeEach, describe, expect, test, vi } from 'vitest';
 import { documentData, documentText, sheetData } from '../testing/documents';
-import { parseToolDocument } from './parseToolDocument';
+import { withLoading } from './loading';
+import { parseToolDocument, parseToolDocumentInSteps } from './parseToolDocument';
 
 const { showError } = vi.hoisted(() => ({ showError: vi.fn() }));
 vi.mock('../app/notifications', () => ({ showError }));
@@ -37,9 +38,16 @@ describe('parseToolDocument', () => {
     ['a bad header and bad sheets', documentText({ version: 0, sheets: 5 }), INVALID_STRUCTURE],
     ['missing sheets', '{"tool":"words","version":1}', NOT_RECOGNIZED],
     ['a width of 24 bits', documentText({ sheets: [sheetData({ intResolution: 24 })] }), NOT_RECOGNIZED],
-  ])('tells and returns what is wrong with %s', (_, text, error) => {
+  ])('tells and returns what is wrong with %s', async (_, text, error) => {
     expect(parseToolDocument(text)).toEqual({ success: false, error });
     expect(showError).toHaveBeenCalledExactlyOnceWith(error);
+    expect(await withLoading((loading) => parseToolDocumentInSteps(text, loading))).toEqual({ success: false, error });
+    expect(showError).toHaveBeenCalledTimes(2);
+  });
+
+  test('gives the same in steps', async () => {
+    const data = documentData({ sheets: [sheetData(), sheetData({ int: 5 })] });
+    expect(await withLoading((loading) => parseToolDocumentInSteps(data, loading))).toEqual(parseToolDocument(data));
   });
 
   test('shows nothing when told to be quiet', () => {

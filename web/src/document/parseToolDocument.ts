@@ -1,11 +1,14 @@
-import { i18next } from '../i18n';
-import { showError } from '../app/notifications';
 import { displayName } from '../../package.json';
+import { showError } from '../app/notifications';
+import { i18next } from '../i18n';
+import type { Loading } from './loading';
 import type { Tool, WordsDocumentData } from './schema';
-import { isToolDocumentHeader, isWordsDocument } from './wordsDocument';
+import { isSheetData, isToolDocumentHeader, isWordsDocument } from './wordsDocument';
 
 export type ParsedToolDocument =
   { success: true; data: WordsDocumentData; tool: Tool; navigationRoute: string } | { success: false; error: string };
+
+type Header = { tool: Tool; version: number };
 
 /**
  * Checks a document of any tool. The first check that fails ends it.
@@ -14,20 +17,42 @@ export type ParsedToolDocument =
  * @returns the object as it stands with its tool and that tool's route, or the message for the user
  */
 export function parseToolDocument(data: unknown, showErrorSnack = true): ParsedToolDocument {
-  const result = check(data);
-  if (!result.success && showErrorSnack) showError(result.error);
-  return result;
+  const header = readHeader(data);
+  if (!header.success) return finish(header, showErrorSnack);
+  return finish(outcome(header.data, isWordsDocument(header.data)), showErrorSnack);
 }
 
-function check(data: unknown): ParsedToolDocument {
+/** Does the same with pauses, so that the page stays alive while a huge document is checked. */
+export async function parseToolDocumentInSteps(
+  data: unknown,
+  loading: Loading,
+  showErrorSnack = true,
+): Promise<ParsedToolDocument> {
+  const header = readHeader(data);
+  if (!header.success) return finish(header, showErrorSnack);
+  const { sheets } = header.data as { sheets?: unknown };
+  const isWords = Array.isArray(sheets) && (await loading.visitAll(sheets, 0, 0.5, isSheetData));
+  return finish(outcome(header.data, isWords), showErrorSnack);
+}
+
+function readHeader(data: unknown): { success: true; data: Header } | { success: false; error: string } {
   const parsed = typeof data === 'string' ? parseJson(data) : { value: data };
   if (!parsed) return { success: false, error: i18next.t('messages.document.load.invalidJson') };
-  const { value } = parsed;
-  if (!isToolDocumentHeader(value)) {
-    return { success: false, error: i18next.t('messages.document.load.invalidStructure', { tool: displayName }) };
-  }
-  if (!isWordsDocument(value)) return { success: false, error: i18next.t('messages.document.load.notToolDocument') };
-  return { success: true, data: value, tool: value.tool, navigationRoute: `/tools/${value.tool}` };
+  if (isToolDocumentHeader(parsed.value)) return { success: true, data: parsed.value };
+  return { success: false, error: i18next.t('messages.document.load.invalidStructure', { tool: displayName }) };
+}
+
+function outcome(data: Header, isWords: boolean): ParsedToolDocument {
+  if (!isWords) return { success: false, error: i18next.t('messages.document.load.notToolDocument') };
+  return { success: true, data: data as WordsDocumentData, tool: data.tool, navigationRoute: `/tools/${data.tool}` };
+}
+
+function finish<Result extends { success: true } | { success: false; error: string }>(
+  result: Result,
+  showErrorSnack: boolean,
+): Result {
+  if (!result.success && showErrorSnack) showError(result.error);
+  return result;
 }
 
 /** Boxed, because null is a valid JSON text. Also fails where the engine cannot nest as deep as the text does. */

@@ -1,12 +1,13 @@
 import { displayName } from '../../package.json';
-import { parseToolDocument } from '../document/parseToolDocument';
+import { withLoading, type Loading } from '../document/loading';
+import { parseToolDocumentInSteps } from '../document/parseToolDocument';
 import type { WordsDocumentData } from '../document/schema';
 import { i18next } from '../i18n';
 import { getFileNameFromPath, type FileHandle } from './fileHandle';
 
-/** What the start page does with the document that the host names. */
+/** What becomes of a document that the host hands over at start. */
 export interface StartupTarget {
-  load(data: WordsDocumentData, file: FileHandle): Promise<void>;
+  load(data: WordsDocumentData, file: FileHandle | undefined, loading: Loading): Promise<void>;
   navigate(route: string): void | Promise<void>;
 }
 
@@ -22,7 +23,9 @@ export async function openLaunchDocument(target: StartupTarget): Promise<Startup
   }
   if (!args.filePath || !window.readFile) return { opened: false };
   try {
-    return await openFile(args.filePath, window.readFile, target);
+    const { filePath } = args;
+    const { readFile } = window;
+    return await withLoading((loading) => openFile(filePath, readFile, target, loading));
   } catch (error) {
     return unreadable(error instanceof Error ? error.message : String(error));
   }
@@ -32,14 +35,15 @@ async function openFile(
   path: string,
   readFile: NonNullable<Window['readFile']>,
   target: StartupTarget,
+  loading: Loading,
 ): Promise<StartupOutcome> {
   const answer = await readFile(path);
   if (!answer.success || !answer.data) {
     return unreadable(answer.error || i18next.t('messages.startup.unknownError'));
   }
-  const parsed = parseToolDocument(answer.data, false);
+  const parsed = await parseToolDocumentInSteps(answer.data, loading, false);
   if (!parsed.success) return { opened: false, error: parsed.error };
-  await target.load(parsed.data, { path, name: getFileNameFromPath(path) });
+  await target.load(parsed.data, { path, name: getFileNameFromPath(path) }, loading);
   await target.navigate(parsed.navigationRoute);
   return { opened: true };
 }

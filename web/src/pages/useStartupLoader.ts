@@ -1,6 +1,8 @@
 import { useEffect, useRef, useState } from 'react';
 import { useNavigate } from 'react-router';
-import { openLaunchDocument } from '../host/nativeStartup';
+import { followEditor } from '../host/editorStartup';
+import { isVsCode } from '../host/hostFlags';
+import { openLaunchDocument, type StartupOutcome, type StartupTarget } from '../host/nativeStartup';
 import { useSheetsStore } from '../stores/sheetsStore';
 
 /** Time for the start page to fade out after a document was opened, in milliseconds. */
@@ -20,7 +22,7 @@ export function useStartupLoader(): { loadingError: string | undefined; isReady:
     let left = false;
     let timer: ReturnType<typeof setTimeout> | undefined;
     const load = useSheetsStore.getState().loadWordsDocument;
-    void openLaunchDocument({ load, navigate: navigate.current }).then((outcome) => {
+    void openStartDocument({ load, navigate: navigate.current }).then((outcome) => {
       if (left) return;
       setLoadingError(outcome.opened ? undefined : outcome.error);
       if (outcome.opened) timer = setTimeout(() => setReady(true), LEAVING_TIME);
@@ -33,4 +35,11 @@ export function useStartupLoader(): { loadingError: string | undefined; isReady:
   }, []);
 
   return { loadingError, isReady };
+}
+
+/** An editor hands its document over by itself, so the page waits for it as if it were opening one. */
+async function openStartDocument(target: StartupTarget): Promise<StartupOutcome> {
+  if (!isVsCode) return openLaunchDocument(target);
+  followEditor(target);
+  return { opened: true };
 }

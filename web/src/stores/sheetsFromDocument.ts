@@ -1,4 +1,5 @@
 import type { WordsDocumentData } from '../document/schema';
+import type { Loading } from '../document/loading';
 import { readDocumentInt } from '../model/documentInt';
 import { newSheetId, sheetOf, type BitsSheet } from './bitsSheet';
 
@@ -7,11 +8,11 @@ import { newSheetId, sheetOf, type BitsSheet } from './bitsSheet';
  * start with their defaults. A sheet whose identifier an earlier one has already gets a fresh one.
  * Rejects with the conversion's own message when an integer cannot be read.
  */
-export async function sheetsFromDocument(data: WordsDocumentData): Promise<Map<string, BitsSheet>> {
+export async function sheetsFromDocument(data: WordsDocumentData, loading: Loading): Promise<Map<string, BitsSheet>> {
   const sheets = new Map<string, BitsSheet>();
-  for (const { id: givenId, displayName, int, intResolution } of data.sheets) {
+  await loading.visitAll(data.sheets, 0.5, 1, ({ id: givenId, displayName, int, intResolution }) => {
     const id = sheets.has(givenId) ? newSheetId() : givenId;
     sheets.set(id, sheetOf({ id, displayName, int: readDocumentInt(int), intResolution }));
-  }
+  });
   return sheets;
 }

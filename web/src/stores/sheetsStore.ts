@@ -4,7 +4,10 @@ import { UNTITLED_FILE_NAME } from '../document/fileType';
 import { WordsDocument } from '../document/wordsDocument';
 import type { FileHandle } from '../host/fileHandle';
 import { freeSheetName } from '../model/sheetNames';
+import { Loading } from '../document/loading';
 import type { WordsDocumentData } from '../document/schema';
+import { postDocumentUpdate, resumeDocumentUpdates, suspendDocumentUpdates } from '../host/editorExtension';
+import { isVsCode } from '../host/hostFlags';
 import { BitsSheet, createSheet, type SheetChanges } from './bitsSheet';
 import { RECORD_VERSION } from './persistedState';
 import { flushRecord, RECORD_KEY, recordKeeper } from './recordKeeper';
@@ -32,8 +35,10 @@ export interface SheetsOperations {
   /**
    * Replaces all sheets by those of a document that was checked before.
    * Rejects, and leaves everything as it was, when an integer of the document cannot be read.
+   * @param file - where the document lives; an untitled file when absent
+   * @param loading - the loading that this is part of, if it is
    */
-  loadWordsDocument(data: WordsDocumentData, file?: FileHandle): Promise<void>;
+  loadWordsDocument(data: WordsDocumentData, file?: FileHandle, loading?: Loading): Promise<void>;
   getWordsDocument(): WordsDocument;
   /** Notes where the document lives now; by default it counts as saved there. */
   updateWordsDocumentFileState(file: FileHandle | null, isUnsaved?: boolean): void;
@@ -55,6 +60,13 @@ const DOCUMENT_FIELDS: readonly (keyof SheetChanges)[] = [
   'converters',
 ];
 
+/** What a change of the document means: it is unsaved, or the editor is told about it soon. */
+function changed(get: () => SheetsOperations): Partial<SheetsState> {
+  if (!isVsCode) return { isUnsaved: true };
+  postDocumentUpdate(() => get().getWordsDocument().toData());
+  return {};
+}
+
 const createStore: StateCreator<SheetsState & SheetsOperations> = (set, get) => ({
   ...EMPTY,
 
@@ -65,7 +77,7 @@ const createStore: StateCreator<SheetsState & SheetsOperations> = (set, get) => 
       sheets: new Map(sheets).set(sheet.id, sheet),
       activeSheetKey: sheet.id,
       documentFile: documentFile ?? { name: UNTITLED_FILE_NAME },
-      isUnsaved: true,
+      ...changed(get),
     });
     return sheet;
   },
@@ -73,20 +85,18 @@ const createStore: StateCreator<SheetsState & SheetsOperations> = (set, get) => 
   removeSheet(id) {
     const sheets = new Map(get().sheets);
     if (!sheets.delete(id)) return;
-    set({ sheets, activeSheetKey: [...sheets.keys()].at(-1) ?? null, isUnsaved: true });
+    set({ sheets, activeSheetKey: [...sheets.keys()].at(-1) ?? null, ...changed(get) });
   },
 
   updateSheet(id, changes) {
-    const { sheets, isUnsaved } = get();
+    const { sheets } = get();
     const sheet = sheets.get(id);
     if (!sheet) {
       console.error(`Sheet with id ${id} not found for update.`);
       return;
     }
-    set({
-      sheets: new Map(sheets).set(id, sheet.with(changes)),
-      isUnsaved: isUnsaved || DOCUMENT_FIELDS.some((field) => field in changes),
-    });
+    const isDocumentChange = DOCUMENT_FIELDS.some((field) => field in changes);
+    set({ sheets: new Map(sheets).set(id, sheet.with(changes)), ...(isDocumentChange && changed(get)) });
   },
 
   setActiveSheet(id) {
@@ -102,8 +112,9 @@ const createStore: StateCreator<SheetsState & SheetsOperations> = (set, get) => 
     return get().sheets.get(id)?.displayName;
   },
 
-  async loadWordsDocument(data, file = { name: UNTITLED_FILE_NAME }) {
-    const sheets = await sheetsFromDocument(data);
+  async loadWordsDocument(data, file = { name: UNTITLED_FILE_NAME }, loading = new Loading()) {
+    suspendDocumentUpdates();
+    const sheets = await sheetsFromDocument(data, loading).finally(resumeDocumentUpdates);
     const shown = get().activeSheetKey;
     const first = sheets.keys().next().value ?? null;
     set({
