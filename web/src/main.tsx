@@ -4,7 +4,10 @@ import './i18n';
 import { createRoot } from 'react-dom/client';
 import { BrowserRouter } from 'react-router';
 import { App } from './app/App';
+import { backGuard } from './app/leaving';
 import { PageRoutes } from './app/PageRoutes';
+
+backGuard.install(); // before the router listens
 
 createRoot(document.getElementById('root')!).render(
   <App>

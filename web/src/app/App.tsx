@@ -1,26 +1,23 @@
 import CssBaseline from '@mui/joy/CssBaseline';
 import { CssVarsProvider } from '@mui/joy/styles';
-import { MotionConfig } from 'framer-motion';
 import { SnackbarProvider } from 'notistack';
 import type { ReactNode } from 'react';
 import { notificationPlace } from './notifications';
 import { theme } from './theme';
 
-/** Everything that the routes need around them: theme, notifications, rules for motion. */
+/** Everything that the routes need around them: theme and notifications. */
 export function App({ children }: { children: ReactNode }) {
   return (
     <CssVarsProvider theme={theme} defaultMode="dark" disableTransitionOnChange>
       <CssBaseline />
-      <MotionConfig reducedMotion="user">
-        <SnackbarProvider
-          ref={notificationPlace}
-          dense
-          maxSnack={3}
-          autoHideDuration={5000}
-          anchorOrigin={{ vertical: 'bottom', horizontal: 'right' }}
-        />
-        {children}
-      </MotionConfig>
+      <SnackbarProvider
+        ref={notificationPlace}
+        dense
+        maxSnack={3}
+        autoHideDuration={5000}
+        anchorOrigin={{ vertical: 'bottom', horizontal: 'right' }}
+      />
+      {children}
     </CssVarsProvider>
   );
 }

@@ -1,10 +1,18 @@
 import Box from '@mui/joy/Box';
+import { DiscardDialog } from '../components/DiscardDialog';
+import { LoadingProgress } from '../components/LoadingProgress';
+import { useDocumentDrop } from '../components/useDocumentDrop';
+import { useShortcuts } from '../components/useShortcuts';
 import { isVsCode } from '../host/hostFlags';
 import { FadingOutlet } from './FadingOutlet';
 import { Rail } from './Rail';
+import { useLeaveGuards } from './useLeaveGuards';
 
 /** The full window: the rail at the left, the route's content beside it. An editor brings a rail of its own. */
 export function Frame() {
+  useShortcuts();
+  useDocumentDrop();
+  useLeaveGuards();
   return (
     <Box
       sx={{
@@ -18,6 +26,8 @@ export function Frame() {
     >
       {!isVsCode && <Rail />}
       <FadingOutlet />
+      <DiscardDialog />
+      <LoadingProgress />
     </Box>
   );
 }

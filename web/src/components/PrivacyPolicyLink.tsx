@@ -1,11 +1,11 @@
-import JoyLink from '@mui/joy/Link';
 import Modal from '@mui/joy/Modal';
 import ModalClose from '@mui/joy/ModalClose';
 import ModalDialog from '@mui/joy/ModalDialog';
 import Typography from '@mui/joy/Typography';
-import { useId, useState, type MouseEvent } from 'react';
+import { useId, useState } from 'react';
 import { useTranslation } from 'react-i18next';
 import { privacyPolicy } from '../pages/welcomeTexts';
+import { ActionLink } from './ActionLink';
 import { Markdown } from './Markdown';
 
 /** Opens the privacy policy, which the page carries with it, so that it can be read without a network. */
@@ -13,15 +13,9 @@ export function PrivacyPolicyLink() {
   const { t } = useTranslation();
   const titleId = useId();
   const [isOpen, setOpen] = useState(false);
-  const open = (event: MouseEvent) => {
-    event.preventDefault();
-    setOpen(true);
-  };
   return (
     <>
-      <JoyLink href="#privacy-policy" onClick={open}>
-        {t('welcome.privacyPolicy')}
-      </JoyLink>
+      <ActionLink onAct={() => setOpen(true)}>{t('welcome.privacyPolicy')}</ActionLink>
       <Modal open={isOpen} onClose={() => setOpen(false)}>
         <ModalDialog aria-labelledby={titleId} sx={{ maxWidth: '36rem', overflow: 'auto' }}>
           <ModalClose aria-label={t('ui.close')} />

@@ -55,6 +55,7 @@ export const en = {
     rail: 'Main',
     about: 'About the app',
     documentBar: 'Document',
+    shortcut: '{{action}} ({{keys}})',
   },
   welcome: {
     words: {

@@ -1,18 +1,29 @@
 import Box from '@mui/joy/Box';
-import { SheetCard } from '../components/SheetCard';
+import { colors } from '../app/theme';
+import { DocumentBar } from '../components/DocumentBar';
+import { EmptyTool } from '../components/EmptyTool';
+import { SheetTabs } from '../components/SheetTabs';
+import { SheetView } from '../components/SheetView';
 import { useSheetsStore } from '../stores/sheetsStore';
 
-/** The Words tool: every sheet of the open document. */
+/** The Words tool: the document bar, a tab for each sheet, and the sheet whose tab is active. */
 export function WordsPage() {
-  const sheets = useSheetsStore((store) => store.sheets);
+  const hasSheets = useSheetsStore((store) => store.sheets.size > 0);
   return (
     <Box
       component="main"
-      sx={{ display: 'grid', alignContent: 'start', gap: 1.5, height: '100%', padding: 2, overflow: 'auto' }}
+      sx={{
+        display: 'grid',
+        gridTemplateRows: 'auto minmax(0, 1fr)',
+        gridTemplateColumns: 'minmax(0, 1fr)',
+        height: '100%',
+      }}
     >
-      {[...sheets.values()].map((sheet) => (
-        <SheetCard key={sheet.id} sheet={sheet} />
-      ))}
+      <Box sx={{ background: colors.body }}>
+        <DocumentBar />
+        {hasSheets && <SheetTabs />}
+      </Box>
+      {hasSheets ? <SheetView /> : <EmptyTool />}
     </Box>
   );
 }

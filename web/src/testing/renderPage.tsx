@@ -14,6 +14,13 @@ window.matchMedia ??= (media) =>
     removeListener() {},
   });
 
+// jsdom lays nothing out, so no size ever changes.
+window.ResizeObserver ??= class {
+  observe() {}
+  unobserve() {}
+  disconnect() {}
+};
+
 /** Renders the whole page at a route. */
 export function renderPage(route = '/') {
   return render(

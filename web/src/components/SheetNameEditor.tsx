@@ -1,0 +1,59 @@
+import Box from '@mui/joy/Box';
+import { useRef, type KeyboardEvent } from 'react';
+import { useTranslation } from 'react-i18next';
+import { showWarning } from '../app/notifications';
+import { colors } from '../app/theme';
+import { parseSheetName } from '../model/sheetNames';
+import { useSheetsStore } from '../stores/sheetsStore';
+
+interface SheetNameEditorProps {
+  sheetId: string;
+  name: string;
+  onDone: () => void;
+}
+
+/** A field over a tab that changes its sheet's name. Enter and leaving the field take the name, Escape drops it. */
+export function SheetNameEditor({ sheetId, name, onDone }: SheetNameEditorProps) {
+  const { t } = useTranslation();
+  const isDone = useRef(false);
+
+  const finish = (text: string | undefined) => {
+    if (isDone.current) return; // removing the field makes it lose the focus
+    const parsed = text === undefined || text === name ? undefined : parseSheetName(text);
+    if (parsed && !parsed.ok) {
+      showWarning(parsed.reason);
+      return;
+    }
+    isDone.current = true;
+    if (parsed) useSheetsStore.getState().updateSheet(sheetId, { displayName: parsed.value });
+    onDone();
+  };
+  const onKeyDown = (event: KeyboardEvent<HTMLInputElement>) => {
+    if (event.key === 'Enter') finish(event.currentTarget.value);
+    if (event.key === 'Escape') finish(undefined);
+  };
+  const onBlur = (text: string) => finish(text.trim() === '' ? undefined : text);
+
+  return (
+    <Box
+      component="input"
+      autoFocus
+      aria-label={t('sheets.rename')}
+      defaultValue={name}
+      onFocus={(event) => event.currentTarget.select()}
+      onKeyDown={onKeyDown}
+      onBlur={(event) => onBlur(event.currentTarget.value)}
+      sx={{
+        position: 'absolute',
+        inset: 2,
+        paddingInline: 1,
+        border: 0,
+        borderRadius: 4,
+        color: '#fff',
+        background: colors.body,
+        font: 'inherit',
+        fontSize: '0.875rem',
+      }}
+    />
+  );
+}

@@ -1,0 +1,134 @@
+import Box from '@mui/joy/Box';
+import { memo, useEffect, useRef, useState, type KeyboardEvent } from 'react';
+import { useTranslation } from 'react-i18next';
+import { VscClose } from 'react-icons/vsc';
+import { colors } from '../app/theme';
+import { useSheetsStore } from '../stores/sheetsStore';
+import { SheetNameEditor } from './SheetNameEditor';
+import { SHEET_PANEL_ID } from './sheetPanel';
+import { TAB_WIDTH } from './tabWindow';
+
+/** No tab shows more than this of a name, however long a document makes it. */
+const LONGEST_NAME = 200;
+
+interface SheetTabProps {
+  tabId: string;
+  sheetId: string;
+  name: string;
+  isActive: boolean;
+  isClosable: boolean;
+  onClose: (sheetId: string) => void;
+  /** Counted from 1 among all tabs, also those that are not on the page. */
+  position: number;
+  count: number;
+}
+
+/** One sheet's tab with its close button. A double click or F2 renames the sheet, Delete closes it. */
+export const SheetTab = memo(function SheetTab(props: SheetTabProps) {
+  const { tabId, sheetId, name, isActive, isClosable, onClose, position, count } = props;
+  const { t } = useTranslation();
+  const [isEditing, setEditing] = useState(false);
+  const tab = useRef<HTMLButtonElement>(null);
+  const shownName = name.slice(0, LONGEST_NAME);
+
+  useEffect(() => {
+    // The focus follows the active tab, but is never taken from elsewhere.
+    const focused = document.activeElement;
+    if (isActive && focused?.getAttribute('role') === 'tab' && focused !== tab.current)
+      tab.current?.focus({ preventScroll: true });
+  }, [isActive]);
+
+  const { setActiveSheet } = useSheetsStore.getState();
+  const onKeyDown = (event: KeyboardEvent) => {
+    if (event.key === 'F2') setEditing(true);
+    if (event.key === 'Delete' && isClosable) onClose(sheetId);
+  };
+  const stopEditing = () => {
+    setEditing(false);
+    tab.current?.focus({ preventScroll: true });
+  };
+
+  return (
+    <Box sx={[TAB, isActive && ACTIVE_TAB]}>
+      <Box
+        ref={tab}
+        component="button"
+        type="button"
+        role="tab"
+        id={tabId}
+        aria-selected={isActive}
+        aria-controls={isActive ? SHEET_PANEL_ID : undefined}
+        aria-posinset={position}
+        aria-setsize={count}
+        tabIndex={isActive ? 0 : -1}
+        title={shownName}
+        onClick={() => setActiveSheet(sheetId)}
+        onDoubleClick={() => setEditing(true)}
+        onKeyDown={onKeyDown}
+        sx={TAB_BUTTON}
+      >
+        <bdi>{shownName}</bdi>
+      </Box>
+      {isClosable && (
+        <Box
+          component="button"
+          type="button"
+          aria-label={t('sheets.close', { name: shownName })}
+          tabIndex={isActive ? 0 : -1}
+          onClick={() => onClose(sheetId)}
+          sx={CLOSE_BUTTON}
+        >
+          <VscClose aria-hidden />
+        </Box>
+      )}
+      {isEditing && <SheetNameEditor sheetId={sheetId} name={name} onDone={stopEditing} />}
+    </Box>
+  );
+});
+
+const BARE_BUTTON = { padding: 0, border: 0, background: 'transparent', color: 'inherit', font: 'inherit' } as const;
+
+const TAB = {
+  position: 'relative',
+  display: 'flex',
+  alignItems: 'center',
+  width: TAB_WIDTH,
+  height: 32,
+  color: '#c3cad5',
+  borderRight: '1px solid #ffffff1a',
+  '&:hover': { background: '#ffffff14' },
+} as const;
+
+const ACTIVE_TAB = {
+  color: '#fff',
+  background: colors.activeTab,
+  '&:hover': { background: colors.activeTab },
+} as const;
+
+const TAB_BUTTON = {
+  ...BARE_BUTTON,
+  flex: 1,
+  minWidth: 0,
+  height: '100%',
+  paddingLeft: 1.25,
+  textAlign: 'left',
+  fontSize: '0.875rem',
+  overflow: 'hidden',
+  textOverflow: 'ellipsis',
+  whiteSpace: 'nowrap',
+  cursor: 'pointer',
+  '&:focus-visible': { outlineOffset: -2 },
+} as const;
+
+const CLOSE_BUTTON = {
+  ...BARE_BUTTON,
+  display: 'grid',
+  placeItems: 'center',
+  flexShrink: 0,
+  width: 24,
+  height: 24,
+  marginInline: 0.5,
+  borderRadius: 4,
+  cursor: 'pointer',
+  '&:hover': { background: '#ffffff26' },
+} as const;

@@ -1,0 +1,124 @@
+import Box from '@mui/joy/Box';
+import { useCallback, useEffect, useId, useMemo, useRef, useState, type KeyboardEvent, type WheelEvent } from 'react';
+import { useTranslation } from 'react-i18next';
+import { isVsCode } from '../host/hostFlags';
+import { useSheetsStore } from '../stores/sheetsStore';
+import { SheetTab } from './SheetTab';
+import { createTitleSelector } from './sheetTitles';
+import { scrollToTab, tabWindow } from './tabWindow';
+
+/** The strip with a tab for every sheet and a button that adds one. */
+export function SheetTabs() {
+  const { t } = useTranslation();
+  const titles = useSheetsStore(useMemo(createTitleSelector, []));
+  const activeKey = useSheetsStore((store) => store.activeSheetKey);
+  const strip = useRef<HTMLDivElement>(null);
+  const [view, setView] = useState({ scrollLeft: 0, width: 0 });
+  const idBase = useId();
+  const activeAt = titles.findIndex(({ id }) => id === activeKey);
+  const { first, end, left, width } = tabWindow(titles.length, view.scrollLeft, view.width);
+  const tabId = (at: number) => `${idBase}-${at}`;
+  const isClosable = titles.length > 1 || !isVsCode;
+
+  const measure = () => {
+    const { scrollLeft, clientWidth } = strip.current!;
+    setView({ scrollLeft, width: clientWidth });
+  };
+  useEffect(() => {
+    const observer = new ResizeObserver(measure);
+    observer.observe(strip.current!);
+    return () => observer.disconnect();
+  }, []);
+  useEffect(() => {
+    const element = strip.current!;
+    const target = scrollToTab(activeAt, titles.length, element.scrollLeft, element.clientWidth);
+    if (activeAt >= 0 && target !== undefined) element.scrollLeft = target;
+  }, [activeAt, titles.length]);
+
+  // A closed tab takes the focus with it; the tab that is shown next gets it.
+  const takesFocus = useRef(false);
+  const close = useCallback((id: string) => {
+    takesFocus.current = true;
+    useSheetsStore.getState().removeSheet(id);
+  }, []);
+  useEffect(() => {
+    if (takesFocus.current) document.getElementById(tabId(activeAt))?.focus();
+    takesFocus.current = false;
+  }, [titles]);
+
+  const show = (at: number) => {
+    const title = titles[at];
+    if (title) useSheetsStore.getState().setActiveSheet(title.id);
+  };
+  const onKeyDown = (event: KeyboardEvent) => {
+    const target = { ArrowLeft: activeAt - 1, ArrowRight: activeAt + 1, Home: 0, End: titles.length - 1 }[event.key];
+    if (target === undefined || (event.target as Element).getAttribute('role') !== 'tab') return;
+    event.preventDefault();
+    show(target);
+  };
+  const scrollSideways = (event: WheelEvent) => {
+    if (event.deltaX === 0) strip.current!.scrollLeft += event.deltaY;
+  };
+  const owned = Array.from({ length: end - first }, (_, at) => tabId(first + at)).join(' ');
+
+  return (
+    <Box sx={{ display: 'flex', alignItems: 'flex-start', minWidth: 0 }}>
+      {/* Close buttons stand beside their tabs, and a list of tabs may hold nothing but tabs: it owns them by name. */}
+      <div role="tablist" aria-label={t('sheets.tabs')} aria-owns={owned || undefined} />
+      <Box ref={strip} onScroll={measure} onKeyDown={onKeyDown} onWheel={scrollSideways} sx={STRIP}>
+        <div style={{ position: 'relative', width, height: '100%' }}>
+          <div style={{ position: 'absolute', left, display: 'flex' }}>
+            {titles.slice(first, end).map(({ id, name }, offset) => (
+              <SheetTab
+                key={id}
+                tabId={tabId(first + offset)}
+                sheetId={id}
+                name={name}
+                isActive={id === activeKey}
+                isClosable={isClosable}
+                onClose={close}
+                position={first + offset + 1}
+                count={titles.length}
+              />
+            ))}
+          </div>
+        </div>
+      </Box>
+      <Box
+        component="button"
+        type="button"
+        aria-label={t('sheets.add')}
+        title={t('sheets.add')}
+        onClick={() => useSheetsStore.getState().addSheet()}
+        sx={ADD_BUTTON}
+      >
+        +
+      </Box>
+    </Box>
+  );
+}
+
+const STRIP = {
+  minWidth: 0,
+  height: 38, // tabs of 32 pixels above a scrollbar of 6
+  overflowX: 'auto',
+  overflowY: 'hidden',
+  '&::-webkit-scrollbar': { height: 6 },
+  '&::-webkit-scrollbar-thumb': { background: 'transparent', borderRadius: 3 },
+  '&:hover::-webkit-scrollbar-thumb, &:focus-within::-webkit-scrollbar-thumb': { background: '#6b7482' },
+} as const;
+
+const ADD_BUTTON = {
+  flexShrink: 0,
+  width: 32,
+  height: 32,
+  padding: 0,
+  border: 0,
+  borderRadius: 4,
+  background: 'transparent',
+  color: 'inherit',
+  font: 'inherit',
+  fontSize: '1.25rem',
+  cursor: 'pointer',
+  '&:hover': { background: '#ffffff1f' },
+} as const;
