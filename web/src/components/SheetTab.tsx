@@ -1,5 +1,5 @@
 import Box from '@mui/joy/Box';
-import { memo, useEffect, useRef, useState, type KeyboardEvent } from 'react';
+import { memo, useRef, useState, type KeyboardEvent } from 'react';
 import { useTranslation } from 'react-i18next';
 import { VscClose } from 'react-icons/vsc';
 import { colors } from '../app/theme';
@@ -30,13 +30,6 @@ export const SheetTab = memo(function SheetTab(props: SheetTabProps) {
   const [isEditing, setEditing] = useState(false);
   const tab = useRef<HTMLButtonElement>(null);
   const shownName = name.slice(0, LONGEST_NAME);
-
-  useEffect(() => {
-    // The focus follows the active tab, but is never taken from elsewhere.
-    const focused = document.activeElement;
-    if (isActive && focused?.getAttribute('role') === 'tab' && focused !== tab.current)
-      tab.current?.focus({ preventScroll: true });
-  }, [isActive]);
 
   const { setActiveSheet } = useSheetsStore.getState();
   const onKeyDown = (event: KeyboardEvent) => {

@@ -35,20 +35,24 @@ export function SheetTabs() {
     if (activeAt >= 0 && target !== undefined) element.scrollLeft = target;
   }, [activeAt, titles.length]);
 
-  // A closed tab takes the focus with it; the tab that is shown next gets it.
+  // A tab that is closed or scrolled out of the page takes the focus with it; the tab that is shown next gets it.
   const takesFocus = useRef(false);
   const close = useCallback((id: string) => {
     takesFocus.current = true;
     useSheetsStore.getState().removeSheet(id);
   }, []);
   useEffect(() => {
-    if (takesFocus.current) document.getElementById(tabId(activeAt))?.focus();
+    const tab = takesFocus.current ? document.getElementById(tabId(activeAt)) : null;
+    if (!tab) return;
     takesFocus.current = false;
-  }, [titles]);
+    tab.focus({ preventScroll: true });
+  });
 
   const show = (at: number) => {
     const title = titles[at];
-    if (title) useSheetsStore.getState().setActiveSheet(title.id);
+    if (!title || at === activeAt) return;
+    takesFocus.current = true;
+    useSheetsStore.getState().setActiveSheet(title.id);
   };
   const onKeyDown = (event: KeyboardEvent) => {
     const target = { ArrowLeft: activeAt - 1, ArrowRight: activeAt + 1, Home: 0, End: titles.length - 1 }[event.key];

@@ -39,7 +39,7 @@ describe('the start page', () => {
     const alert = await screen.findByRole('alert');
     expect(alert.textContent).toBe("Failed to start Tessary: File not found: it's {{app}} @(ui.new).tessary");
     expect(readFile).not.toHaveBeenCalled();
-    expect(screen.queryByRole('heading', { level: 1 })).toBeNull();
+    expect(screen.queryByRole('link', { name: 'Open Words Tool' })).toBeNull();
   });
 
   test.each([

@@ -1,4 +1,6 @@
 import Alert from '@mui/joy/Alert';
+import { displayName } from '../../package.json';
+import { visuallyHidden } from '../components/visuallyHidden';
 import { useStartupLoader } from './useStartupLoader';
 import { WelcomePage } from './WelcomePage';
 
@@ -7,9 +9,12 @@ export function StartPage() {
   const { loadingError, isReady } = useStartupLoader();
   if (loadingError !== undefined) {
     return (
-      <Alert color="danger" variant="outlined" sx={{ margin: 2, whiteSpace: 'pre-wrap', overflowWrap: 'anywhere' }}>
-        {loadingError}
-      </Alert>
+      <main>
+        <h1 style={visuallyHidden}>{displayName}</h1>
+        <Alert color="danger" variant="outlined" sx={{ margin: 2, whiteSpace: 'pre-wrap', overflowWrap: 'anywhere' }}>
+          {loadingError}
+        </Alert>
+      </main>
     );
   }
   return isReady ? <WelcomePage /> : null;

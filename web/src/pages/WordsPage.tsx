@@ -1,13 +1,17 @@
 import Box from '@mui/joy/Box';
+
+import { useTranslation } from 'react-i18next';
 import { colors } from '../app/theme';
 import { DocumentBar } from '../components/DocumentBar';
 import { EmptyTool } from '../components/EmptyTool';
 import { SheetTabs } from '../components/SheetTabs';
 import { SheetView } from '../components/SheetView';
+import { visuallyHidden } from '../components/visuallyHidden';
 import { useSheetsStore } from '../stores/sheetsStore';
 
 /** The Words tool: the document bar, a tab for each sheet, and the sheet whose tab is active. */
 export function WordsPage() {
+  const { t } = useTranslation();
   const hasSheets = useSheetsStore((store) => store.sheets.size > 0);
   return (
     <Box
@@ -20,6 +24,7 @@ export function WordsPage() {
       }}
     >
       <Box sx={{ background: colors.body }}>
+        {hasSheets && <h1 style={visuallyHidden}>{t('tools.words.name')}</h1>}
         <DocumentBar />
         {hasSheets && <SheetTabs />}
       </Box>

@@ -1,0 +1,56 @@
+import AxeBuilder from "@axe-core/playwright";
+import { test as base, expect } from "@playwright/test";
+import { fileURLToPath } from "node:url";
+import { servePage, type PageServer } from "./pageServer";
+
+const DIST = fileURLToPath(new URL("../../../web/dist", import.meta.url));
+
+interface Fixtures {
+  /** Errors on the page's console so far. What is still in the list at the end fails the test. */
+  problems: string[];
+  /** Opens the page at "/", the only place where it can be entered. */
+  enter: () => Promise<void>;
+  /** Fails when the page as it is now has something that people with assistive technology cannot use. */
+  expectAccessible: () => Promise<void>;
+}
+
+export const test = base.extend<Fixtures, { server: PageServer }>({
+  server: [
+    async ({}, use) => {
+      const server = await servePage(DIST);
+      await use(server);
+      await server.close();
+    },
+    { scope: "worker" },
+  ],
+  problems: async ({}, use) => use([]),
+  page: async ({ page, problems }, use) => {
+    page.on("pageerror", (error) => problems.push(error.message));
+    page.on("console", (message) => {
+      if (message.type() === "error") problems.push(message.text());
+    });
+    await use(page);
+    expect(problems).toEqual([]);
+  },
+  enter: async ({ page, server }, use) => {
+    await use(async () => {
+      await page.goto(server.url);
+    });
+  },
+  expectAccessible: async ({ page }, use) => {
+    await use(async () => {
+      // Half-faded text would be measured with half its contrast.
+      await page.waitForFunction(() =>
+        document
+          .getAnimations()
+          .every(({ playState }) => playState === "finished"),
+      );
+      const { violations } = await new AxeBuilder({ page }).analyze();
+      expect(
+        violations.map(({ id, nodes }) => [id, nodes.map(({ html }) => html)]),
+      ).toEqual([]);
+    });
+  },
+});
+
+export { expect };
