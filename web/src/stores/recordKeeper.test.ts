@@ -48,6 +48,22 @@ describe('what is kept between visits', () => {
     expect(write).toHaveBeenCalledTimes(1);
   });
 
+  test('a record that takes long to write is written less often, but never lost', async () => {
+    const store = await loadPage();
+    let now = 0;
+    vi.spyOn(performance, 'now').mockImplementation(() => (now += 100));
+    store.getState().addSheet();
+    store.getState().persistState();
+    vi.restoreAllMocks();
+    vi.useFakeTimers();
+    store.getState().addSheet();
+    vi.advanceTimersByTime(999);
+    expect(localStorage.getItem(KEY)).not.toContain('Number B');
+    vi.advanceTimersByTime(1);
+    expect(localStorage.getItem(KEY)).toContain('Number B');
+    vi.useRealTimers();
+  });
+
   test.each(['{', '{"json":{"state":{},"version":7}}', 'not ours'])('a broken record %s is set aside', async (text) => {
     vi.spyOn(console, 'warn').mockImplementation(() => {});
     localStorage.setItem(KEY, text);

@@ -11,6 +11,13 @@ const LARGEST_RECORD = 5_000_000;
 /** Fewer characters than any sheet's text has. */
 const SMALLEST_SHEET = 300;
 
+/** Writing takes at most about a tenth of the time, also for a document of a thousand sheets ... */
+const REST_PER_COST = 10;
+/** ... but nothing waits longer than this, in milliseconds. */
+const LONGEST_REST = 2000;
+
+/** How long the last writing took, in milliseconds. */
+let lastCost = 0;
 let pending: { key: string; state: PersistedState } | undefined;
 
 /** Keeps the record of the sheets store. Changes within one task are written together after it, before leaving at last. */
@@ -28,7 +35,7 @@ export const recordKeeper: PersistStorage<PersistedState> = {
     }
   },
   setItem(key, { state }) {
-    if (!pending) setTimeout(flushRecord);
+    if (!pending) setTimeout(flushRecord, lastCost < 5 ? 0 : Math.min(LONGEST_REST, lastCost * REST_PER_COST));
     pending = { key, state };
   },
   removeItem(key) {
@@ -42,9 +49,11 @@ export function flushRecord(): void {
   if (!pending) return;
   const { key, state } = pending;
   pending = undefined;
+  const begin = performance.now();
   const fits = state.sheets.size * SMALLEST_SHEET <= LARGEST_RECORD;
   // A record that could not be written must go: it would bring back another document.
   if (!fits || !recordPlace.write(key, writeRecord(state))) recordPlace.remove(key);
+  lastCost = performance.now() - begin;
 }
 
 if (typeof document !== 'undefined') addEventListener('pagehide', flushRecord);
