@@ -96,6 +96,8 @@ const ACTIVE_TAB = {
   color: '#fff',
   background: colors.activeTab,
   '&:hover': { background: colors.activeTab },
+  // Where the system's colours replace ours, a line marks the tab instead.
+  '@media (forced-colors: active)': { borderBottom: '3px solid Highlight' },
 } as const;
 
 const TAB_BUTTON = {

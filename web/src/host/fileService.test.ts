@@ -137,12 +137,12 @@ describe('saving in the native host', () => {
   });
 
   test('writes to a known path without asking', async () => {
-    expect(await save('/tmp/b.tessary')).toEqual({
+    expect(await save('/home/me/b.tessary')).toEqual({
       success: true,
-      fileHandle: { path: '/tmp/b.tessary', name: 'b.tessary' },
+      fileHandle: { path: '/home/me/b.tessary', name: 'b.tessary' },
     });
     expect(window.showSaveDialog).not.toHaveBeenCalled();
-    expect(window.writeFile).toHaveBeenCalledExactlyOnceWith('/tmp/b.tessary', 'text');
+    expect(window.writeFile).toHaveBeenCalledExactlyOnceWith('/home/me/b.tessary', 'text');
   });
 
   test.each([
