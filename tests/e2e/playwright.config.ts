@@ -1,35 +1,35 @@
-import { defineConfig } from "@playwright/test";
-import { execFileSync } from "node:child_process";
+import { defineConfig } from '@playwright/test';
+import { execFileSync } from 'node:child_process';
 
 /** Debian's browser; nothing is downloaded for the tests. */
-const chromium = execFileSync("sh", ["-c", "command -v chromium"], {
-  encoding: "utf8",
+const chromium = execFileSync('sh', ['-c', 'command -v chromium'], {
+  encoding: 'utf8',
 }).trim();
 
 export default defineConfig({
-  testDir: ".",
-  outputDir: "../../build/test-results/e2e",
+  testDir: '.',
+  outputDir: '../../build/test-results/e2e',
   fullyParallel: true,
   forbidOnly: true,
   workers: 2,
   timeout: 30_000,
-  reporter: [["list"]],
+  reporter: [['list']],
   projects: [
     {
-      name: "browser",
-      testDir: "browser",
+      name: 'browser',
+      testDir: 'browser',
       use: {
         viewport: { width: 800, height: 600 },
         launchOptions: {
           executablePath: chromium,
           args: [
-            "--no-sandbox",
-            "--disable-gpu",
-            "--disable-quic",
-            "--no-first-run",
-            "--disable-background-networking",
-            "--disable-component-update",
-            "--disable-sync",
+            '--no-sandbox',
+            '--disable-gpu',
+            '--disable-quic',
+            '--no-first-run',
+            '--disable-background-networking',
+            '--disable-component-update',
+            '--disable-sync',
           ],
         },
       },

@@ -1,6 +1,6 @@
-import type { Page } from "@playwright/test";
-import { documentText } from "../support/documents";
-import { expect, test } from "../support/fixtures";
+import type { Page } from '@playwright/test';
+import { documentText } from '../support/documents';
+import { expect, test } from '../support/fixtures';
 
 interface EditorWindow {
   posted: { type: string; data?: { sheets: unknown[] } }[];
@@ -14,70 +14,63 @@ async function stubEditor(page: Page): Promise<void> {
     Object.assign(window, {
       posted,
       acquireVsCodeApi: () => ({
-        postMessage: (message: unknown) =>
-          posted.push(JSON.parse(JSON.stringify(message))),
+        postMessage: (message: unknown) => posted.push(JSON.parse(JSON.stringify(message))),
         getState: () => state,
         setState: (next: unknown) => (state = next),
       }),
     });
   });
 }
-const posted = (page: Page) =>
-  page.evaluate(() => (window as unknown as EditorWindow).posted);
+const posted = (page: Page) => page.evaluate(() => (window as unknown as EditorWindow).posted);
 const send = (page: Page, rawContent: string) =>
   page.evaluate((content) => {
     window.dispatchEvent(
-      new CustomEvent("vscode-session-data", {
+      new CustomEvent('vscode-session-data', {
         detail: { data: { rawContent: content } },
       }),
     );
   }, rawContent);
 
-test.describe("in an editor extension", () => {
+test.describe('in an editor extension', () => {
   test.beforeEach(async ({ page, enter }) => {
     await stubEditor(page);
     await enter();
-    await expect.poll(() => posted(page)).toEqual([{ type: "ready" }]);
+    await expect.poll(() => posted(page)).toEqual([{ type: 'ready' }]);
   });
 
-  test("the editor's document is shown without rail and document bar", async ({
-    page,
-    expectAccessible,
-  }) => {
-    await send(page, documentText({ displayName: "Sent" }));
-    await expect(page.getByRole("tab", { name: "Sent" })).toBeVisible();
-    await expect(page.getByRole("navigation")).toHaveCount(0);
-    await expect(page.getByRole("toolbar", { name: "Document" })).toHaveCount(
-      0,
-    );
+  test("the editor's document is shown without rail and document bar", async ({ page, expectAccessible }) => {
+    await send(page, documentText({ displayName: 'Sent' }));
+    await expect(page.getByRole('tab', { name: 'Sent' })).toBeVisible();
+    await expect(page.getByRole('navigation')).toHaveCount(0);
+    await expect(page.getByRole('toolbar', { name: 'Document' })).toHaveCount(0);
     await expectAccessible();
   });
 
-  test("the last sheet has no close button, two have", async ({ page }) => {
-    await send(page, documentText({ displayName: "Sent" }));
-    await expect(page.getByRole("tab", { name: "Sent" })).toBeVisible();
-    await expect(page.getByRole("button", { name: /^Close/ })).toHaveCount(0);
-    await page.getByRole("button", { name: "Add sheet" }).click();
-    await expect(page.getByRole("button", { name: /^Close/ })).toHaveCount(2);
+  test('the last sheet has no close button, two have', async ({ page }) => {
+    await send(page, documentText({ displayName: 'Sent' }));
+    await expect(page.getByRole('tab', { name: 'Sent' })).toBeVisible();
+    await expect(page.getByRole('button', { name: /^Close/ })).toHaveCount(0);
+    await page.getByRole('button', { name: 'Add sheet' }).click();
+    await expect(page.getByRole('button', { name: /^Close/ })).toHaveCount(2);
   });
 
-  test("edits reach the editor; leaving never asks", async ({ page }) => {
-    await send(page, documentText({ displayName: "Sent" }));
-    await expect(page.getByRole("tab", { name: "Sent" })).toBeVisible();
+  test('edits reach the editor; leaving never asks', async ({ page }) => {
+    await send(page, documentText({ displayName: 'Sent' }));
+    await expect(page.getByRole('tab', { name: 'Sent' })).toBeVisible();
     // Right after a document came, edits are not told yet; the next one after that tells both.
     await expect
       .poll(
         async () => {
-          await page.getByRole("button", { name: "Add sheet" }).click();
+          await page.getByRole('button', { name: 'Add sheet' }).click();
           return (await posted(page)).length;
         },
         { intervals: [400] },
       )
       .toBeGreaterThan(1);
     const update = (await posted(page)).at(-1)!;
-    expect(update.type).toBe("updateDocument");
+    expect(update.type).toBe('updateDocument');
     expect(update.data!.sheets.length).toBeGreaterThan(1);
-    const closed = page.waitForEvent("close");
+    const closed = page.waitForEvent('close');
     await page.close({ runBeforeUnload: true });
     await closed;
   });

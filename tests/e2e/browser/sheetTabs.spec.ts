@@ -1,15 +1,15 @@
-import { documentText } from "../support/documents";
-import { expect, test } from "../support/fixtures";
-import { stubNativeHost } from "../support/nativeHost";
+import { documentText } from '../support/documents';
+import { expect, test } from '../support/fixtures';
+import { stubNativeHost } from '../support/nativeHost';
 
-const PATH = "/home/me/numbers.words.tessary";
+const PATH = '/home/me/numbers.words.tessary';
 const three = documentText(
-  { id: "a", displayName: "First" },
-  { id: "b", displayName: "Second" },
-  { id: "c", displayName: "Third" },
+  { id: 'a', displayName: 'First' },
+  { id: 'b', displayName: 'Second' },
+  { id: 'c', displayName: 'Third' },
 );
 
-test.describe("sheet tabs", () => {
+test.describe('sheet tabs', () => {
   test.beforeEach(async ({ page, enter }) => {
     await stubNativeHost(page, {
       args: { filePath: PATH },
@@ -18,121 +18,93 @@ test.describe("sheet tabs", () => {
     await enter();
   });
 
-  test("show one sheet at a time", async ({ page, expectAccessible }) => {
-    await expect(page.getByRole("tablist", { name: "Sheets" })).toHaveCount(1);
-    await expect(page.getByRole("tab")).toHaveText([
-      "First",
-      "Second",
-      "Third",
-    ]);
-    await expect(page.getByRole("tab", { selected: true })).toHaveText("First");
-    await page.getByRole("tab", { name: "Second" }).click();
-    await expect(page.getByRole("tab", { selected: true })).toHaveText(
-      "Second",
-    );
-    await expect(page.getByRole("tabpanel", { name: "Second" })).toBeVisible();
+  test('show one sheet at a time', async ({ page, expectAccessible }) => {
+    await expect(page.getByRole('tablist', { name: 'Sheets' })).toHaveCount(1);
+    await expect(page.getByRole('tab')).toHaveText(['First', 'Second', 'Third']);
+    await expect(page.getByRole('tab', { selected: true })).toHaveText('First');
+    await page.getByRole('tab', { name: 'Second' }).click();
+    await expect(page.getByRole('tab', { selected: true })).toHaveText('Second');
+    await expect(page.getByRole('tabpanel', { name: 'Second' })).toBeVisible();
     await expectAccessible();
   });
 
-  test("a new sheet comes last and is shown", async ({ page }) => {
-    await page.getByRole("button", { name: "Add sheet" }).click();
-    await expect(page.getByRole("tab")).toHaveText([
-      "First",
-      "Second",
-      "Third",
-      "Number A",
-    ]);
-    await expect(page.getByRole("tab", { selected: true })).toHaveText(
-      "Number A",
-    );
+  test('a new sheet comes last and is shown', async ({ page }) => {
+    await page.getByRole('button', { name: 'Add sheet' }).click();
+    await expect(page.getByRole('tab')).toHaveText(['First', 'Second', 'Third', 'Number A']);
+    await expect(page.getByRole('tab', { selected: true })).toHaveText('Number A');
   });
 
-  test("after closing a sheet the last one is shown; the last of all can be closed too", async ({
-    page,
-  }) => {
-    await page.getByRole("button", { name: "Close First" }).click();
-    await expect(page.getByRole("tab", { selected: true })).toHaveText("Third");
-    await expect(page.getByRole("toolbar")).toContainText(
-      "numbers.words.tessary*",
-    );
-    await page.getByRole("button", { name: "Close Third" }).click();
-    await page.getByRole("button", { name: "Close Second" }).click();
-    await expect(
-      page.getByRole("heading", { name: "Welcome to Words tool!" }),
-    ).toBeVisible();
-    await expect(page.getByRole("toolbar")).toContainText(
-      "numbers.words.tessary*",
-    );
+  test('after closing a sheet the last one is shown; the last of all can be closed too', async ({ page }) => {
+    await page.getByRole('button', { name: 'Close First' }).click();
+    await expect(page.getByRole('tab', { selected: true })).toHaveText('Third');
+    await expect(page.getByRole('toolbar')).toContainText('numbers.words.tessary*');
+    await page.getByRole('button', { name: 'Close Third' }).click();
+    await page.getByRole('button', { name: 'Close Second' }).click();
+    await expect(page.getByRole('heading', { name: 'Welcome to Words tool!' })).toBeVisible();
+    await expect(page.getByRole('toolbar')).toContainText('numbers.words.tessary*');
   });
 
-  test("are renamed in place", async ({ page, expectAccessible }) => {
-    const name = page.getByRole("textbox", { name: "Sheet name" });
-    await page.getByRole("tab", { name: "Second" }).dblclick();
-    await expect(name).toHaveValue("Second");
+  test('are renamed in place', async ({ page, expectAccessible }) => {
+    const name = page.getByRole('textbox', { name: 'Sheet name' });
+    await page.getByRole('tab', { name: 'Second' }).dblclick();
+    await expect(name).toHaveValue('Second');
     await expect(name).toBeFocused();
     await expectAccessible();
-    await name.fill("  Mine \t");
-    await name.press("Enter");
-    await expect(page.getByRole("tab")).toHaveText(["First", "Mine", "Third"]);
-    await expect(page.getByRole("toolbar")).toContainText(
-      "numbers.words.tessary*",
-    );
+    await name.fill('  Mine \t');
+    await name.press('Enter');
+    await expect(page.getByRole('tab')).toHaveText(['First', 'Mine', 'Third']);
+    await expect(page.getByRole('toolbar')).toContainText('numbers.words.tessary*');
 
-    await page.keyboard.press("F2");
-    await name.fill("Never");
-    await name.press("Escape");
+    await page.keyboard.press('F2');
+    await name.fill('Never');
+    await name.press('Escape');
     await expect(name).toHaveCount(0);
-    await expect(page.getByRole("tab")).toHaveText(["First", "Mine", "Third"]);
+    await expect(page.getByRole('tab')).toHaveText(['First', 'Mine', 'Third']);
   });
 
-  test("an empty name is refused", async ({ page }) => {
-    await page.getByRole("tab", { name: "First" }).dblclick();
-    const name = page.getByRole("textbox", { name: "Sheet name" });
-    await name.fill("   ");
-    await name.press("Enter");
-    await expect(page.getByRole("alert")).toHaveText(
-      "Sheet name cannot be empty.",
-    );
+  test('an empty name is refused', async ({ page }) => {
+    await page.getByRole('tab', { name: 'First' }).dblclick();
+    const name = page.getByRole('textbox', { name: 'Sheet name' });
+    await name.fill('   ');
+    await name.press('Enter');
+    await expect(page.getByRole('alert')).toHaveText('Sheet name cannot be empty.');
     await expect(name).toBeVisible();
-    await page.getByRole("tab", { name: "Third" }).click();
-    await expect(page.getByRole("tab")).toHaveText([
-      "First",
-      "Second",
-      "Third",
-    ]);
-    await expect(page.getByRole("toolbar")).not.toContainText("*");
+    await page.getByRole('tab', { name: 'Third' }).click();
+    await expect(page.getByRole('tab')).toHaveText(['First', 'Second', 'Third']);
+    await expect(page.getByRole('toolbar')).not.toContainText('*');
   });
 
-  test("do everything by keyboard", async ({ page }) => {
-    const selected = page.getByRole("tab", { selected: true });
+  test('the one that is shown can be told where the system rules the colours', async ({ page }) => {
+    await page.emulateMedia({ forcedColors: 'active' });
+    const line = (name: string) =>
+      page.getByRole('tab', { name }).evaluate((tab) => getComputedStyle(tab.parentElement!).borderBottomWidth);
+    expect([await line('First'), await line('Second')]).toEqual(['3px', '0px']);
+  });
+
+  test('do everything by keyboard', async ({ page }) => {
+    const selected = page.getByRole('tab', { selected: true });
     await selected.focus();
-    await page.keyboard.press("ArrowRight");
-    await expect(selected).toHaveText("Second");
+    await page.keyboard.press('ArrowRight');
+    await expect(selected).toHaveText('Second');
     await expect(selected).toBeFocused();
-    await page.keyboard.press("End");
-    await expect(selected).toHaveText("Third");
-    await page.keyboard.press("ArrowRight");
-    await expect(selected).toHaveText("Third");
-    await page.keyboard.press("Home");
-    await expect(selected).toHaveText("First");
-    await page.keyboard.press("Delete");
-    await expect(page.getByRole("tab")).toHaveText(["Second", "Third"]);
+    await page.keyboard.press('End');
+    await expect(selected).toHaveText('Third');
+    await page.keyboard.press('ArrowRight');
+    await expect(selected).toHaveText('Third');
+    await page.keyboard.press('Home');
+    await expect(selected).toHaveText('First');
+    await page.keyboard.press('Delete');
+    await expect(page.getByRole('tab')).toHaveText(['Second', 'Third']);
     await expect(selected).toBeFocused();
-    await page.keyboard.press("Tab");
-    await expect(
-      page.getByRole("button", { name: "Close Third" }),
-    ).toBeFocused();
-    await page.keyboard.press("Enter");
-    await expect(page.getByRole("tab")).toHaveText(["Second"]);
+    await page.keyboard.press('Tab');
+    await expect(page.getByRole('button', { name: 'Close Third' })).toBeFocused();
+    await page.keyboard.press('Enter');
+    await expect(page.getByRole('tab')).toHaveText(['Second']);
     await expect(selected).toBeFocused();
   });
 });
 
-test("a strip of many tabs scrolls to the one that is shown", async ({
-  page,
-  enter,
-  expectAccessible,
-}) => {
+test('a strip of many tabs scrolls to the one that is shown', async ({ page, enter, expectAccessible }) => {
   const many = documentText(
     ...Array.from({ length: 1000 }, (_, at) => ({
       id: `${at}`,
@@ -144,18 +116,16 @@ test("a strip of many tabs scrolls to the one that is shown", async ({
     files: { [PATH]: many },
   });
   await enter();
-  await page.getByRole("tab", { name: "Sheet 0", exact: true }).focus();
-  await page.keyboard.press("End");
-  const last = page.getByRole("tab", { name: "Sheet 999" });
+  await page.getByRole('tab', { name: 'Sheet 0', exact: true }).focus();
+  await page.keyboard.press('End');
+  const last = page.getByRole('tab', { name: 'Sheet 999' });
   await expect(last).toBeInViewport({ ratio: 1 });
   await expect(last).toBeFocused();
-  await expect(last).toHaveAttribute("aria-posinset", "1000");
-  await expect(last).toHaveAttribute("aria-setsize", "1000");
-  expect(await page.getByRole("tab").count()).toBeLessThan(100);
+  await expect(last).toHaveAttribute('aria-posinset', '1000');
+  await expect(last).toHaveAttribute('aria-setsize', '1000');
+  expect(await page.getByRole('tab').count()).toBeLessThan(100);
   await expectAccessible();
   await page.mouse.move(400, 50);
   await page.mouse.wheel(0, -1_000_000);
-  await expect(
-    page.getByRole("tab", { name: "Sheet 0", exact: true }),
-  ).toBeInViewport({ ratio: 1 });
+  await expect(page.getByRole('tab', { name: 'Sheet 0', exact: true })).toBeInViewport({ ratio: 1 });
 });

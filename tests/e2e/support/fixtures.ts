@@ -1,9 +1,9 @@
-import AxeBuilder from "@axe-core/playwright";
-import { test as base, expect } from "@playwright/test";
-import { fileURLToPath } from "node:url";
-import { servePage, type PageServer } from "./pageServer";
+import AxeBuilder from '@axe-core/playwright';
+import { test as base, expect } from '@playwright/test';
+import { fileURLToPath } from 'node:url';
+import { servePage, type PageServer } from './pageServer';
 
-const DIST = fileURLToPath(new URL("../../../web/dist", import.meta.url));
+const DIST = fileURLToPath(new URL('../../../web/dist', import.meta.url));
 
 interface Fixtures {
   /** Errors on the page's console so far. What is still in the list at the end fails the test. */
@@ -21,13 +21,13 @@ export const test = base.extend<Fixtures, { server: PageServer }>({
       await use(server);
       await server.close();
     },
-    { scope: "worker" },
+    { scope: 'worker' },
   ],
   problems: async ({}, use) => use([]),
   page: async ({ page, problems }, use) => {
-    page.on("pageerror", (error) => problems.push(error.message));
-    page.on("console", (message) => {
-      if (message.type() === "error") problems.push(message.text());
+    page.on('pageerror', (error) => problems.push(error.message));
+    page.on('console', (message) => {
+      if (message.type() === 'error') problems.push(message.text());
     });
     await use(page);
     expect(problems).toEqual([]);
@@ -40,15 +40,9 @@ export const test = base.extend<Fixtures, { server: PageServer }>({
   expectAccessible: async ({ page }, use) => {
     await use(async () => {
       // Half-faded text would be measured with half its contrast.
-      await page.waitForFunction(() =>
-        document
-          .getAnimations()
-          .every(({ playState }) => playState === "finished"),
-      );
+      await page.waitForFunction(() => document.getAnimations().every(({ playState }) => playState === 'finished'));
       const { violations } = await new AxeBuilder({ page }).analyze();
-      expect(
-        violations.map(({ id, nodes }) => [id, nodes.map(({ html }) => html)]),
-      ).toEqual([]);
+      expect(violations.map(({ id, nodes }) => [id, nodes.map(({ html }) => html)])).toEqual([]);
     });
   },
 });

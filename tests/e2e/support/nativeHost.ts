@@ -1,4 +1,4 @@
-import type { Page } from "@playwright/test";
+import type { Page } from '@playwright/test';
 
 export interface NativeHostOptions {
   /** Files that the host can read, by path. */
@@ -24,32 +24,25 @@ interface StubWindow {
 }
 
 /** Puts the native host's globals and bound functions into the page before its scripts run. Files live in memory. */
-export async function stubNativeHost(
-  page: Page,
-  options: NativeHostOptions = {},
-): Promise<void> {
+export async function stubNativeHost(page: Page, options: NativeHostOptions = {}): Promise<void> {
   await page.addInitScript((given: NativeHostOptions) => {
     const calls: unknown[][] = [];
     const files = { ...given.files };
     const choices = [...(given.choices ?? [])];
     const choose = () => {
       const path = choices.shift();
-      return path
-        ? { success: true, path }
-        : { success: false, error: "user-cancelled" };
+      return path ? { success: true, path } : { success: false, error: 'user-cancelled' };
     };
     const handlers: Record<string, (...args: string[]) => unknown> = {
       showOpenDialog: choose,
       showSaveDialog: choose,
       readFile(path) {
         const data = files[path!];
-        if (data === undefined)
-          return { success: false, error: "file-not-found" };
-        return data === "" ? { success: true } : { success: true, data };
+        if (data === undefined) return { success: false, error: 'file-not-found' };
+        return data === '' ? { success: true } : { success: true, data };
       },
       writeFile(path, content) {
-        if (given.readOnly?.includes(path!))
-          return { success: false, error: "file-write-failed" };
+        if (given.readOnly?.includes(path!)) return { success: false, error: 'file-write-failed' };
         files[path!] = content!;
         return { success: true };
       },
@@ -69,9 +62,9 @@ export async function stubNativeHost(
       hostCalls: calls,
       hostFiles: files,
       tessary: {
-        os: { platform: "windows", arch: "x64" },
+        os: { platform: 'windows', arch: 'x64' },
         backend: {
-          implementation: "cpp",
+          implementation: 'cpp',
           msPackageName: given.msPackageName ?? null,
         },
         args: { error: null, filePath: null, ...given.args },
@@ -86,12 +79,6 @@ export function hostCalls(page: Page): Promise<HostCall[]> {
 }
 
 /** The content of a file in the stub's memory. */
-export function hostFile(
-  page: Page,
-  path: string,
-): Promise<string | undefined> {
-  return page.evaluate(
-    (name) => (window as unknown as StubWindow).hostFiles[name],
-    path,
-  );
+export function hostFile(page: Page, path: string): Promise<string | undefined> {
+  return page.evaluate((name) => (window as unknown as StubWindow).hostFiles[name], path);
 }
