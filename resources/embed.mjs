@@ -48,7 +48,9 @@ const shortName = (path) => path.slice(path.lastIndexOf('/') + 1);
 export function generate({ directories, files }) {
   const variable = new Map([['', 'root']]);
   directories.forEach((path, i) => variable.set(path, `directory${i}`));
-  const arrays = files.map((file, i) => `alignas(8) static const std::uint64_t bytes${i}[] = {\n${words(file.bytes)}};\n`);
+  const arrays = files.map(
+    (file, i) => `alignas(8) static const std::uint64_t bytes${i}[] = {\n${words(file.bytes)}};\n`,
+  );
   const addDirectories = directories.map(
     (path) =>
       `    static EmbeddedDirectory& ${variable.get(path)} = ${variable.get(parentOf(path))}.addDirectory(${stringLiteral(shortName(path))});\n` +

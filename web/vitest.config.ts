@@ -6,6 +6,7 @@ export default defineConfig({
   test: {
     include: ['src/**/*.test.{ts,tsx}', 'build/**/*.test.ts'],
     environment: 'node',
+    testTimeout: 30_000, // a busy machine loads a whole page in a test
     coverage: {
       include: ['src/**/*.{ts,tsx}'],
       exclude: ['src/**/*.test.{ts,tsx}'],
