@@ -1,3 +1,5 @@
+import { wordsTexts } from './wordsTexts';
+
 /** Every text of the page. Texts that only name a key in "@( )" repeat that key's text. */
 export const en = {
   language: 'English',
@@ -71,12 +73,11 @@ export const en = {
     support: 'Support',
     privacyPolicy: 'Privacy policy',
   },
+  words: wordsTexts,
   sheets: {
     tabs: 'Sheets',
     add: 'Add sheet',
     close: 'Close {{name}}',
     rename: 'Sheet name',
-    width: '{{width}} bits',
-    base: 'Base {{base}}',
   },
 } as const;

@@ -1,5 +1,5 @@
 // @vitest-environment jsdom
-import { cleanup, screen } from '@testing-library/react';
+import { cleanup, screen, within } from '@testing-library/react';
 import { afterEach, beforeEach, describe, expect, test, vi } from 'vitest';
 import { useSheetsStore } from '../stores/sheetsStore';
 import { documentText, sheetData } from '../testing/documents';
@@ -78,10 +78,9 @@ describe('the start page', () => {
     const data = documentText({ sheets: [sheetData({ displayName: 'Mine', int: '0xff', intResolution: 32 })] });
     const readFile = vi.fn(async () => ({ success: true, data }));
     start({ error: null, filePath: PATH }, readFile);
-    const sheet = await screen.findByRole('region', { name: 'Mine' });
-    expect(sheet.textContent).toContain('32 bits');
-    expect(sheet.textContent).toContain('Base 16FF');
-    expect(sheet.textContent).toContain('Base 10255');
+    const sheet = within(await screen.findByRole('tabpanel', { name: 'Mine' }));
+    const word = within(sheet.getByRole('group', { name: 'Int 32 word 1' }));
+    expect(word.getByRole<HTMLInputElement>('textbox', { name: 'Base 16' }).value).toBe('FF');
     expect(readFile).toHaveBeenCalledExactlyOnceWith(PATH);
     expect(useSheetsStore.getState()).toMatchObject({
       documentFile: { name: 'a.words.tessary', path: PATH },

@@ -5,7 +5,7 @@ import { colors } from '../app/theme';
 import { DocumentBar } from '../components/DocumentBar';
 import { EmptyTool } from '../components/EmptyTool';
 import { SheetTabs } from '../components/SheetTabs';
-import { SheetView } from '../components/SheetView';
+import { WordsTool } from '../components/words/WordsTool';
 import { visuallyHidden } from '../components/visuallyHidden';
 import { useSheetsStore } from '../stores/sheetsStore';
 
@@ -28,7 +28,7 @@ export function WordsPage() {
         <DocumentBar />
         {hasSheets && <SheetTabs />}
       </Box>
-      {hasSheets ? <SheetView /> : <EmptyTool />}
+      {hasSheets ? <WordsTool /> : <EmptyTool />}
     </Box>
   );
 }

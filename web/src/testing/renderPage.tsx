@@ -21,6 +21,9 @@ window.ResizeObserver ??= class {
   disconnect() {}
 };
 
+// jsdom draws nothing, and would say so each time.
+HTMLCanvasElement.prototype.getContext = () => null;
+
 /** Renders the whole page at a route. */
 export function renderPage(route = '/') {
   return render(

@@ -1,0 +1,90 @@
+import { memo, useCallback, useLayoutEffect, useMemo, useRef, useState } from 'react';
+import type { ColorNotation } from '../../model/formatColor';
+import { useSheetStore } from '../../stores/sheetStore';
+import type { MoveFocus } from './BlockFrame';
+import { ColorBlock } from './ColorBlock';
+import type { RowScrolls } from './rowScrolls';
+import { rowTexts } from './rowTexts';
+import { partsInView, type RowGeometry } from './sheetGeometry';
+import { WordBlock } from './WordBlock';
+
+interface RowViewProps {
+  row: RowGeometry;
+  /** In or near the view; a row far away is an empty group of the same height. */
+  isNear: boolean;
+  viewWidth: number;
+  pixelRatio: number;
+  scrolls: RowScrolls;
+  onMove: MoveFocus;
+}
+
+/** Blocks this far outside the view, in pixels, are there already when they are scrolled to. */
+const MARGIN = 320;
+
+/** All words of one width, the most significant at the left. */
+export const RowView = memo(function RowView(props: RowViewProps) {
+  const { row, isNear } = props;
+  const [notation, setNotation] = useState<ColorNotation>('HEX');
+  return (
+    <div role="group" aria-label={row.label} className={`row ${row.type}`} style={{ height: row.height }}>
+      <span className="row-label" aria-hidden="true">
+        {row.shortLabel}
+      </span>
+      {isNear && <RowBlocks {...props} notation={notation} onNotation={setNotation} />}
+    </div>
+  );
+});
+
+interface RowBlocksProps extends RowViewProps {
+  notation: ColorNotation;
+  onNotation: (notation: ColorNotation) => void;
+}
+
+function RowBlocks({ row, viewWidth, pixelRatio, scrolls, onMove, notation, onNotation }: RowBlocksProps) {
+  const { key, type, bits, count, blockWidth } = row;
+  const texts = useMemo(() => rowTexts(row), [row]);
+  const scroller = useRef<HTMLDivElement>(null);
+  const [scrolled, setScrolled] = useState(() => scrolls.position(key));
+  const focusedIndex = useSheetStore(({ focusedBlock }) =>
+    focusedBlock[0] === type && focusedBlock[1] === bits && focusedBlock[2] < count ? focusedBlock[2] : -1,
+  );
+  useLayoutEffect(() => scrolls.attachRow(key, scroller.current!), [scrolls, key]);
+
+  const placesAt = (position: number) => partsInView(count, blockWidth, position, viewWidth, MARGIN);
+  const onScroll = useCallback(() => {
+    const position = scroller.current!.scrollLeft;
+    scrolls.rowScrolled(key, position);
+    setScrolled((before) => (`${placesAt(before)}` === `${placesAt(position)}` ? before : position));
+  }, [scrolls, row, viewWidth]);
+
+  const [first, last] = placesAt(Math.min(scrolled, Math.max(0, count * blockWidth - viewWidth)));
+  return (
+    <div ref={scroller} className="row-scroller" onScroll={onScroll}>
+      <div className="row-content" style={{ width: count * blockWidth }}>
+        {indicesToMount(count, first, last, focusedIndex).map((index) =>
+          type === 'color32' ? (
+            <ColorBlock
+              key={index}
+              row={row}
+              index={index}
+              onMove={onMove}
+              notation={notation}
+              onNotation={onNotation}
+            />
+          ) : (
+            <WordBlock key={index} row={row} index={index} texts={texts} pixelRatio={pixelRatio} onMove={onMove} />
+          ),
+        )}
+      </div>
+    </div>
+  );
+}
+
+/** Words from left to right: those in or near the view, and the focused one, which may hold the keyboard's focus. */
+function indicesToMount(count: number, first: number, last: number, focused: number): number[] {
+  const indices: number[] = [];
+  for (let place = first; place <= last; place++) indices.push(count - 1 - place);
+  if (focused < 0 || indices.includes(focused)) return indices;
+  const isLeft = count - 1 - focused < first;
+  return isLeft ? [focused, ...indices] : [...indices, focused];
+}

@@ -1,0 +1,88 @@
+import { useCallback, useLayoutEffect, useMemo, useRef, useState } from 'react';
+import { useSheetStore } from '../../stores/sheetStore';
+import { focusWord, neighbour } from './moveFocus';
+import { RowScrolls } from './rowScrolls';
+import { RowView } from './RowView';
+import { sheetGeometry, type RowGeometry, type SheetGeometry } from './sheetGeometry';
+import { digitWidth, usePixelRatio, useViewSize } from './useViewport';
+import type { MoveFocus } from './BlockFrame';
+
+/** The rows' labels at the left. */
+const LABELS_WIDTH = 44;
+const SIDE = 6;
+/** Rows this far above or below the view, in pixels, are there already when they are scrolled to. */
+const MARGIN = 300;
+
+interface SheetViewProps {
+  /** Told whenever rows begin or cease to be wider than the view. */
+  onOverflow: (overflows: boolean) => void;
+}
+
+/** All rows of the sheet that is shown. */
+export function SheetView({ onOverflow }: SheetViewProps) {
+  const view = useRef<HTMLDivElement>(null);
+  const size = useViewSize(view);
+  const pixelRatio = usePixelRatio();
+  const resolution = useSheetStore((sheet) => sheet.int.resolution);
+  const definitions = useSheetStore((sheet) => sheet.numberDefinitions);
+  const converters = useSheetStore((sheet) => sheet.converters);
+  const sheetId = useSheetStore((sheet) => sheet.id);
+  const [scrolls] = useState(() => new RowScrolls());
+
+  const viewWidth = (size?.width ?? 0) - LABELS_WIDTH - SIDE;
+  const geometry = useMemo(
+    () => sheetGeometry({ resolution, definitions, converters, viewWidth, charWidth: digitWidth() }),
+    [resolution, definitions, converters, viewWidth],
+  );
+  const [scrolled, setScrolled] = useState(0);
+  const viewHeight = size?.height ?? 0;
+
+  useLayoutEffect(() => onOverflow(geometry.overflows), [geometry.overflows, onOverflow]);
+  useLayoutEffect(() => {
+    scrolls.attachView(view.current);
+    scrolls.restore(sheetId, useSheetStore.getState().scrollMap);
+    setScrolled(view.current!.scrollTop);
+  }, [scrolls, sheetId, size !== undefined]);
+  useLayoutEffect(() => () => scrolls.store(), [scrolls]);
+
+  const onScroll = () => {
+    const position = view.current!.scrollTop;
+    scrolls.viewScrolled(position);
+    setScrolled((before) => (sameRows(geometry, before, position, viewHeight) ? before : position));
+  };
+
+  const rows = useRef(geometry.rows);
+  rows.current = geometry.rows;
+  const onMove = useCallback<MoveFocus>((rowKey, index, direction, part) => {
+    const target = neighbour(rows.current, rowKey, index, direction);
+    const row = rows.current.find(({ key }) => key === target?.rowKey);
+    if (target && row) focusWord(row, target.index, part);
+  }, []);
+
+  const focusedRow = useSheetStore(({ focusedBlock: [type, bits] }) => `${type}:${bits}`);
+  const top = Math.min(scrolled, Math.max(0, geometry.height - viewHeight));
+  return (
+    <div ref={view} className="sheet-view" onScroll={onScroll}>
+      {size &&
+        geometry.rows.map((row) => (
+          <RowView
+            key={row.key}
+            row={row}
+            isNear={isNear(row, top, viewHeight) || row.key === focusedRow}
+            viewWidth={viewWidth}
+            pixelRatio={pixelRatio}
+            scrolls={scrolls}
+            onMove={onMove}
+          />
+        ))}
+    </div>
+  );
+}
+
+function isNear({ top, height }: RowGeometry, scrolled: number, viewHeight: number): boolean {
+  return top + height >= scrolled - MARGIN && top <= scrolled + viewHeight + MARGIN;
+}
+
+function sameRows({ rows }: SheetGeometry, before: number, now: number, viewHeight: number): boolean {
+  return rows.every((row) => isNear(row, before, viewHeight) === isNear(row, now, viewHeight));
+}

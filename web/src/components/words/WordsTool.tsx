@@ -1,0 +1,20 @@
+import { useState } from 'react';
+import { useSheetStore } from '../../stores/sheetStore';
+import { SHEET_PANEL_ID } from '../sheetPanel';
+import { SheetToolbar } from './SheetToolbar';
+import { SheetView } from './SheetView';
+import './words.css';
+
+/** The sheet that is shown: its toolbar and its rows of words. Nothing while there is none. */
+export function WordsTool() {
+  const hasSheet = useSheetStore((sheet) => sheet.id !== null);
+  const displayName = useSheetStore((sheet) => sheet.displayName);
+  const [overflows, setOverflows] = useState(false);
+  if (!hasSheet) return null;
+  return (
+    <div role="tabpanel" id={SHEET_PANEL_ID} aria-label={displayName} className="words-tool">
+      <SheetToolbar hasOverflow={overflows} />
+      <SheetView onOverflow={setOverflows} />
+    </div>
+  );
+}

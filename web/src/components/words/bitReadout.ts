@@ -1,0 +1,26 @@
+import { create } from 'zustand';
+
+/** The bit under the pointer or the keyboard's cursor. */
+export interface BitReadout {
+  readonly width: number;
+  /** Of the word, counted from 0. */
+  readonly index: number;
+  readonly bit: number;
+  readonly isSet: boolean;
+  readonly signed: boolean;
+}
+
+export const useBitReadout = create<{ readout: BitReadout | undefined }>()(() => ({ readout: undefined }));
+
+export function showBit(readout: BitReadout | undefined): void {
+  useBitReadout.setState({ readout });
+}
+
+/** What a set bit adds to its word's value, such as 2^7 = 128; the top bit of a signed word takes away. */
+export function bitWeight({ width, bit, signed }: BitReadout): string {
+  const sign = signed && bit === width - 1 ? '−' : '';
+  const power = `${sign}2^${bit}`;
+  return bit < LONGEST_WRITTEN_WEIGHT ? `${power} = ${sign}${(1n << BigInt(bit)).toLocaleString('en')}` : power;
+}
+
+const LONGEST_WRITTEN_WEIGHT = 64;

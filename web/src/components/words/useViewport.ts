@@ -1,0 +1,56 @@
+import { useLayoutEffect, useState, useSyncExternalStore, type RefObject } from 'react';
+
+export interface ViewSize {
+  readonly width: number;
+  readonly height: number;
+}
+
+/** The inner size of an element in CSS pixels, without scrollbars; undefined until it is known. */
+export function useViewSize(element: RefObject<HTMLElement | null>): ViewSize | undefined {
+  const [size, setSize] = useState<ViewSize>();
+  useLayoutEffect(() => {
+    const target = element.current!;
+    const measure = () => {
+      const { clientWidth: width, clientHeight: height } = target;
+      setSize((before) => (before?.width === width && before.height === height ? before : { width, height }));
+    };
+    measure();
+    const observer = new ResizeObserver(measure);
+    observer.observe(target);
+    return () => observer.disconnect();
+  }, [element]);
+  return size;
+}
+
+/** Device pixels per CSS pixel; changes with the browser's zoom and when the window moves to another screen. */
+export function usePixelRatio(): number {
+  return useSyncExternalStore(subscribeToPixelRatio, () => window.devicePixelRatio);
+}
+
+function subscribeToPixelRatio(changed: () => void): () => void {
+  let query: MediaQueryList;
+  const listen = () => {
+    query = matchMedia(`(resolution: ${window.devicePixelRatio}dppx)`);
+    query.addEventListener('change', onChange, { once: true });
+  };
+  const onChange = () => {
+    changed();
+    listen();
+  };
+  listen();
+  return () => query.removeEventListener('change', onChange);
+}
+
+/** Width in CSS pixels of one digit in a word's fields. */
+export function digitWidth(): number {
+  if (measuredDigit) return measuredDigit;
+  const context = document.createElement('canvas').getContext('2d');
+  if (!context) return USUAL_DIGIT;
+  context.font = FIELD_FONT;
+  return (measuredDigit = context.measureText('0'.repeat(100)).width / 100);
+}
+
+/** As the style sheet has it. */
+const FIELD_FONT = "12px ui-monospace, 'Cascadia Mono', Consolas, 'DejaVu Sans Mono', 'Liberation Mono', monospace";
+const USUAL_DIGIT = 7.25;
+let measuredDigit = 0;
