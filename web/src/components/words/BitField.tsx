@@ -111,7 +111,6 @@ export const BitField = memo(function BitField({ name, layout, pixelRatio, index
       aria-label={name}
       aria-describedby={READOUT_ID}
       aria-roledescription={i18next.t('words.bitFieldRole')}
-      title={i18next.t('words.bitFieldHelp')}
       data-part="bits"
       style={{ width: layout.width, height: layout.height }}
       onPointerDown={onPointerDown}
@@ -159,12 +158,22 @@ function bitsBetween({ bits, bitsPerLine }: BitFieldLayout, from: number, to: nu
   return Array.from({ length: Math.abs(from - to) + 1 }, (_, offset) => first + offset);
 }
 
-/** Scrolls the row so that a bit can be seen. */
+/** Scrolls row and sheet so that a bit can be seen. */
 function revealCell(canvas: HTMLElement, layout: BitFieldLayout, bit: number): void {
-  const scroller = canvas.closest('.row-scroller');
-  if (!scroller) return;
-  const { x, width } = cellOf(layout, bit);
-  const left = canvas.getBoundingClientRect().left + x - scroller.getBoundingClientRect().left;
-  if (left < 0) scroller.scrollLeft += left - width;
-  else if (left + width > scroller.clientWidth) scroller.scrollLeft += left + 2 * width - scroller.clientWidth;
+  const row = canvas.closest('.row-scroller');
+  const view = canvas.closest('.sheet-view');
+  if (!row || !view) return;
+  const cell = cellOf(layout, bit);
+  const field = canvas.getBoundingClientRect();
+  const rowBox = row.getBoundingClientRect();
+  const viewBox = view.getBoundingClientRect();
+  row.scrollLeft += beyond(field.left + cell.x - rowBox.left, cell.width, row.clientWidth);
+  view.scrollTop += beyond(field.top + cell.y - viewBox.top, layout.lineHeight, view.clientHeight);
+}
+
+/** How far a part lies outside a view, with some room around it; 0 when it is inside. */
+function beyond(start: number, size: number, viewSize: number): number {
+  if (start < 0) return start - size;
+  const end = start + size;
+  return end > viewSize ? end + size - viewSize : 0;
 }

@@ -1,5 +1,6 @@
-import { useCallback, useLayoutEffect, useMemo, useRef, useState } from 'react';
+import { useCallback, useLayoutEffect, useMemo, useRef, useState, type PointerEvent } from 'react';
 import { useSheetStore } from '../../stores/sheetStore';
+import { Minimap } from './Minimap';
 import { focusWord, neighbour } from './moveFocus';
 import { RowScrolls } from './rowScrolls';
 import { RowView } from './RowView';
@@ -62,21 +63,31 @@ export function SheetView({ onOverflow }: SheetViewProps) {
   const focusedRow = useSheetStore(({ focusedBlock: [type, bits] }) => `${type}:${bits}`);
   const top = Math.min(scrolled, Math.max(0, geometry.height - viewHeight));
   return (
-    <div ref={view} className="sheet-view" onScroll={onScroll}>
-      {size &&
-        geometry.rows.map((row) => (
-          <RowView
-            key={row.key}
-            row={row}
-            isNear={isNear(row, top, viewHeight) || row.key === focusedRow}
-            viewWidth={viewWidth}
-            pixelRatio={pixelRatio}
-            scrolls={scrolls}
-            onMove={onMove}
-          />
-        ))}
+    <div className="sheet-body">
+      <div ref={view} className="sheet-view" onScroll={onScroll} onPointerDown={unfocusOutside}>
+        {size &&
+          geometry.rows.map((row) => (
+            <RowView
+              key={row.key}
+              row={row}
+              isNear={isNear(row, top, viewHeight) || row.key === focusedRow}
+              viewWidth={viewWidth}
+              pixelRatio={pixelRatio}
+              scrolls={scrolls}
+              onMove={onMove}
+            />
+          ))}
+      </div>
+      <Minimap geometry={geometry} view={view} viewHeight={viewHeight} />
     </div>
   );
+}
+
+/** A press beside all words leaves none focused. */
+function unfocusOutside({ target }: PointerEvent): void {
+  if ((target as Element).closest('.block')) return;
+  const { focusedBlock, unfocus } = useSheetStore.getState();
+  if (focusedBlock[0] !== null) unfocus(...focusedBlock);
 }
 
 function isNear({ top, height }: RowGeometry, scrolled: number, viewHeight: number): boolean {

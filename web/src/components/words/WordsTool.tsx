@@ -1,6 +1,7 @@
 import { useState } from 'react';
 import { useSheetStore } from '../../stores/sheetStore';
 import { SHEET_PANEL_ID } from '../sheetPanel';
+import { BitStatus } from './BitStatus';
 import { SheetToolbar } from './SheetToolbar';
 import { SheetView } from './SheetView';
 import './words.css';
@@ -15,6 +16,7 @@ export function WordsTool() {
     <div role="tabpanel" id={SHEET_PANEL_ID} aria-label={displayName} className="words-tool">
       <SheetToolbar hasOverflow={overflows} />
       <SheetView onOverflow={setOverflows} />
+      <BitStatus />
     </div>
   );
 }

@@ -1,0 +1,76 @@
+import { useLayoutEffect, useRef, type MouseEvent, type PointerEvent, type RefObject } from 'react';
+import { i18next } from '../../i18n';
+import { useSheetStore } from '../../stores/sheetStore';
+import type { SheetGeometry } from './sheetGeometry';
+
+interface MinimapProps {
+  geometry: SheetGeometry;
+  view: RefObject<HTMLElement | null>;
+  viewHeight: number;
+}
+
+/**
+ * The whole sheet at the height of the view, with a frame around what is in view. A press or drag scrolls there; each
+ * row is also a button.
+ */
+export function Minimap({ geometry, view, viewHeight }: MinimapProps) {
+  const frame = useRef<HTMLDivElement>(null);
+  const isDragging = useRef(false);
+  const focusedRow = useSheetStore(({ focusedBlock: [type, bits] }) => `${type}:${bits}`);
+  const { rows, height } = geometry;
+  const fits = height <= viewHeight;
+
+  useLayoutEffect(() => {
+    const scroller = view.current!;
+    // Moved by hand: a render for each step of a scroll would cost more than the scroll.
+    const follow = () => {
+      if (frame.current) frame.current.style.top = `${(100 * scroller.scrollTop) / height}%`;
+    };
+    follow();
+    scroller.addEventListener('scroll', follow, { passive: true });
+    return () => scroller.removeEventListener('scroll', follow);
+  }, [view, height, fits]);
+  if (fits) return <div className="minimap" />;
+
+  const scrollTo = ({ currentTarget, clientY }: PointerEvent) => {
+    const { top, height: mapHeight } = currentTarget.getBoundingClientRect();
+    view.current!.scrollTop = ((clientY - top) / mapHeight) * height - viewHeight / 2;
+  };
+  const onPointerDown = (event: PointerEvent<HTMLElement>) => {
+    if (event.button !== 0) return;
+    isDragging.current = true;
+    event.currentTarget.setPointerCapture(event.pointerId);
+    scrollTo(event);
+  };
+  const onPointerMove = (event: PointerEvent) => isDragging.current && scrollTo(event);
+  const onPointerUp = () => (isDragging.current = false);
+  const onClick = ({ detail }: MouseEvent, top: number) => {
+    // A pointer's press has scrolled already.
+    if (detail === 0) view.current!.scrollTop = top;
+  };
+
+  return (
+    <nav
+      className="minimap"
+      aria-label={i18next.t('words.minimap')}
+      onPointerDown={onPointerDown}
+      onPointerMove={onPointerMove}
+      onPointerUp={onPointerUp}
+      onPointerCancel={onPointerUp}
+    >
+      {rows.map((row) => (
+        <button
+          key={row.key}
+          type="button"
+          className={row.key === focusedRow ? 'focused' : undefined}
+          style={{ flexGrow: row.height }}
+          aria-label={i18next.t('words.goToRow', { shortLabel: row.shortLabel, label: row.label })}
+          onClick={(event) => onClick(event, row.top)}
+        >
+          {row.shortLabel}
+        </button>
+      ))}
+      <div ref={frame} className="minimap-frame" style={{ height: `${(100 * viewHeight) / height}%` }} />
+    </nav>
+  );
+}
