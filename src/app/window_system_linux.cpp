@@ -6,18 +6,15 @@
 #include <string>
 
 #include "app/window_system.h"
+#include "bridge/glib_ownership_linux.h"
 #include "server/embedded_filesystem.h"
 
-struct GUnref {
-    void operator()(gpointer object) const { g_object_unref(object); }
-};
-
-static std::unique_ptr<GdkPixbuf, GUnref> embeddedPicture(const std::string& path) {
+static OwnedObject<GdkPixbuf> embeddedPicture(const std::string& path) {
     const EmbeddedFile file = getEmbeddedFilesystem().openEmbedded(path);
     const std::unique_ptr<GBytes, decltype(&g_bytes_unref)> bytes(g_bytes_new_static(file.begin(), file.size()),
                                                                   g_bytes_unref);
-    const std::unique_ptr<GInputStream, GUnref> stream(g_memory_input_stream_new_from_bytes(bytes.get()));
-    return std::unique_ptr<GdkPixbuf, GUnref>(gdk_pixbuf_new_from_stream(stream.get(), nullptr, nullptr));
+    const OwnedObject<GInputStream> stream(g_memory_input_stream_new_from_bytes(bytes.get()));
+    return OwnedObject<GdkPixbuf>(gdk_pixbuf_new_from_stream(stream.get(), nullptr, nullptr));
 }
 
 /// A program without its icon is still of use, so nothing that goes wrong here is told.

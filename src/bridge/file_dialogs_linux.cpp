@@ -1,19 +1,12 @@
 #include <gtk/gtk.h>
 
 #include <filesystem>
-#include <memory>
 #include <system_error>
 
 #include "bridge/file_dialogs.h"
+#include "bridge/glib_ownership_linux.h"
 
-struct GFree {
-    void operator()(gchar* text) const { g_free(text); }
-};
-struct GUnref {
-    void operator()(gpointer object) const { g_object_unref(object); }
-};
-using OwnedText = std::unique_ptr<gchar, GFree>;
-using OwnedDialog = std::unique_ptr<GtkFileChooserNative, GUnref>;
+using OwnedDialog = OwnedObject<GtkFileChooserNative>;
 
 // "*.*" means every file to users of this filter, also those whose names have no dot.
 static const char* globOf(const std::string& pattern) { return pattern == "*.*" ? "*" : pattern.c_str(); }
