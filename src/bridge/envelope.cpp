@@ -6,7 +6,8 @@
 std::string envelope(const Outcome& outcome, const char* payloadKey) {
     const Json object(json_object_new_object());
     const auto addText = [&](const char* key, const std::string& text) {
-        if (!text.empty()) json_object_object_add(object.get(), key, json_object_new_string(text.c_str()));
+        if (text.c_str()[0] == '\0') return;  // a text ends at its first NUL
+        json_object_object_add(object.get(), key, json_object_new_string(text.c_str()));
     };
     json_object_object_add(object.get(), "success", json_object_new_boolean(outcome.success));
     addText(payloadKey, outcome.payload);

@@ -18,6 +18,10 @@ TEST(Envelope, EndsThePayloadAtItsFirstNul) {
     EXPECT_EQ(envelope(succeeded(std::string("ab\0cd", 5)), "data"), R"({ "success": true, "data": "ab" })");
 }
 
+TEST(Envelope, LeavesAPayloadOutThatBeginsWithANul) {
+    EXPECT_EQ(envelope(succeeded(std::string("\0ab", 3)), "data"), R"({ "success": true })");
+}
+
 TEST(Envelope, KeepsNonAsciiPaths) {
     EXPECT_EQ(envelope(succeeded("Übung.tessary"), "path"), R"({ "success": true, "path": "\u00dcbung.tessary" })");
 }
