@@ -8,6 +8,10 @@
 
 using OwnedDialog = OwnedObject<GtkFileChooserNative>;
 
+// GTK gives its dialogs no titles of their own; these are the ones that Windows gives.
+static constexpr const char* openTitle = "Open";
+static constexpr const char* saveTitle = "Save As";
+
 // "*.*" means every file to users of this filter, also those whose names have no dot.
 static const char* globOf(const std::string& pattern) { return pattern == "*.*" ? "*" : pattern.c_str(); }
 
@@ -25,8 +29,8 @@ static void addFilters(GtkFileChooser* chooser, const FileFilter& filter) {
     g_slist_free(entries);
 }
 
-static OwnedDialog makeDialog(GtkFileChooserAction action, const FileFilter& filter) {
-    OwnedDialog dialog(gtk_file_chooser_native_new(nullptr, nullptr, action, nullptr, nullptr));
+static OwnedDialog makeDialog(const char* title, GtkFileChooserAction action, const FileFilter& filter) {
+    OwnedDialog dialog(gtk_file_chooser_native_new(title, nullptr, action, nullptr, nullptr));
     addFilters(GTK_FILE_CHOOSER(dialog.get()), filter);
     return dialog;
 }
@@ -45,8 +49,9 @@ static bool exists(const std::string& path) {
     return std::filesystem::exists(path, ignored);
 }
 
-static bool agrees(GtkMessageType type, GtkButtonsType buttons, const std::string& question) {
+static bool agrees(const char* title, GtkMessageType type, GtkButtonsType buttons, const std::string& question) {
     GtkWidget* box = gtk_message_dialog_new(nullptr, GTK_DIALOG_MODAL, type, buttons, "%s", question.c_str());
+    gtk_window_set_title(GTK_WINDOW(box), title);
     gtk_window_set_keep_above(GTK_WINDOW(box), TRUE);
     const gint answer = gtk_dialog_run(GTK_DIALOG(box));
     gtk_widget_destroy(box);
@@ -56,11 +61,11 @@ static bool agrees(GtkMessageType type, GtkButtonsType buttons, const std::strin
 static std::string nameOf(const std::string& path) { return std::filesystem::path(path).filename().string(); }
 
 std::optional<std::string> askForFileToOpen(const FileFilter& filter) {
-    const OwnedDialog dialog = makeDialog(GTK_FILE_CHOOSER_ACTION_OPEN, filter);
+    const OwnedDialog dialog = makeDialog(openTitle, GTK_FILE_CHOOSER_ACTION_OPEN, filter);
     while (gtk_native_dialog_run(GTK_NATIVE_DIALOG(dialog.get())) == GTK_RESPONSE_ACCEPT) {
         const auto path = chosenPath(GTK_FILE_CHOOSER(dialog.get()));
         if (!path || exists(*path)) return path;
-        agrees(GTK_MESSAGE_WARNING, GTK_BUTTONS_OK, "There is no file named “" + nameOf(*path) + "”.");
+        agrees(openTitle, GTK_MESSAGE_WARNING, GTK_BUTTONS_OK, "There is no file named “" + nameOf(*path) + "”.");
     }
     return std::nullopt;
 }
@@ -68,12 +73,12 @@ std::optional<std::string> askForFileToOpen(const FileFilter& filter) {
 // The chooser asks by itself about the name as typed; this is for a name that only the extension made an existing one.
 static bool mayOverwrite(const std::string& typed, const std::string& path) {
     if (typed == path || !exists(path)) return true;
-    return agrees(GTK_MESSAGE_QUESTION, GTK_BUTTONS_YES_NO,
+    return agrees(saveTitle, GTK_MESSAGE_QUESTION, GTK_BUTTONS_YES_NO,
                   "A file named “" + nameOf(path) + "” already exists. Do you want to replace it?");
 }
 
 std::optional<std::string> askForFileToSave(const SaveRequest& request) {
-    const OwnedDialog dialog = makeDialog(GTK_FILE_CHOOSER_ACTION_SAVE, request.filter);
+    const OwnedDialog dialog = makeDialog(saveTitle, GTK_FILE_CHOOSER_ACTION_SAVE, request.filter);
     GtkFileChooser* chooser = GTK_FILE_CHOOSER(dialog.get());
     gtk_file_chooser_set_do_overwrite_confirmation(chooser, TRUE);
     if (!request.defaultName.empty()) gtk_file_chooser_set_current_name(chooser, request.defaultName.c_str());
