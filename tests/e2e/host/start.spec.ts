@@ -1,0 +1,142 @@
+import { copyFileSync, existsSync, mkdirSync, readFileSync, symlinkSync } from 'node:fs';
+import { basename, dirname, join } from 'node:path';
+import { expect, test } from '../support/hostFixtures';
+import { sampleDocument } from '../support/paths';
+import { launchArgs } from '../support/program';
+
+const usage = 'Usage: tessary [--help] [--version] file';
+
+test('the document named on the command line is shown, whatever its name', async ({ open, place }) => {
+  const file = join(place.documents, `it's "a" \\ sample.words.tessary`);
+  copyFileSync(sampleDocument, file);
+  const program = await open([basename(file)]);
+  await program.shows('SHA-256 initial hash');
+  expect(await program.page.evaluate(() => (window as { tessary?: unknown }).tessary)).toEqual({
+    os: { platform: 'windows', arch: 'x64' },
+    backend: { implementation: 'cpp', msPackageName: null },
+    args: { error: null, filePath: file },
+  });
+  expect(program.log()).toContain(`\n[Backend] Opening file: ${file}\n`);
+});
+
+test('a document whose name is not ASCII is shown', async ({ open, place }) => {
+  const file = join(place.documents, 'Übung é À ÿ 漢字 😀.words.tessary');
+  copyFileSync(sampleDocument, file);
+  const program = await open([file]);
+  await program.shows('SHA-256 initial hash');
+  expect(await launchArgs(program)).toEqual({ error: null, filePath: file });
+});
+
+test('without a document the welcome page is shown', async ({ open }) => {
+  const program = await open();
+  await program.shows('Open Words Tool');
+  expect(await launchArgs(program)).toEqual({ error: null, filePath: null });
+  expect(program.log()).not.toContain('[Backend]');
+});
+
+test('a document that is not there is named on the start page', async ({ open, place }) => {
+  const program = await open(['./gone.tessary']);
+  await program.shows('Failed to start Tessary: File not found: ./gone.tessary');
+  expect(await launchArgs(program)).toEqual({ error: 'File not found: ./gone.tessary', filePath: null });
+  expect(program.log()).toContain('\n[Backend Error] File not found: ./gone.tessary\n');
+  expect(existsSync(join(place.documents, 'debug.log'))).toBe(false);
+});
+
+test('a second document leaves the welcome page and the usage in the log', async ({ open }) => {
+  const program = await open(['one', 'two']);
+  await program.shows('Open Words Tool');
+  expect(await program.page.evaluate(() => typeof (window as { tessary?: { args?: unknown } }).tessary?.args)).toBe(
+    'undefined',
+  );
+  expect(program.log()).toMatch(/\n\[Backend Error\] [^\n]+\n\nUsage: tessary [^\n]+\n[^]*Path to file to open/);
+});
+
+test('a folder as the document is reported as not found on the start page', async ({ open, place }) => {
+  const program = await open([place.documents]);
+  await program.shows('Failed to read file: file-not-found');
+  expect(await launchArgs(program)).toEqual({ error: null, filePath: place.documents });
+});
+
+test('an empty document is reported on the start page', async ({ open, place }) => {
+  const program = await open([place.write('empty.words.tessary')]);
+  await program.shows('Failed to read file: Unknown error');
+});
+
+test('the window has its title, size and icon', async ({ open }) => {
+  const program = await open();
+  expect(program.window.title).toBe('Tessary');
+  const geometry = program.desktop.describe('xwininfo', program.window);
+  expect(geometry).toMatch(/Width: 800\n.*Height: 600\n/);
+  const icon = program.desktop.describe('xprop', program.window, '_NET_WM_ICON');
+  const sizes = [...icon.matchAll(/Icon \((\d+) x \d+\)/g)].map(([, size]) => Number(size));
+  expect(sizes).toEqual(expect.arrayContaining([16, 32, 48, 64, 128]));
+  expect(program.desktop.describe('xprop', program.window, 'WM_NORMAL_HINTS')).not.toContain('maximum size');
+});
+
+test('closing the window ends the program with code 0, frees its port and leaves a complete log', async ({ open }) => {
+  const program = await open();
+  await program.shows('Open Words Tool');
+  const port = new URL(program.url).port;
+  expect(await program.close()).toBe(0);
+  await expect(fetch(program.url)).rejects.toThrow('fetch failed');
+  expect(program.log().split('\n').slice(0, 5)).toEqual([
+    '[Server] Release mode: serving embedded static files',
+    `[Server] Bound to port ${port}`,
+    'Application: tessary v1.5.4',
+    expect.stringMatching(/^Executable path: \/.*\/app\/tessary$/),
+    `Server URL: http://localhost:${port}`,
+  ]);
+});
+
+test('a second run continues the log of the first', async ({ open }) => {
+  const first = await open();
+  await first.shows('Open Words Tool');
+  await first.close();
+  const before = first.log();
+  const second = await open();
+  expect(second.log().startsWith(before)).toBe(true);
+  expect(second.log().slice(before.length)).toMatch(/^\[Server\] Release mode[^]*\nServer URL: /);
+});
+
+test('started through a link or a relative path, the log lies beside the executable', async ({ open, place }) => {
+  const link = join(place.folder, 'shortcut');
+  symlinkSync(place.program, link);
+  const byLink = await open([], { command: [link] });
+  expect(byLink.log()).toContain(`Executable path: ${place.program}\n`);
+  await byLink.close();
+  const byRelativePath = await open([], { command: ['../app/tessary'] });
+  expect(byRelativePath.log().match(new RegExp(`Executable path: ${place.program}\n`, 'g'))).toHaveLength(2);
+  expect(existsSync(join(place.folder, 'debug.log'))).toBe(false);
+});
+
+test('the program runs without a log where none can be written', async ({ open, place }) => {
+  mkdirSync(place.logFile);
+  const program = await open();
+  await program.shows('Open Words Tool');
+  expect(await program.close()).toBe(0);
+  expect(program.process.stdout).toBe('');
+});
+
+test('help and version are printed, without a window or a log', async ({ run, place }) => {
+  for (const option of ['--help', '-h']) {
+    const help = run([option]);
+    expect(await help.exit()).toBe(0);
+    expect(help.stdout).toContain(usage);
+    expect(help.stdout).toContain('Path to file to open');
+  }
+  for (const option of ['--version', '-v']) {
+    const version = run([option]);
+    expect(await version.exit()).toBe(0);
+    expect(version.stdout).toBe('1.5.4\n');
+  }
+  expect(existsSync(place.logFile)).toBe(false);
+});
+
+test('without a display one sentence tells what is missing', async ({ run, place }) => {
+  const program = run([], { env: { DISPLAY: undefined } });
+  expect(await program.exit()).toBe(1);
+  expect(program.stderr).toBe(
+    'Tessary needs a display to open its window: start it in a desktop session, or under Xvfb.\n',
+  );
+  expect(readFileSync(join(dirname(place.program), 'debug.log'), 'utf8')).toContain('\nServer URL: ');
+});

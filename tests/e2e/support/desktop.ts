@@ -1,0 +1,142 @@
+import { execFileSync, spawn, type ChildProcessByStdio } from 'node:child_process';
+import { once } from 'node:events';
+import { mkdtempSync, rmSync } from 'node:fs';
+import { tmpdir } from 'node:os';
+import { join } from 'node:path';
+import type { Readable } from 'node:stream';
+import { tools } from './paths';
+import { until } from './until';
+
+export interface DesktopWindow {
+  id: string;
+  title: string;
+}
+
+/** Something in a window, as a screen reader is told of it. */
+export interface Accessible {
+  depth: number;
+  state: 'hidden' | 'shown' | 'focused';
+  role: string;
+  name: string;
+  text: string;
+}
+
+type Service = ChildProcessByStdio<null, Readable, null>;
+
+/**
+ * A desktop session that nobody sees: a screen of 1280 by 1024 pixels without a window manager, and a session bus with
+ * the services for assistive technology.
+ */
+export class Desktop {
+  readonly #folder = mkdtempSync(join(tmpdir(), 'tessary-desktop-'));
+  readonly #services: Service[] = [];
+  readonly environment: Record<string, string | undefined> = {
+    PATH: process.env.PATH,
+    LANG: 'C.UTF-8',
+    HOME: this.#folder,
+  };
+
+  static async start(): Promise<Desktop> {
+    const desktop = new Desktop();
+    try {
+      const screen = ['-displayfd', '1', '-screen', '0', '1280x1024x24', '-nolisten', 'tcp', '-noreset'];
+      desktop.environment.DISPLAY = `:${await desktop.#serve('Xvfb', screen)}`;
+      const bus = ['--session', '--nofork', '--print-address=1'];
+      desktop.environment.DBUS_SESSION_BUS_ADDRESS = await desktop.#serve('dbus-daemon', bus);
+    } catch (error) {
+      await desktop.stop();
+      throw error;
+    }
+    return desktop;
+  }
+
+  async stop() {
+    for (const service of this.#services.reverse()) {
+      if (service.exitCode !== null) continue;
+      service.kill();
+      await once(service, 'exit');
+    }
+    rmSync(this.#folder, { recursive: true, force: true });
+  }
+
+  /** The windows of one process that can be seen now. */
+  windowsOf(pid: number): DesktopWindow[] {
+    const found = this.#query('xdotool', 'search', '--all', '--onlyvisible', '--pid', String(pid), '--name', '');
+    return found
+      .split('\n')
+      .filter((id) => id !== '')
+      .map((id) => ({ id, title: this.#query('xdotool', 'getwindowname', id).trim() }));
+  }
+
+  /** All that a screen reader is told of the windows of one process. */
+  accessiblesOf(pid: number): Accessible[] {
+    return this.#query(`${tools}/accessible_tree`, String(pid))
+      .split('\n')
+      .filter((line) => /^\d+\t/.test(line))
+      .map((line) => {
+        const [depth, state, role = '', name = '', text = ''] = line.split('\t');
+        return { depth: Number(depth), state: state as Accessible['state'], role, name, text };
+      });
+  }
+
+  /** What `xprop` or `xwininfo` say about a window. */
+  describe(tool: 'xprop' | 'xwininfo', window: DesktopWindow, ...options: string[]): string {
+    return this.#run(tool, '-id', window.id, ...options);
+  }
+
+  /** Without a window manager nobody else gives a new window the keyboard. */
+  focus(window: DesktopWindow) {
+    this.#run('xdotool', 'windowfocus', '--sync', window.id);
+  }
+
+  /** Presses keys one after the other, such as "ctrl+a" or "Return". */
+  press(...keys: string[]) {
+    this.#run('xdotool', 'key', '--clearmodifiers', ...keys);
+  }
+
+  /** Types a text. What no key of the keyboard gives is typed by its code point, as GTK offers it. */
+  type(text: string) {
+    for (const part of text.match(/[ -~]+|[^ -~]/gu) ?? []) {
+      if (/^[ -~]/.test(part)) this.#run('xdotool', 'type', '--clearmodifiers', '--delay', '4', part);
+      else this.press('ctrl+shift+u', ...(part.codePointAt(0) ?? 0).toString(16), 'space');
+    }
+  }
+
+  /** Asks a window to close, as its close button does. */
+  close(window: DesktopWindow) {
+    this.#run(`${tools}/close_window`, window.id);
+  }
+
+  /** A picture of the whole screen, as PNG. */
+  screenshot(): Buffer {
+    return execFileSync('import', ['-window', 'root', 'png:-'], { env: this.environment, maxBuffer: 1e8 });
+  }
+
+  /** Starts a service and gives the first line that it prints. */
+  async #serve(command: string, options: string[]): Promise<string> {
+    const service = spawn(command, options, { env: this.environment, stdio: ['ignore', 'pipe', 'ignore'] });
+    this.#services.push(service);
+    let printed = '';
+    service.stdout.setEncoding('utf8').on('data', (text: string) => (printed += text));
+    await until(command, () => printed.includes('\n') || service.exitCode !== null);
+    if (service.exitCode !== null) throw new Error(`${command} did not start`);
+    return printed.trim();
+  }
+
+  #run(command: string, ...options: string[]): string {
+    return execFileSync(command, options, {
+      env: this.environment,
+      encoding: 'utf8',
+      stdio: ['ignore', 'pipe', 'pipe'],
+    });
+  }
+
+  /** What a command prints; nothing when it fails, as a search does that finds no window. */
+  #query(command: string, ...options: string[]): string {
+    try {
+      return this.#run(command, ...options);
+    } catch {
+      return '';
+    }
+  }
+}

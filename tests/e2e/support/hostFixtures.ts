@@ -1,0 +1,117 @@
+import { test as base, expect } from '@playwright/test';
+import { copyFileSync, linkSync, mkdirSync, mkdtempSync, rmSync, writeFileSync } from 'node:fs';
+import { tmpdir } from 'node:os';
+import { dirname, join } from 'node:path';
+import { Desktop } from './desktop';
+import { executable } from './paths';
+import { Program, ProgramProcess, type Launch } from './program';
+
+/** A user's home with the program in it, thrown away after the test. */
+export class Place {
+  readonly folder = mkdtempSync(join(tmpdir(), 'tessary-'));
+  readonly program = join(this.folder, 'app', 'tessary');
+  readonly logFile = join(this.folder, 'app', 'debug.log');
+  readonly documents = join(this.folder, 'documents');
+  readonly home = join(this.folder, 'home');
+
+  constructor() {
+    for (const folder of [dirname(this.program), this.documents, join(this.home, 'runtime')]) {
+      mkdirSync(folder, { recursive: true, mode: 0o700 });
+    }
+    try {
+      linkSync(executable, this.program);
+    } catch {
+      copyFileSync(executable, this.program); // on another file system
+    }
+  }
+
+  /** Writes a file, making its folder, and gives its path. Relative names are taken from the documents' folder. */
+  write(name: string, content: string | Uint8Array = ''): string {
+    const path = join(this.documents, name);
+    mkdirSync(dirname(path), { recursive: true });
+    writeFileSync(path, content);
+    return path;
+  }
+
+  /** The environment of a fresh user on this desktop. */
+  environment(desktop: Desktop): Record<string, string | undefined> {
+    const { ASAN_OPTIONS, LSAN_OPTIONS, UBSAN_OPTIONS } = process.env;
+    return {
+      ...desktop.environment,
+      ASAN_OPTIONS,
+      LSAN_OPTIONS,
+      UBSAN_OPTIONS,
+      GSETTINGS_BACKEND: 'memory',
+      GTK_IM_MODULE: 'gtk-im-context-simple',
+      HOME: this.home,
+      XDG_CACHE_HOME: join(this.home, 'cache'),
+      XDG_CONFIG_HOME: join(this.home, 'config'),
+      XDG_DATA_HOME: join(this.home, 'data'),
+      XDG_RUNTIME_DIR: join(this.home, 'runtime'),
+    };
+  }
+
+  remove() {
+    rmSync(this.folder, { recursive: true, force: true });
+  }
+}
+
+export type StartOptions = Partial<Pick<Launch, 'command' | 'cwd' | 'env'>>;
+
+interface Fixtures {
+  place: Place;
+  /** Starts the program in its window, with these arguments, and ends it with the test. */
+  open: (args?: string[], options?: StartOptions) => Promise<Program>;
+  /** Starts the program where no window is expected, and ends it with the test. */
+  run: (args?: string[], options?: StartOptions) => ProgramProcess;
+}
+
+export const test = base.extend<Fixtures & { processes: ProgramProcess[] }, { desktop: Desktop }>({
+  desktop: [
+    async ({}, use) => {
+      const desktop = await Desktop.start();
+      await use(desktop);
+      await desktop.stop();
+    },
+    { scope: 'worker' },
+  ],
+  place: async ({}, use) => {
+    const place = new Place();
+    await use(place);
+    place.remove();
+  },
+  processes: async ({ desktop, place: _outlivesTheProcesses }, use, testInfo) => {
+    const processes: ProgramProcess[] = [];
+    await use(processes);
+    if (testInfo.status !== testInfo.expectedStatus) {
+      writeFileSync(testInfo.outputPath('screen.png'), desktop.screenshot());
+    }
+    for (const process of processes) await process.end();
+    for (const process of processes) expect(process.stderr).not.toMatch(/Sanitizer|runtime error:/);
+  },
+  open: async ({ desktop, place, processes }, use) => {
+    await use((args = [], options) =>
+      Program.start(launchOf(place, desktop, args, options), (process) => processes.push(process)),
+    );
+  },
+  run: async ({ desktop, place, processes }, use) => {
+    await use((args = [], options) => {
+      const process = new ProgramProcess(launchOf(place, desktop, args, options));
+      processes.push(process);
+      return process;
+    });
+  },
+});
+
+function launchOf(place: Place, desktop: Desktop, args: string[], options: StartOptions = {}): Launch {
+  return {
+    command: [...(options.command ?? [place.program]), ...args],
+    cwd: options.cwd ?? place.documents,
+    env: { ...place.environment(desktop), ...options.env },
+    logFile: place.logFile,
+    outputFolder: place.folder,
+    desktop,
+  };
+}
+
+export { expect };

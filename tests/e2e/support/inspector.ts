@@ -1,0 +1,116 @@
+import { until } from './until';
+
+interface RemoteValue {
+  type: string;
+  className?: string;
+  objectId?: string;
+  value?: unknown;
+  description?: string;
+}
+interface Answer {
+  result?: { result?: RemoteValue; wasThrown?: boolean };
+  error?: { message: string };
+}
+interface Message {
+  method?: string;
+  id?: number;
+  error?: { message: string };
+  params?: {
+    targetId?: string;
+    newTargetId?: string;
+    message?: string;
+    targetInfo?: { targetId: string; isProvisional?: boolean };
+  };
+}
+
+/** The developer tools of a running page: the engine's inspector, spoken to over its own protocol. */
+export class Inspector {
+  readonly #socket: WebSocket;
+  readonly #waiting = new Map<number, (answer: Answer) => void>();
+  #target: string | undefined;
+  #lastId = 0;
+
+  private constructor(socket: WebSocket) {
+    this.#socket = socket;
+    socket.addEventListener('message', (event) => this.#receive(JSON.parse(String(event.data)) as Message));
+    socket.addEventListener('close', () => {
+      for (const settle of this.#waiting.values()) settle({ error: { message: 'The page is gone' } });
+      this.#waiting.clear();
+    });
+  }
+
+  /** Waits until the program offers its page on this port. `alive` is asked meanwhile, so that a crash is told at once. */
+  static async connect(port: number, alive: () => boolean): Promise<Inspector> {
+    const path = await until('the inspector', async () => {
+      if (!alive()) throw new Error('The program ended before its page could be inspected');
+      return offeredSocket(port);
+    });
+    const socket = new WebSocket(`ws://127.0.0.1:${port}${path}`);
+    await new Promise<void>((resolve, reject) => {
+      socket.addEventListener('open', () => resolve());
+      socket.addEventListener('error', () => reject(new Error('The inspector refused the connection')));
+    });
+    const inspector = new Inspector(socket);
+    await until('a page to inspect', () => inspector.#target);
+    return inspector;
+  }
+
+  disconnect() {
+    this.#socket.close();
+  }
+
+  /**
+   * Runs a function in the page and waits for what it gives, also when that is a promise.
+   * The function knows nothing of its surroundings here: all it needs comes as arguments, which travel as JSON.
+   */
+  async evaluate<Arguments extends unknown[], Result>(
+    work: (...given: Arguments) => Result | Promise<Result>,
+    ...given: Arguments
+  ): Promise<Result> {
+    const call = `(async () => JSON.stringify([await (${work})(...${JSON.stringify(given)})]))()`;
+    const promise = await this.#ask('Runtime.evaluate', { expression: call });
+    const settled = await this.#ask('Runtime.awaitPromise', { promiseObjectId: promise.objectId, returnByValue: true });
+    return (JSON.parse(settled.value as string) as [Result])[0];
+  }
+
+  async #ask(method: string, parameters: object): Promise<RemoteValue> {
+    const answer = await this.#send(method, parameters);
+    const value = answer.result?.result;
+    if (answer.error || !value) throw new Error(answer.error?.message ?? 'The inspector gave no result');
+    if (answer.result?.wasThrown) throw new Error(value.description ?? String(value.value));
+    return value;
+  }
+
+  #send(method: string, parameters: object): Promise<Answer> {
+    const id = ++this.#lastId;
+    const message = JSON.stringify({ id, method, params: parameters });
+    return new Promise((resolve) => {
+      this.#waiting.set(id, resolve);
+      const outer = {
+        id: ++this.#lastId,
+        method: 'Target.sendMessageToTarget',
+        params: { targetId: this.#target, message },
+      };
+      this.#socket.send(JSON.stringify(outer));
+    });
+  }
+
+  #receive({ method, params }: Message) {
+    if (method === 'Target.targetCreated' && !params?.targetInfo?.isProvisional)
+      this.#target = params?.targetInfo?.targetId;
+    if (method === 'Target.didCommitProvisionalTarget') this.#target = params?.newTargetId;
+    if (method !== 'Target.dispatchMessageFromTarget' || params?.message === undefined) return;
+    const answer = JSON.parse(params.message) as Answer & { id?: number };
+    if (answer.id === undefined) return;
+    this.#waiting.get(answer.id)?.(answer);
+    this.#waiting.delete(answer.id);
+  }
+}
+
+async function offeredSocket(port: number): Promise<string | undefined> {
+  const list = await fetch(`http://127.0.0.1:${port}/`).then(
+    (response) => response.text(),
+    () => '',
+  );
+  return /\/socket\/\d+\/\d+\/WebPage/.exec(list)?.[0];
+}
