@@ -135,7 +135,7 @@ export const useSheetStore = create<SheetState & SheetOperations>()((set, get) =
         focusedBlock,
         signMap,
         scrollMap,
-        numberDefinitions: definitionsFor(intResolution, sheet.numberDefinitions),
+        numberDefinitions: keptIfSame(get().numberDefinitions, definitionsFor(intResolution, sheet.numberDefinitions)),
         converters,
         flagOptions,
         revision: get().revision + 1,
@@ -152,6 +152,15 @@ export const useSheetStore = create<SheetState & SheetOperations>()((set, get) =
     reset: () => set({ ...emptyState(), revision: get().revision + 1 }),
   };
 });
+
+// The same rows as before stay the same list, so that nothing is laid out again for another sheet of the same shape.
+function keptIfSame(before: readonly NumberDefinition[], after: readonly NumberDefinition[]) {
+  const isSame = ({ type, bits, visible }: NumberDefinition, at: number) => {
+    const old = before[at];
+    return old?.type === type && old.bits === bits && old.visible === visible;
+  };
+  return before.length === after.length && after.every(isSame) ? before : after;
+}
 
 export function isFocused({ focusedBlock }: SheetState, type: NumberType, width: number, index: number): boolean {
   return focusedBlock[0] === type && focusedBlock[1] === width && focusedBlock[2] === index;

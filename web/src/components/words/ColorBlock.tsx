@@ -10,12 +10,14 @@ import { readWord } from '../../model/wordLayout';
 import { useSheetStore } from '../../stores/sheetStore';
 import { BlockFrame, type BlockProps } from './BlockFrame';
 import { DigitsField } from './DigitsField';
+import { Picker } from './Picker';
 
 interface ColorBlockProps extends BlockProps {
   notation: ColorNotation;
   onNotation: (notation: ColorNotation) => void;
 }
 
+const NOTATIONS = [{ options: COLOR_NOTATIONS.map((id) => ({ id, label: id })) }];
 const ONE_LINE = { spans: false, lines: 1 };
 const CHANNEL_BITS = 8;
 
@@ -72,16 +74,15 @@ export const ColorBlock = memo(function ColorBlock({ row, index, onMove, notatio
               ))}
             </div>
             <div className="notation">
-              <select
-                aria-label={i18next.t('words.notation')}
-                data-part="notation"
-                value={notation}
-                onChange={({ currentTarget }) => onNotation(currentTarget.value as ColorNotation)}
-              >
-                {COLOR_NOTATIONS.map((each) => (
-                  <option key={each}>{each}</option>
-                ))}
-              </select>
+              <Picker
+                compact
+                part="notation"
+                label={i18next.t('words.notation')}
+                summary={notation}
+                groups={NOTATIONS}
+                isChosen={(id) => id === notation}
+                onChoose={(id) => onNotation(id as ColorNotation)}
+              />
               <DigitsField
                 name={i18next.t('words.colorText')}
                 part="text"

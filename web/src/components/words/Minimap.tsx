@@ -36,7 +36,7 @@ export function Minimap({ geometry, view, viewHeight }: MinimapProps) {
     const { top, height: mapHeight } = currentTarget.getBoundingClientRect();
     view.current!.scrollTop = ((clientY - top) / mapHeight) * height - viewHeight / 2;
   };
-  const onPointerDown = (event: PointerEvent<HTMLElement>) => {
+  const onPointerDown = (event: PointerEvent<HTMLDivElement>) => {
     if (event.button !== 0) return;
     isDragging.current = true;
     event.currentTarget.setPointerCapture(event.pointerId);
@@ -50,7 +50,8 @@ export function Minimap({ geometry, view, viewHeight }: MinimapProps) {
   };
 
   return (
-    <nav
+    <div
+      role="group"
       className="minimap"
       aria-label={i18next.t('words.minimap')}
       onPointerDown={onPointerDown}
@@ -71,6 +72,6 @@ export function Minimap({ geometry, view, viewHeight }: MinimapProps) {
         </button>
       ))}
       <div ref={frame} className="minimap-frame" style={{ height: `${(100 * viewHeight) / height}%` }} />
-    </nav>
+    </div>
   );
 }

@@ -13,10 +13,24 @@ interface PickerProps {
   multiple?: boolean;
   /** Below the list. */
   footer?: ReactNode;
+  /** Shows only what is chosen; the label is for assistive technology. */
+  compact?: boolean;
+  /** Says where the button belongs, for moving between words. */
+  part?: string;
 }
 
 /** A button that says what is chosen and opens the list to choose from. */
-export function Picker({ label, summary, groups, isChosen, onChoose, multiple = false, footer }: PickerProps) {
+export function Picker({
+  label,
+  summary,
+  groups,
+  isChosen,
+  onChoose,
+  multiple = false,
+  footer,
+  compact = false,
+  part,
+}: PickerProps) {
   const button = useRef<HTMLButtonElement>(null);
   const [isOpen, setOpen] = useState(false);
   const labelId = useId();
@@ -33,10 +47,11 @@ export function Picker({ label, summary, groups, isChosen, onChoose, multiple = 
     setOpen(true);
   };
   return (
-    <div className="picker">
+    <div className={compact ? 'picker compact' : 'picker'}>
       <button
         ref={button}
         type="button"
+        data-part={part}
         aria-haspopup="listbox"
         aria-expanded={isOpen}
         onClick={() => setOpen(!isOpen)}

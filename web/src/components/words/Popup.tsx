@@ -1,5 +1,6 @@
 import { useEffect, useLayoutEffect, useRef, type KeyboardEvent, type ReactNode, type RefObject } from 'react';
 import { createPortal } from 'react-dom';
+import { SHEET_PANEL_ID } from '../sheetPanel';
 
 interface PopupProps {
   /** What opened the popup: it appears below, and the focus goes back there. */
@@ -48,7 +49,8 @@ export function Popup({ anchor, className, onClose, children }: PopupProps) {
     >
       {children}
     </div>,
-    document.body,
+    // Within the panel, so that it belongs to the page's main part.
+    document.getElementById(SHEET_PANEL_ID) ?? document.body,
   );
 }
 

@@ -61,7 +61,7 @@ function looksOther(bit: number, picture: BitFieldPicture, drawn: BitFieldPictur
 function drawCell(context: CanvasRenderingContext2D, picture: BitFieldPicture, bit: number, color?: string): void {
   const { layout, palette, digits } = picture;
   const isOne = digits[layout.bits - 1 - bit] === '1';
-  const cell = shrunk(snapped(cellOf(layout, bit), picture.pixelRatio), CELL_GAP);
+  const cell = snapped(cellOf(layout, bit), picture.pixelRatio);
   const background = isOne ? (color ?? palette.one) : palette.zero;
   context.fillStyle = background;
   context.fillRect(cell.x, cell.y, cell.width, cell.height);
@@ -124,13 +124,10 @@ function fieldColors(bits: number): readonly string[] {
 
 const fieldColorTables: Record<number, readonly string[]> = {};
 
-// Cells on whole device pixels have sharp edges.
+// On whole device pixels edges are sharp, and drawing a cell again leaves no trace of what it was before.
 function snapped({ x, y, width, height }: Rect, ratio: number): Rect {
-  const left = Math.round(x * ratio) / ratio;
-  const right = Math.round((x + width) * ratio) / ratio;
-  return { x: left, y, width: right - left, height };
-}
-
-function shrunk({ x, y, width, height }: Rect, gap: number): Rect {
-  return { x: x + gap / 2, y: y + gap / 2, width: width - gap, height: height - gap };
+  const snap = (length: number) => Math.round(length * ratio) / ratio;
+  const gap = Math.max(1, Math.round(CELL_GAP * ratio)) / ratio;
+  const [left, top] = [snap(x), snap(y)];
+  return { x: left, y: top, width: snap(x + width) - left - gap, height: snap(y + height) - top - gap };
 }

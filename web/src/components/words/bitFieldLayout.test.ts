@@ -1,0 +1,50 @@
+import { describe, expect, test } from 'vitest';
+import { bitAt, bitFieldLayout, cellOf } from './bitFieldLayout';
+
+const layouts = [8, 16, 32, 64, 128, 256, 512, 1024].flatMap((bits) =>
+  [600, 1200].flatMap((box) =>
+    [false, true].map((labels) => ({
+      name: `${bits} bits in ${box} pixels${labels ? ' with labels' : ''}`,
+      layout: bitFieldLayout(bits, (bits / 8) * 140, Math.min(box, (bits / 8) * 140), labels),
+    })),
+  ),
+);
+
+describe.each(layouts)('a bit field of $name', ({ layout }) => {
+  test('finds every bit again in the middle and near the edges of its cell', () => {
+    for (let bit = 0; bit < layout.bits; bit++) {
+      const { x, y, width, height } = cellOf(layout, bit);
+      for (const [across, down] of [
+        [0.5, 0.5],
+        [0.05, 0.05],
+        [0.95, 0.95],
+      ] as const) {
+        expect(bitAt(layout, x + across * width, y + down * height)).toBe(bit);
+      }
+    }
+  });
+
+  test('keeps all cells inside and apart from each other', () => {
+    for (let bit = 0; bit < layout.bits; bit++) {
+      const { x, y, width, height } = cellOf(layout, bit);
+      expect(x).toBeGreaterThanOrEqual(0);
+      expect(x + width).toBeLessThanOrEqual(layout.width);
+      expect(y + height).toBeLessThanOrEqual(layout.height);
+      if (bit === 0 || bit % layout.bitsPerLine === 0) continue;
+      expect(cellOf(layout, bit).x + width).toBeLessThanOrEqual(cellOf(layout, bit - 1).x + 1e-9);
+    }
+  });
+});
+
+test.each([
+  { bits: 64, vertical: false },
+  { bits: 128, vertical: true },
+])('$bits bits are laid out in lines: $vertical', ({ bits, vertical }) => {
+  expect(bitFieldLayout(bits, 2240, 1200, false).vertical).toBe(vertical);
+});
+
+test('a point outside gives the nearest bit', () => {
+  const layout = bitFieldLayout(8, 140, 126, false);
+  expect(bitAt(layout, -50, -50)).toBe(7);
+  expect(bitAt(layout, 500, 500)).toBe(0);
+});
