@@ -12,7 +12,7 @@ export default defineConfig({
   fullyParallel: true,
   forbidOnly: true,
   workers: 2,
-  timeout: 30_000,
+  timeout: 120_000,
   reporter: [['list']],
   projects: [
     {
