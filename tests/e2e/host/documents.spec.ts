@@ -1,0 +1,172 @@
+import { mkdirSync, readFileSync, rmSync } from 'node:fs';
+import { join } from 'node:path';
+import { FileDialog } from '../support/dialog';
+import { documentText } from '../support/documents';
+import { expect, test } from '../support/hostFixtures';
+import type { Program } from '../support/program';
+import { until } from '../support/until';
+
+const filters = ['Tessary Files (*.words.tessary;*.tessary)', 'All Files (*.*)'];
+
+/** The values of a document's sheets as they are on disk. */
+function savedValues(file: string): string[] {
+  return JSON.parse(readFileSync(file, 'utf8')).sheets.map(({ int }: { int: string }) => int);
+}
+
+/** Types into the first word's field with the keyboard, as its user would. */
+async function enterValue(program: Program, text: string) {
+  await until('a field', () =>
+    program.page.evaluate(() => {
+      const field = document.querySelector<HTMLInputElement>('input[aria-label="Value"]');
+      field?.focus();
+      field?.select();
+      return document.activeElement === field && field !== null;
+    }),
+  );
+  program.desktop.focus(program.window);
+  program.desktop.type(text);
+  program.desktop.press('Return');
+  await shown(program, text);
+}
+
+function shown(program: Program, value: string) {
+  return until(`the value ${value}`, () =>
+    program.page.evaluate(
+      (wanted) => document.querySelector<HTMLInputElement>('input[aria-label="Value"]')?.value === wanted,
+      value,
+    ),
+  );
+}
+
+/** The document bar's file name, with its mark for what is not saved. */
+const barShows = (program: Program, text: string) =>
+  until(`"${text}" in the document bar`, () =>
+    program.page.evaluate(
+      (wanted) => document.querySelector('[role=toolbar][aria-label=Document]')?.textContent?.endsWith(wanted) ?? false,
+      text,
+    ),
+  );
+
+test('a document from the command line is edited and saved without a dialog', async ({ open, place }) => {
+  const file = place.write('mine.words.tessary', documentText({ int: '0x5' }));
+  const program = await open([file]);
+  await enterValue(program, '1234567');
+  await barShows(program, 'mine.words.tessary*');
+  program.desktop.press('ctrl+s');
+  await barShows(program, 'mine.words.tessary');
+  expect(savedValues(file)).toEqual(['0x12d687']);
+  expect(program.windows()).toHaveLength(1);
+  expect(await program.close()).toBe(0);
+  const again = await open([file]);
+  await shown(again, '1234567');
+});
+
+test('a document is saved under another name and opened again by dialog', async ({ open, place }) => {
+  const file = place.write('mine.words.tessary', documentText({ int: '0x5' }));
+  const program = await open([file]);
+  await enterValue(program, '255');
+  program.desktop.press('ctrl+shift+s');
+  const saving = await FileDialog.shown(program, 'Save As');
+  expect(saving.filters()).toEqual(filters);
+  expect(saving.typed()).toBe('mine.words.tessary');
+  await saving.type(join(place.documents, 'other'));
+  await saving.confirm();
+  await barShows(program, 'other.words.tessary');
+  expect(savedValues(join(place.documents, 'other.words.tessary'))).toEqual(['0xff']);
+  expect(savedValues(file)).toEqual(['0x5']);
+
+  program.desktop.focus(program.window);
+  program.desktop.press('ctrl+o');
+  const opening = await FileDialog.shown(program, 'Open');
+  expect(opening.filters()).toEqual(filters);
+  await opening.type(file);
+  await opening.confirm();
+  await barShows(program, 'mine.words.tessary');
+  await shown(program, '5');
+});
+
+test('a cancelled open dialog leaves the document as it is', async ({ open, place }) => {
+  const program = await open([place.write('mine.words.tessary', documentText({ int: '0x5' }))]);
+  await shown(program, '5');
+  program.desktop.focus(program.window);
+  program.desktop.press('ctrl+o');
+  await (await FileDialog.shown(program, 'Open')).cancel();
+  await barShows(program, 'mine.words.tessary');
+  await shown(program, '5');
+});
+
+test('a file that is no document is refused and the open one stays', async ({ open, place }) => {
+  const program = await open([place.write('mine.words.tessary', documentText({ int: '0x5' }))]);
+  await shown(program, '5');
+  program.desktop.focus(program.window);
+  program.desktop.press('ctrl+o');
+  const dialog = await FileDialog.shown(program, 'Open');
+  await dialog.type(place.write('broken.tessary', '{"tool": "words"'));
+  await dialog.confirm();
+  await program.shows('Failed to parse document data: Invalid JSON');
+  await barShows(program, 'mine.words.tessary');
+});
+
+test('what is not saved is asked about before another document replaces it', async ({ open, place }) => {
+  const program = await open([place.write('mine.words.tessary', documentText({ int: '0x5' }))]);
+  await enterValue(program, '6');
+  program.desktop.press('ctrl+n');
+  await program.shows('You have unsaved changes. Do you want to discard them?');
+  program.desktop.press('Escape');
+  await until('the question to go', async () => !(await program.text()).includes('Do you want to discard them?'));
+  await shown(program, '6');
+});
+
+test('a reload while something is not saved is asked about, and a target that cannot be written is not noticed', async ({
+  open,
+  place,
+}) => {
+  const file = place.write('mine.words.tessary', documentText({ int: '0x5' }));
+  const program = await open([file]);
+  await enterValue(program, '6');
+  program.desktop.press('F5');
+  await program.shows('You have unsaved changes. Do you want to discard them?');
+  program.desktop.press('Escape');
+  await until('the question to go', async () => !(await program.text()).includes('Do you want to discard them?'));
+
+  rmSync(file);
+  mkdirSync(file);
+  program.desktop.press('ctrl+s');
+  await barShows(program, 'mine.words.tessary');
+  await shown(program, '6');
+});
+
+test('a sheet name with a delete character is saved and opened again', async ({ open, place }) => {
+  const name = 'odd \u007f name';
+  const file = place.write('odd.words.tessary', documentText({ displayName: name }));
+  const program = await open([file]);
+  await enterValue(program, '7');
+  program.desktop.press('ctrl+s');
+  await barShows(program, 'odd.words.tessary');
+  const text = readFileSync(file, 'utf8');
+  expect(text).toContain('"odd \\u007f name"');
+  expect(JSON.parse(text).sheets[0].displayName).toBe(name);
+  expect(savedValues(file)).toEqual(['0x7']);
+});
+
+test('a document of a thousand sheets opens', async ({ open, place }) => {
+  const sheets = Array.from({ length: 1000 }, (_, i) => ({ displayName: `Sheet ${i}`, int: `0x${i.toString(16)}` }));
+  const program = await open([place.write('many.words.tessary', documentText(...sheets))]);
+  await program.shows('Sheet 0');
+  await barShows(program, 'many.words.tessary');
+});
+
+test('the page may load nothing from elsewhere', async ({ open }) => {
+  const program = await open();
+  await program.shows('Open Words Tool');
+  const blocked = await program.page.evaluate(
+    () =>
+      new Promise<string>((resolve) => {
+        document.addEventListener('securitypolicyviolation', (event) => resolve(event.violatedDirective));
+        const picture = document.createElement('img');
+        picture.src = 'http://127.0.0.1:1/picture.png';
+        document.body.append(picture);
+      }),
+  );
+  expect(blocked).toBe('img-src');
+});
