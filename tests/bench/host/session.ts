@@ -1,0 +1,140 @@
+// A screen and a home that nobody else uses, and the programs that run there.
+import { spawn, type ChildProcess } from 'node:child_process';
+import { once } from 'node:events';
+import { copyFileSync, mkdirSync, readdirSync, readFileSync } from 'node:fs';
+import { join } from 'node:path';
+import { createInterface } from 'node:readline';
+import type { Readable } from 'node:stream';
+import { setTimeout as pause } from 'node:timers/promises';
+
+/** A process that tells something in the first line that it prints. */
+interface Speaking {
+  process: ChildProcess;
+  firstLine: string;
+}
+
+async function startSpeaking(command: string, options: string[], env: NodeJS.ProcessEnv): Promise<Speaking> {
+  const process = spawn(command, options, { env, stdio: ['pipe', 'pipe', 'ignore'] });
+  const lines = createInterface({ input: process.stdout as Readable });
+  const [firstLine] = (await once(lines, 'line', { signal: AbortSignal.timeout(60_000) })) as [string];
+  return { process, firstLine };
+}
+
+async function end(process: ChildProcess) {
+  process.stdin?.end();
+  await once(process, 'exit');
+}
+
+export interface Sample {
+  /** Milliseconds from the start of the process to the first paint of the page. */
+  paint: number;
+  /** Memory of the process and all that it started, in MB: proportional set size, two seconds after the paint. */
+  memory: number;
+}
+
+/** A copy of the program with a screen and a home of its own. */
+export class Session {
+  readonly folder: string;
+  readonly env: NodeJS.ProcessEnv;
+  readonly #screen: ChildProcess;
+
+  private constructor(folder: string, screen: Speaking) {
+    this.folder = folder;
+    this.#screen = screen.process;
+    this.env = environment(folder);
+    this.env.DISPLAY = `:${screen.firstLine}`;
+  }
+
+  static async start(folder: string): Promise<Session> {
+    mkdirSync(join(folder, 'home', 'runtime'), { recursive: true, mode: 0o700 });
+    const options = ['-displayfd', '1', '-screen', '0', '1280x1024x24', '-nolisten', 'tcp', '-noreset'];
+    return new Session(folder, await startSpeaking('Xvfb', options, environment(folder)));
+  }
+
+  /** Starts a program, waits for its first paint, looks at its memory and ends it. */
+  async measure(firstPaint: string, command: string[]): Promise<Sample> {
+    const { process, firstLine } = await startSpeaking(firstPaint, command, this.env);
+    const [pid = 0, paint = NaN] = firstLine.split(' ').map(Number);
+    await pause(2000); // part of the measurement: what the page still loads and frees after its first paint
+    const memory = treeOf(pid).reduce((sum, each) => sum + proportionalSize(each), 0);
+    await end(process);
+    return { paint, memory };
+  }
+
+  async stop() {
+    this.#screen.kill();
+    await once(this.#screen, 'exit');
+  }
+}
+
+function environment(folder: string): NodeJS.ProcessEnv {
+  const home = join(folder, 'home');
+  return {
+    PATH: process.env.PATH,
+    LANG: 'C.UTF-8',
+    HOME: home,
+    XDG_RUNTIME_DIR: join(home, 'runtime'),
+    GSETTINGS_BACKEND: 'memory',
+    NO_AT_BRIDGE: '1',
+    DBUS_SESSION_BUS_ADDRESS: 'disabled:',
+  };
+}
+
+/** A running program whose server is there to be asked. */
+export class Served {
+  readonly port: number;
+  readonly #process: ChildProcess;
+
+  private constructor(process: ChildProcess, port: number) {
+    this.#process = process;
+    this.port = port;
+  }
+
+  /** Runs a copy of the executable, so that no memory is shared with another one, from its own folder. */
+  static async start(session: Session, executable: string): Promise<Served> {
+    const copy = join(session.folder, 'tessary');
+    copyFileSync(executable, copy);
+    const process = spawn(copy, [], { env: session.env, stdio: 'ignore' });
+    for (let attempt = 0; attempt < 400; attempt++) {
+      await pause(25);
+      const port = /Server URL: http:\/\/localhost:(\d+)\n/.exec(logOf(session.folder))?.[1];
+      if (port !== undefined) return new Served(process, Number(port));
+    }
+    process.kill();
+    throw new Error('The program did not start its server');
+  }
+
+  async stop() {
+    this.#process.kill();
+    await once(this.#process, 'exit');
+  }
+}
+
+function logOf(folder: string): string {
+  return readdirSync(folder).includes('debug.log') ? readFileSync(join(folder, 'debug.log'), 'utf8') : '';
+}
+
+/** A process and all that came from it. */
+function treeOf(pid: number): number[] {
+  const children = new Map<number, number[]>();
+  for (const each of readdirSync('/proc').map(Number).filter(Number.isInteger)) {
+    const parent = parentOf(each);
+    children.set(parent, [...(children.get(parent) ?? []), each]);
+  }
+  const tree = [pid];
+  for (const each of tree) tree.push(...(children.get(each) ?? []));
+  return tree;
+}
+
+function parentOf(pid: number): number {
+  try {
+    return Number(/^PPid:\s+(\d+)$/m.exec(readFileSync(`/proc/${pid}/status`, 'utf8'))?.[1] ?? -1);
+  } catch {
+    return -1; // it has ended
+  }
+}
+
+/** In MB. Memory that several processes share is divided among them. */
+function proportionalSize(pid: number): number {
+  return Number(/^Pss:\s+(\d+) kB$/m.exec(readFileSync(`/proc/${pid}/smaps_rollup`, 'utf8'))?.[1] ?? 0) / 1000;
+}
