@@ -49,23 +49,30 @@ static bool exists(const std::string& path) {
     return std::filesystem::exists(path, ignored);
 }
 
-static bool agrees(const char* title, GtkMessageType type, GtkButtonsType buttons, const std::string& question) {
-    GtkWidget* box = gtk_message_dialog_new(nullptr, GTK_DIALOG_MODAL, type, buttons, "%s", question.c_str());
+/// Shows a message box until it is answered, and destroys it.
+static gint answerTo(GtkWidget* box, const char* title) {
     gtk_window_set_title(GTK_WINDOW(box), title);
+    gtk_window_set_position(GTK_WINDOW(box), GTK_WIN_POS_CENTER);
     gtk_window_set_keep_above(GTK_WINDOW(box), TRUE);
     const gint answer = gtk_dialog_run(GTK_DIALOG(box));
     gtk_widget_destroy(box);
-    return answer == GTK_RESPONSE_YES || answer == GTK_RESPONSE_OK;
+    return answer;
 }
 
 static std::string nameOf(const std::string& path) { return std::filesystem::path(path).filename().string(); }
+
+static void tellMissing(const std::string& name) {
+    answerTo(gtk_message_dialog_new(nullptr, GTK_DIALOG_MODAL, GTK_MESSAGE_WARNING, GTK_BUTTONS_OK,
+                                    "There is no file named “%s”.", name.c_str()),
+             openTitle);
+}
 
 std::optional<std::string> askForFileToOpen(const FileFilter& filter) {
     const OwnedDialog dialog = makeDialog(openTitle, GTK_FILE_CHOOSER_ACTION_OPEN, filter);
     while (gtk_native_dialog_run(GTK_NATIVE_DIALOG(dialog.get())) == GTK_RESPONSE_ACCEPT) {
         const auto path = chosenPath(GTK_FILE_CHOOSER(dialog.get()));
         if (!path || exists(*path)) return path;
-        agrees(openTitle, GTK_MESSAGE_WARNING, GTK_BUTTONS_OK, "There is no file named “" + nameOf(*path) + "”.");
+        tellMissing(nameOf(*path));
     }
     return std::nullopt;
 }
@@ -73,8 +80,11 @@ std::optional<std::string> askForFileToOpen(const FileFilter& filter) {
 // The chooser asks by itself about the name as typed; this is for a name that only the extension made an existing one.
 static bool mayOverwrite(const std::string& typed, const std::string& path) {
     if (typed == path || !exists(path)) return true;
-    return agrees(saveTitle, GTK_MESSAGE_QUESTION, GTK_BUTTONS_YES_NO,
-                  "A file named “" + nameOf(path) + "” already exists. Do you want to replace it?");
+    GtkWidget* box =
+        gtk_message_dialog_new(nullptr, GTK_DIALOG_MODAL, GTK_MESSAGE_QUESTION, GTK_BUTTONS_NONE,
+                               "A file named “%s” already exists. Do you want to replace it?", nameOf(path).c_str());
+    gtk_dialog_add_buttons(GTK_DIALOG(box), "_Cancel", GTK_RESPONSE_CANCEL, "_Replace", GTK_RESPONSE_ACCEPT, nullptr);
+    return answerTo(box, saveTitle) == GTK_RESPONSE_ACCEPT;
 }
 
 std::optional<std::string> askForFileToSave(const SaveRequest& request) {

@@ -148,9 +148,9 @@ test('a file that only the extension finds is asked about as well', async ({ ope
   await (await FileDialog.shown(program, 'Save As')).confirm();
   const question = await MessageBox.shown(program);
   expect(question.text).toBe('A file named “there.json” already exists. Do you want to replace it?');
-  await question.answer('alt+n');
+  await question.answer('alt+c');
   await (await FileDialog.shown(program, 'Save As')).confirm();
-  await (await MessageBox.shown(program)).answer('alt+y');
+  await (await MessageBox.shown(program)).answer('alt+r');
   expect(await answer).toEqual({ success: true, path: file });
 });
 
