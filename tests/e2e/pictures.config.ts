@@ -1,0 +1,9 @@
+import { defineConfig } from '@playwright/test';
+import shared from './playwright.config';
+
+// Not a test: draws the pictures of docs/ from the built page.
+export default defineConfig({
+  ...shared,
+  workers: 1,
+  projects: shared.projects!.map((project) => ({ ...project, name: 'pictures', testDir: 'pictures' })),
+});
