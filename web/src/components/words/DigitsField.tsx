@@ -17,7 +17,7 @@ interface DigitsFieldProps {
   /** A second mark of the content. */
   source: unknown;
   readOnly?: boolean;
-  /** Takes over the text; says whether it was accepted. */
+  /** Takes over the text; says whether it was accepted and means the same word as before. */
   onCommit: (text: string) => boolean;
 }
 
@@ -44,7 +44,7 @@ export function DigitsField(props: DigitsFieldProps) {
     if (event.nativeEvent.isComposing) return;
     if (event.key === 'Enter') {
       event.preventDefault();
-      // A committed text that means the same word as before is written as we write it.
+      // No change of the word will bring our own way of writing it.
       if (onCommit(event.currentTarget.value)) show(shown);
     }
     if (event.key === 'Escape' && event.currentTarget.value !== unaltered.current) {

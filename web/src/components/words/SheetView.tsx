@@ -11,8 +11,11 @@ import type { MoveFocus } from './BlockFrame';
 /** The rows' labels at the left. */
 const LABELS_WIDTH = 44;
 const SIDE = 6;
-/** Rows this far above or below the view, in pixels, are there already when they are scrolled to. */
-const MARGIN = 300;
+/**
+ * Rows this far above or below the view, in pixels, are mounted too, so that Tab finds them. It is little on purpose:
+ * every word that is mounted is drawn again with each edit of its bits.
+ */
+const MARGIN = 32;
 
 interface SheetViewProps {
   /** Told whenever rows begin or cease to be wider than the view. */

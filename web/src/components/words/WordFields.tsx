@@ -29,7 +29,7 @@ export function WordFields({ row, texts, index, word, signed, sheetId }: WordFie
   const commit = (read: Result<bigint>): boolean => {
     if (read.ok) useSheetStore.getState().updateWord(index, bits, read.value);
     else showWarning(read.reason);
-    return read.ok;
+    return read.ok && read.value === word;
   };
 
   const field = (converter: Converter, position: number) => {

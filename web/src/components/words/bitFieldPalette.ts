@@ -12,7 +12,7 @@ export interface BitFieldPalette {
   readonly cursor: string;
 }
 
-const DARK: BitFieldPalette = {
+export const DARK_PALETTE: BitFieldPalette = {
   zero: '#181b21',
   zeroText: '#8d97a6',
   one: '#a8c7fa',
@@ -43,7 +43,7 @@ function subscribe(changed: () => void): () => void {
 }
 
 export function useBitFieldPalette(): BitFieldPalette {
-  return useSyncExternalStore(subscribe, () => (forcedColors?.matches ? FORCED : DARK));
+  return useSyncExternalStore(subscribe, () => (forcedColors?.matches ? FORCED : DARK_PALETTE));
 }
 
 /** Black or white, whichever is easier to read on a colour written #rrggbb or #rrggbbaa. */

@@ -44,18 +44,22 @@ export function drawBitField(
   context.font = DIGIT_FONT;
   context.textAlign = 'center';
   context.textBaseline = 'middle';
-  for (let bit = 0; bit < layout.bits; bit++) {
-    if (!keeps || looksOther(bit, picture, drawn)) drawCell(context, picture, bit, colors?.[bit]);
-  }
+  const bits = keeps ? bitsThatDiffer(picture, drawn) : Array.from({ length: layout.bits }, (_, bit) => bit);
+  for (const bit of bits) drawCell(context, picture, bit, colors?.[bit]);
 }
 
-function looksOther(bit: number, picture: BitFieldPicture, drawn: BitFieldPicture): boolean {
-  const place = picture.layout.bits - 1 - bit;
-  return (
-    picture.digits[place] !== drawn.digits[place] ||
-    (picture.hovered === bit) !== (drawn.hovered === bit) ||
-    (picture.cursor === bit) !== (drawn.cursor === bit)
-  );
+function bitsThatDiffer(picture: BitFieldPicture, drawn: BitFieldPicture): Iterable<number> {
+  const bits = new Set<number>();
+  for (const mark of ['hovered', 'cursor'] as const) {
+    if (picture[mark] === drawn[mark]) continue;
+    for (const bit of [picture[mark], drawn[mark]]) if (bit !== undefined) bits.add(bit);
+  }
+  if (picture.digits === drawn.digits) return bits;
+  const last = picture.layout.bits - 1;
+  for (let place = 0; place <= last; place++) {
+    if (picture.digits.charCodeAt(place) !== drawn.digits.charCodeAt(place)) bits.add(last - place);
+  }
+  return bits;
 }
 
 function drawCell(context: CanvasRenderingContext2D, picture: BitFieldPicture, bit: number, color?: string): void {
