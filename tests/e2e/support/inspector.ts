@@ -1,4 +1,4 @@
-import { until } from './until';
+import { until } from './until.ts';
 
 interface RemoteValue {
   type: string;
