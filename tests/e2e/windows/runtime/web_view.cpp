@@ -1,0 +1,95 @@
+#include "web_view.h"
+
+#include <objbase.h>
+
+#include <cstring>
+
+#include "driver.h"
+#include "text.h"
+
+static constexpr GUID messageHandlerId{0x57213F19, 0x00E6, 0x49FA, {0x8E, 0x07, 0x89, 0x8E, 0xA0, 0x1E, 0xCB, 0xD2}};
+static constexpr GUID permissionHandlerId{0x15E1C6A3, 0xC72A, 0x4DF3, {0x91, 0xD7, 0xD0, 0x97, 0xFB, 0xEC, 0x6B, 0xFD}};
+
+static Handler messageHandler;
+static Handler permissionHandler;
+static std::wstring postedMessage;
+static int askedPermission;
+
+static HRESULT subscribe(Handler& place, IUnknown* handler, const GUID& interfaceId, INT64* token) {
+    place = handlerOf(handler, interfaceId);
+    *token = 1;
+    return place ? S_OK : E_NOINTERFACE;
+}
+
+static HRESULT tell(const char* verb, PCWSTR text) {
+    tellDriver(verb, utf8(text));
+    return S_OK;
+}
+
+static HRESULT STDMETHODCALLTYPE settingsOf(ComObject*, ComObject** result) {
+    static ComObject settings("settings");
+    settings.set(
+        10, +[](ComObject*, BOOL on) -> HRESULT { return tell("status-bar", on ? L"1" : L"0"); });
+    settings.set(
+        12, +[](ComObject*, BOOL on) -> HRESULT { return tell("dev-tools", on ? L"1" : L"0"); });
+    *result = &settings;
+    return S_OK;
+}
+
+ComObject& webView() {
+    static ComObject view("web-view");
+    view.set(3, settingsOf);
+    view.set(
+        5, +[](ComObject*, PCWSTR address) -> HRESULT { return tell("navigate", address); });
+    view.set(
+        6, +[](ComObject*, PCWSTR html) -> HRESULT { return tell("html", html); });
+    view.set(
+        23, +[](ComObject*, IUnknown* handler, INT64* token) -> HRESULT {
+            return subscribe(permissionHandler, handler, permissionHandlerId, token);
+        });
+    view.set(
+        27, +[](ComObject*, PCWSTR script, IUnknown*) -> HRESULT { return tell("init", script); });
+    view.set(
+        29, +[](ComObject*, PCWSTR script, IUnknown*) -> HRESULT { return tell("exec", script); });
+    view.set(
+        33, +[](ComObject*, PCWSTR text) -> HRESULT { return tell("echo", text); });
+    view.set(
+        34, +[](ComObject*, IUnknown* handler, INT64* token) -> HRESULT {
+            return subscribe(messageHandler, handler, messageHandlerId, token);
+        });
+    return view;
+}
+
+/// The caller frees the text with CoTaskMemFree.
+static HRESULT STDMETHODCALLTYPE messageText(ComObject*, PWSTR* result) {
+    const std::size_t bytes = (postedMessage.size() + 1) * sizeof postedMessage[0];
+    *result = static_cast<PWSTR>(CoTaskMemAlloc(bytes));
+    if (*result == nullptr) return E_OUTOFMEMORY;
+    std::memcpy(*result, postedMessage.c_str(), bytes);
+    return S_OK;
+}
+
+void postFromPage(const std::string& message) {
+    if (!messageHandler) return;
+    static ComObject arguments("message-arguments");
+    arguments.set(5, messageText);
+    postedMessage = utf16(message);
+    invoke(messageHandler, &webView(), &arguments);
+}
+
+void askForPermission(int kind) {
+    if (!permissionHandler) return;
+    static ComObject arguments("permission-arguments");
+    arguments.set(
+        4, +[](ComObject*, int* result) -> HRESULT {
+            *result = askedPermission;
+            return S_OK;
+        });
+    arguments.set(
+        7, +[](ComObject*, int state) -> HRESULT {
+            tellDriver("permission-state", std::to_string(state));
+            return S_OK;
+        });
+    askedPermission = kind;
+    invoke(permissionHandler, &webView(), &arguments);
+}

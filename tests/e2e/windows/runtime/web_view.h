@@ -1,0 +1,13 @@
+// web_view.h: the page's object and its settings.
+#pragma once
+#include <string>
+
+#include "com_object.h"
+
+[[nodiscard]] ComObject& webView();
+
+/// The page posts a string. Nothing happens when the program has no handler for it. UI thread only, in turn.
+void postFromPage(const std::string& message);
+
+/// The page asks for a permission, such as 6 for reading the clipboard. UI thread only, in turn.
+void askForPermission(int kind);
