@@ -2,7 +2,7 @@ import { copyFileSync, existsSync, mkdirSync, readFileSync, symlinkSync } from '
 import { basename, dirname, join } from 'node:path';
 import { expect, test } from '../support/hostFixtures';
 import { sampleDocument } from '../support/paths';
-import { launchArgs } from '../support/program';
+import { launchArgs } from '../support/runningProgram';
 
 const usage = 'Usage: tessary [--help] [--version] file';
 

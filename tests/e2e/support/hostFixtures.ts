@@ -4,7 +4,8 @@ import { tmpdir } from 'node:os';
 import { dirname, join } from 'node:path';
 import { Desktop } from './desktop';
 import { executable } from './paths';
-import { Program, ProgramProcess, type Launch } from './program';
+import { Program } from './program';
+import { ProgramProcess, type Launch } from './programProcess';
 
 /** A user's home with the program in it, thrown away after the test. */
 export class Place {
