@@ -1,0 +1,106 @@
+import type { Tab } from './chromium';
+import type { RuntimeCall, TestRuntime } from './testRuntime';
+
+/** Gives the page what the runtime gives it: a way to post messages to the program and to hear of messages from it. */
+const pageSide = `(() => {
+  const post = globalThis.postToProgram;
+  delete globalThis.postToProgram;
+  const messages = new EventTarget();
+  globalThis.chrome ??= {};
+  globalThis.chrome.webview = {
+    postMessage: (message) => post(JSON.stringify(message)),
+    addEventListener: messages.addEventListener.bind(messages),
+    removeEventListener: messages.removeEventListener.bind(messages),
+  };
+  Object.defineProperty(globalThis, 'hearFromProgram', {
+    value: (data) => messages.dispatchEvent(new MessageEvent('message', { data })),
+  });
+})()`;
+
+interface Evaluated {
+  result?: { value?: unknown };
+  exceptionDetails?: { text: string; exception?: { description?: string; value?: unknown } };
+}
+
+/** The program's page in a real browser: what the program asks of its browser runtime is done in a tab of Chromium. */
+export class HostedPage {
+  readonly #tab: Tab;
+  readonly #runtime: TestRuntime;
+  #lastCall: Promise<unknown> = Promise.resolve();
+
+  private constructor(tab: Tab, runtime: TestRuntime) {
+    this.#tab = tab;
+    this.#runtime = runtime;
+  }
+
+  /** Connects the two. Call it before the program starts. */
+  static async connect(tab: Tab, runtime: TestRuntime): Promise<HostedPage> {
+    const page = new HostedPage(tab, runtime);
+    await tab.call('Page.enable');
+    await tab.call('Runtime.enable');
+    await tab.call('Runtime.addBinding', { name: 'postToProgram' });
+    await tab.call('Page.addScriptToEvaluateOnNewDocument', { source: pageSide });
+    tab.onEvent((method, params) => {
+      if (method === 'Runtime.bindingCalled') page.#post(params.payload as string);
+    });
+    // The program's calls happen in their order, also where the browser takes its time.
+    runtime.onCall((call) => {
+      page.#lastCall = page.#lastCall.then(() => page.#perform(call));
+    });
+    return page;
+  }
+
+  /**
+   * Runs a function in the page and waits for what it gives, also when that is a promise.
+   * The function knows nothing of its surroundings here: all it needs comes as arguments, which travel as JSON.
+   */
+  async evaluate<Arguments extends unknown[], Result>(
+    work: (...given: Arguments) => Result | Promise<Result>,
+    ...given: Arguments
+  ): Promise<Result> {
+    const expression = `(async () => JSON.stringify([await (${work})(...${JSON.stringify(given)})]))()`;
+    const { result, exceptionDetails } = await this.#evaluate(expression, true);
+    if (exceptionDetails) {
+      const { text, exception } = exceptionDetails;
+      throw new Error(exception?.description ?? String(exception?.value ?? text));
+    }
+    return (JSON.parse(result?.value as string) as [Result])[0];
+  }
+
+  /** A picture of the page, as PNG. */
+  async screenshot(): Promise<Buffer> {
+    const { data } = await this.#tab.call('Page.captureScreenshot');
+    return Buffer.from(data as string, 'base64');
+  }
+
+  close(): Promise<void> {
+    return this.#tab.close();
+  }
+
+  async #evaluate(expression: string, awaitPromise = false): Promise<Evaluated> {
+    return this.#tab.call('Runtime.evaluate', { expression, awaitPromise, returnByValue: true, userGesture: true });
+  }
+
+  #post(payload: string) {
+    const message: unknown = JSON.parse(payload);
+    if (typeof message === 'string') this.#runtime.post(message);
+  }
+
+  /** A page that goes away meanwhile loses the call, as in the real runtime. */
+  async #perform({ verb, text }: RuntimeCall) {
+    try {
+      if (verb === 'init') await this.#tab.call('Page.addScriptToEvaluateOnNewDocument', { source: text });
+      if (verb === 'navigate') await this.#tab.call('Page.navigate', { url: text });
+      if (verb === 'exec') await this.#evaluate(text);
+      if (verb === 'echo') await this.#evaluate(`globalThis.hearFromProgram?.(${JSON.stringify(text)})`);
+      if (verb === 'bounds') await this.#resize(text);
+    } catch {
+      return;
+    }
+  }
+
+  async #resize(bounds: string) {
+    const [width, height] = bounds.split(' ').map(Number);
+    await this.#tab.call('Emulation.setDeviceMetricsOverride', { width, height, deviceScaleFactor: 1, mobile: false });
+  }
+}

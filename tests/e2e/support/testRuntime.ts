@@ -1,0 +1,92 @@
+import { createServer, type AddressInfo, type Server, type Socket } from 'node:net';
+import { createInterface } from 'node:readline';
+import { until } from './until';
+
+/** One call of the program, as the test runtime reports it, such as "navigate" with an address. */
+export interface RuntimeCall {
+  verb: string;
+  text: string;
+}
+
+/** The driver's end of the test runtime: hears of all that the program asks of its browser runtime, and plays the page. */
+export class TestRuntime {
+  readonly calls: RuntimeCall[] = [];
+  readonly #server: Server;
+  readonly #listeners: ((call: RuntimeCall) => void)[] = [];
+  #socket: Socket | undefined;
+
+  private constructor(server: Server) {
+    this.#server = server;
+    server.on('connection', (socket) => this.#serve(socket));
+  }
+
+  static async listen(): Promise<TestRuntime> {
+    const server = createServer();
+    await new Promise<void>((resolve) => server.listen(0, '127.0.0.1', resolve));
+    return new TestRuntime(server);
+  }
+
+  /** What the program needs in its environment to find this driver. */
+  get environment(): Record<string, string> {
+    return { TESSARY_TEST_RUNTIME_PORT: String((this.#server.address() as AddressInfo).port) };
+  }
+
+  onCall(listener: (call: RuntimeCall) => void) {
+    this.#listeners.push(listener);
+  }
+
+  /** The texts of all calls with this verb so far. */
+  texts(verb: string): string[] {
+    return this.calls.filter((call) => call.verb === verb).map(({ text }) => text);
+  }
+
+  /** Waits for a call that the program makes sooner or later, and gives its text. */
+  async told(verb: string, accepts: (text: string) => boolean = () => true): Promise<string> {
+    const [text] = await until(`the call "${verb}"`, () => {
+      const found = this.texts(verb).filter(accepts);
+      return found.length > 0 && found;
+    });
+    return text ?? '';
+  }
+
+  /** The page posts a message to the program. */
+  post(message: string) {
+    this.#send('message', message);
+  }
+
+  /** The page asks for a permission. Kinds are numbers of the runtime's interface. */
+  askForPermission(kind: string) {
+    this.#send('permission', kind);
+  }
+
+  /** The user closes the program's window. */
+  closeWindow() {
+    this.#send('close', '');
+  }
+
+  stop() {
+    this.#socket?.destroy();
+    this.#server.close();
+  }
+
+  #serve(socket: Socket) {
+    this.#socket = socket;
+    socket.on('error', () => socket.destroy()); // the program ended
+    createInterface({ input: socket, crlfDelay: Infinity }).on('line', (line) => this.#hear(line));
+  }
+
+  #hear(line: string) {
+    const blank = line.indexOf(' ');
+    const text = line.slice(blank + 1).replace(/\\(.)/gs, (_, letter: string) => unescaped[letter] ?? letter);
+    const call = { verb: line.slice(0, blank), text };
+    this.calls.push(call);
+    for (const listener of this.#listeners) listener(call);
+  }
+
+  #send(verb: string, text: string) {
+    this.#socket?.write(`${verb} ${text.replace(/[\\\n\r]/g, (letter) => escaped[letter] ?? letter)}\n`);
+  }
+}
+
+const escaped: Record<string, string> = { '\\': '\\\\', '\n': '\\n', '\r': '\\r' };
+const unescaped: Record<string, string> = { n: '\n', r: '\r' };

@@ -1,0 +1,146 @@
+import { test as base, expect } from '@playwright/test';
+import { linkSync, mkdirSync, mkdtempSync, rmSync, writeFileSync } from 'node:fs';
+import { dirname, join } from 'node:path';
+import { Chromium } from './chromium';
+import { HostedPage } from './hostedPage';
+import { Desktop } from './desktop';
+import { TestRuntime } from './testRuntime';
+import { executable } from './windowsPaths';
+import { ProgramProcess, type Launch } from './programProcess';
+import { WindowsProgram } from './windowsProgram';
+import { WinePrefix } from './winePrefix';
+
+/** A folder on drive C with the program and documents in it, thrown away after the test. */
+export class WindowsPlace {
+  readonly #prefix: WinePrefix;
+  readonly folder: string;
+  readonly program: string;
+  readonly logFile: string;
+  readonly documents: string;
+
+  constructor(prefix: WinePrefix) {
+    this.#prefix = prefix;
+    this.folder = mkdtempSync(join(prefix.driveC, 'place-'));
+    this.program = join(this.folder, 'app', 'tessary.exe');
+    this.logFile = join(this.folder, 'app', 'debug.log');
+    this.documents = join(this.folder, 'documents');
+    for (const folder of [dirname(this.program), this.documents]) mkdirSync(folder);
+    linkSync(executable, this.program);
+  }
+
+  /** Writes a file, making its folder, and gives its path on Linux. */
+  write(name: string, content: string | Uint8Array = ''): string {
+    const path = join(this.documents, name);
+    mkdirSync(dirname(path), { recursive: true });
+    writeFileSync(path, content);
+    return path;
+  }
+
+  /** The path of a document as Windows programs call it. */
+  windowsPath(name: string): string {
+    return this.#prefix.windowsPath(join(this.documents, name.replaceAll('\\', '/')));
+  }
+
+  remove() {
+    rmSync(this.folder, { recursive: true, force: true });
+  }
+}
+
+export type StartOptions = Partial<Pick<Launch, 'cwd' | 'env'>> & {
+  /** How Windows is told to start the program; by its full path unless given. */
+  executable?: string;
+};
+
+interface Fixtures {
+  place: WindowsPlace;
+  runtime: TestRuntime;
+  /** Starts the program in its window, with these arguments, and ends it with the test. */
+  open: (args?: string[], options?: StartOptions) => Promise<WindowsProgram>;
+  /** Starts the program without a page, and ends it with the test. */
+  run: (args?: string[], options?: StartOptions) => ProgramProcess;
+}
+interface Internals {
+  processes: ProgramProcess[];
+  launch: (args: string[], options: StartOptions) => Launch;
+}
+interface WorkerFixtures {
+  desktop: Desktop;
+  prefix: WinePrefix;
+  chromium: Chromium;
+}
+
+export const test = base.extend<Fixtures & Internals, WorkerFixtures>({
+  desktop: [
+    async ({}, use) => {
+      const desktop = await Desktop.start();
+      await use(desktop);
+      await desktop.stop();
+    },
+    { scope: 'worker' },
+  ],
+  prefix: [
+    async ({ desktop }, use) => {
+      const prefix = WinePrefix.copy(desktop.environment);
+      prefix.installRuntime();
+      await use(prefix);
+      prefix.remove();
+    },
+    { scope: 'worker', timeout: 120_000 },
+  ],
+  chromium: [
+    async ({}, use) => {
+      const chromium = new Chromium();
+      await use(chromium);
+      await chromium.stop();
+    },
+    { scope: 'worker' },
+  ],
+  place: async ({ prefix }, use) => {
+    const place = new WindowsPlace(prefix);
+    await use(place);
+    place.remove();
+  },
+  runtime: async ({}, use) => {
+    const runtime = await TestRuntime.listen();
+    await use(runtime);
+    runtime.stop();
+  },
+  processes: async ({ desktop, place: _outlivesTheProcesses }, use, testInfo) => {
+    const processes: ProgramProcess[] = [];
+    await use(processes);
+    if (testInfo.status !== testInfo.expectedStatus) {
+      writeFileSync(testInfo.outputPath('screen.png'), desktop.screenshot());
+    }
+    for (const process of processes) await process.end();
+  },
+  launch: async ({ place, prefix, desktop, runtime }, use) => {
+    await use((args, { executable: name = prefix.windowsPath(place.program), cwd = place.documents, env }) => ({
+      command: ['wine', name, ...args],
+      cwd,
+      env: { ...prefix.environment, ...runtime.environment, ...env },
+      desktop,
+      logFile: place.logFile,
+      outputFolder: place.folder,
+    }));
+  },
+  open: async ({ launch, processes, prefix, chromium, runtime }, use) => {
+    const pages: HostedPage[] = [];
+    await use(async (args = [], options = {}) => {
+      const page = await HostedPage.connect(await chromium.open(), runtime);
+      pages.push(page);
+      return WindowsProgram.start(launch(args, options), { prefix, runtime, page }, (process) =>
+        processes.push(process),
+      );
+    });
+    for (const page of pages) await page.close();
+  },
+  run: async ({ launch, processes }, use) => {
+    await use((args = [], options = {}) => {
+      const process = new ProgramProcess(launch(args, options));
+      processes.push(process);
+      return process;
+    });
+  },
+});
+
+export { expect };

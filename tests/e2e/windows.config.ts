@@ -1,0 +1,13 @@
+import { defineConfig } from '@playwright/test';
+
+// The Windows executable as it is, under wine. Only its browser runtime is another: it drives Debian's Chromium.
+export default defineConfig({
+  testDir: 'windows',
+  outputDir: '../../build/test-results/windows',
+  globalSetup: './support/prepareWine',
+  fullyParallel: true,
+  forbidOnly: true,
+  workers: 2,
+  timeout: 60_000,
+  reporter: [['list'], ['./support/closingLine', { part: 'windows' }]],
+});

@@ -1,0 +1,4 @@
+import { serverStories } from '../stories/server';
+import { test } from '../support/windowsFixtures';
+
+serverStories(test);
