@@ -3,9 +3,16 @@ import { copyFileSync, linkSync, mkdirSync, mkdtempSync, rmSync, writeFileSync }
 import { tmpdir } from 'node:os';
 import { dirname, join } from 'node:path';
 import { Desktop } from './desktop';
-import { executable } from './paths';
+import { executable, toolSources } from './paths';
 import { Program } from './program';
 import { ProgramProcess, type Launch } from './programProcess';
+
+/** For a build with sanitizers. The quick way to unwind stops at libraries without frame pointers, whoever called them. */
+const sanitizerOptions = {
+  ASAN_OPTIONS: 'fast_unwind_on_malloc=0:malloc_context_size=10',
+  LSAN_OPTIONS: `suppressions=${toolSources}/lsan.supp:print_suppressions=0`,
+  UBSAN_OPTIONS: 'print_stacktrace=1',
+};
 
 /** A user's home with the program in it, thrown away after the test. */
 export class Place {
@@ -36,12 +43,9 @@ export class Place {
 
   /** The environment of a fresh user on this desktop. */
   environment(desktop: Desktop): Record<string, string | undefined> {
-    const { ASAN_OPTIONS, LSAN_OPTIONS, UBSAN_OPTIONS } = process.env;
     return {
       ...desktop.environment,
-      ASAN_OPTIONS,
-      LSAN_OPTIONS,
-      UBSAN_OPTIONS,
+      ...sanitizerOptions,
       GSETTINGS_BACKEND: 'memory',
       GTK_IM_MODULE: 'gtk-im-context-simple',
       HOME: this.home,
