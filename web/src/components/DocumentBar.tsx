@@ -52,7 +52,7 @@ function ActionButton({ action, disabled, onClick }: ActionButtonProps) {
   const keys = shortcutLabel(action);
   if (!keys) return button;
   return (
-    <Tooltip describeChild title={t('frame.shortcut', { action: t(`ui.${action}`), keys })}>
+    <Tooltip disableInteractive describeChild title={t('frame.shortcut', { action: t(`ui.${action}`), keys })}>
       {/* A disabled button tells nobody that the pointer is over it; its wrapper does. */}
       <span>{button}</span>
     </Tooltip>
@@ -64,7 +64,7 @@ function FileName() {
   const file = useSheetsStore((store) => store.documentFile);
   const isUnsaved = useSheetsStore((store) => store.isUnsaved);
   return (
-    <Tooltip describeChild title={file?.path ?? t('messages.document.store.unstoredDocument')}>
+    <Tooltip disableInteractive describeChild title={file?.path ?? t('messages.document.store.unstoredDocument')}>
       <Typography level="body-sm" noWrap sx={{ marginLeft: 'auto', paddingLeft: 2, minWidth: 0 }}>
         {file?.name}
         {isUnsaved && '*'}
