@@ -8,6 +8,6 @@ export default defineConfig({
   fullyParallel: true,
   forbidOnly: true,
   workers: 2,
-  timeout: 60_000,
+  timeout: 120_000,
   reporter: [['list'], ['./support/closingLine', { part: 'windows' }]],
 });

@@ -53,6 +53,7 @@ export type StartOptions = Partial<Pick<Launch, 'cwd' | 'env'>> & {
 
 interface Fixtures {
   place: WindowsPlace;
+  /** What a program without a page talks to. */
   runtime: TestRuntime;
   /** Starts the program in its window, with these arguments, and ends it with the test. */
   open: (args?: string[], options?: StartOptions) => Promise<WindowsProgram>;
@@ -61,7 +62,7 @@ interface Fixtures {
 }
 interface Internals {
   processes: ProgramProcess[];
-  launch: (args: string[], options: StartOptions) => Launch;
+  launch: (runtime: TestRuntime, args: string[], options: StartOptions) => Launch;
 }
 interface WorkerFixtures {
   desktop: Desktop;
@@ -113,30 +114,37 @@ export const test = base.extend<Fixtures & Internals, WorkerFixtures>({
     }
     for (const process of processes) await process.end();
   },
-  launch: async ({ place, prefix, desktop, runtime }, use) => {
-    await use((args, { executable: name = prefix.windowsPath(place.program), cwd = place.documents, env }) => ({
-      command: ['wine', name, ...args],
-      cwd,
-      env: { ...prefix.environment, ...runtime.environment, ...env },
-      desktop,
-      logFile: place.logFile,
-      outputFolder: place.folder,
-    }));
+  launch: async ({ place, prefix, desktop }, use) => {
+    await use(
+      (runtime, args, { executable: name = prefix.windowsPath(place.program), cwd = place.documents, env }) => ({
+        command: ['wine', name, ...args],
+        cwd,
+        env: { ...prefix.environment, ...runtime.environment, ...env },
+        desktop,
+        logFile: place.logFile,
+        outputFolder: place.folder,
+      }),
+    );
   },
-  open: async ({ launch, processes, prefix, chromium, runtime }, use) => {
-    const pages: HostedPage[] = [];
+  open: async ({ launch, processes, prefix, chromium }, use) => {
+    const opened: { stop: () => Promise<void> }[] = [];
     await use(async (args = [], options = {}) => {
+      const runtime = await TestRuntime.listen();
       const page = await HostedPage.connect(await chromium.open(), runtime);
-      pages.push(page);
-      return WindowsProgram.start(launch(args, options), { prefix, runtime, page }, (process) =>
-        processes.push(process),
-      );
+      opened.push({
+        stop: async () => {
+          await page.close();
+          runtime.stop();
+        },
+      });
+      const surroundings = { prefix, runtime, page };
+      return WindowsProgram.start(launch(runtime, args, options), surroundings, (process) => processes.push(process));
     });
-    for (const page of pages) await page.close();
+    for (const each of opened) await each.stop();
   },
-  run: async ({ launch, processes }, use) => {
+  run: async ({ launch, processes, runtime }, use) => {
     await use((args = [], options = {}) => {
-      const process = new ProgramProcess(launch(args, options));
+      const process = new ProgramProcess(launch(runtime, args, options));
       processes.push(process);
       return process;
     });
