@@ -1,6 +1,8 @@
-import { readFileSync } from 'node:fs';
+import { copyFileSync, readFileSync } from 'node:fs';
+import { join } from 'node:path';
 import { until } from '../support/until';
-import { expect, test } from '../support/windowsFixtures';
+import { expect, test, type WindowsPlace } from '../support/windowsFixtures';
+import { testRuntimeDll } from '../support/windowsPaths';
 import { readWindows } from '../support/windowReader';
 
 const advice =
@@ -10,6 +12,7 @@ const advice =
 const version = '120.0.2210.91';
 
 interface Machine {
+  place: WindowsPlace;
   register: (version: string, root: 'HKLM' | 'HKCU') => void;
   install: (version: string) => void;
 }
@@ -28,6 +31,10 @@ for (const { title, arrange } of [
     title: 'with a runtime that is too old',
     arrange: ({ install }: Machine) => install('80.0.1149.0'),
   },
+  {
+    title: 'with a loader in the current folder, where anybody may have put it',
+    arrange: ({ place }: Machine) => copyFileSync(testRuntimeDll, join(place.documents, 'WebView2Loader.dll')),
+  },
 ]) {
   test(`${title} one message box tells where to get it, and the exit code is not 0`, async ({
     run,
@@ -38,6 +45,7 @@ for (const { title, arrange } of [
     prefix.removeRuntime();
     try {
       arrange({
+        place,
         register: (name, root) => prefix.registerRuntime(name, root),
         install: (name) => prefix.installRuntime(name),
       });

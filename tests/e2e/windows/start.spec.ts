@@ -136,6 +136,17 @@ test('started by a relative path, the log lies beside the executable', async ({ 
   expect(existsSync(join(place.documents, 'debug.log'))).toBe(false);
 });
 
+test("a folder whose name is in the system's code page may hold the program", async ({ open, place, prefix }) => {
+  const program = join(place.documents, 'übung', 'tessary.exe');
+  place.write('übung/debug.log');
+  copyFileSync(place.program, program);
+  const opened = await open([], { executable: prefix.windowsPath(program) });
+  expect(readFileSync(join(place.documents, 'übung', 'debug.log'), 'utf8')).toContain(
+    `Executable path: ${prefix.windowsPath(program)}\r\n`,
+  );
+  expect(await opened.close()).toBe(0);
+});
+
 test('the program runs without a log where none can be written', async ({ open, place }) => {
   mkdirSync(place.logFile);
   const program = await open();
