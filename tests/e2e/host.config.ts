@@ -9,5 +9,5 @@ export default defineConfig({
   forbidOnly: true,
   workers: 2,
   timeout: 120_000,
-  reporter: [['list'], ['./support/closingLine']],
+  reporter: [['list'], ['./support/closingLine', { part: 'host' }]],
 });

@@ -13,7 +13,7 @@ export default defineConfig({
   forbidOnly: true,
   workers: 2,
   timeout: 120_000,
-  reporter: [['list']],
+  reporter: [['list'], ['./support/closingLine', { part: 'browser' }]],
   projects: [
     {
       name: 'browser',
