@@ -54,19 +54,19 @@ export class CommonDialog {
     return this.#text('Edit', fileNameControl);
   }
 
-  /** Replaces what is typed as the file's name. A path with folders is allowed. */
+  /**
+   * Replaces what is typed as the file's name. A path with folders is allowed. Letters that no key gives are put on a
+   * spare key for a moment, which a busy program may look at too late: then all is typed again.
+   */
   async type(name: string) {
-    const { desktop } = this.#program;
-    desktop.press('alt+n', 'End', 'shift+Home', 'BackSpace');
-    await until('the box to be empty', () => this.typed() === '');
-    for (const part of name.match(/[ -~]+|[^ -~]/gu) ?? []) {
-      if (/^[ -~]/.test(part)) desktop.type(part);
-      else desktop.press(`U${(part.codePointAt(0) ?? 0).toString(16).padStart(4, '0')}`);
-    }
-    await until(`"${name}" in the box`, () => this.typed() === name);
+    await until(`"${name}" in the box`, async () => {
+      await this.#clear();
+      this.#typeOnce(name);
+      return until('it', () => this.typed() === name, 2000).catch(() => false);
+    });
   }
 
-  /** Presses Return and waits until the dialog closes or asks something. */
+  /** Presses Return and waits until the dialog closes or asks something. Another dialog may follow at once. */
   async confirm() {
     await this.#press('Return');
   }
@@ -75,11 +75,28 @@ export class CommonDialog {
     await this.#press('Escape');
   }
 
+  async #clear() {
+    this.#program.desktop.press('alt+n', 'End', 'shift+Home', 'BackSpace');
+    await until('the box to be empty', () => this.typed() === '');
+  }
+
+  #typeOnce(name: string) {
+    const { desktop } = this.#program;
+    for (const part of name.match(/[ -~]+|[^ -~]/gu) ?? []) {
+      if (/^[ -~]/.test(part)) desktop.type(part);
+      else desktop.press(`U${(part.codePointAt(0) ?? 0).toString(16).padStart(4, '0')}`);
+    }
+  }
+
   async #press(key: string) {
-    const before = boxes(this.#program).length;
+    const ids = () =>
+      boxes(this.#program)
+        .map(({ id }) => id)
+        .join(' ');
+    const before = ids();
     this.#program.desktop.focus(this.#window);
     this.#program.desktop.press(key);
-    await until(`the dialog to react to ${key}`, () => boxes(this.#program).length !== before);
+    await until(`the dialog to react to ${key}`, () => ids() !== before);
   }
 
   #text(className: string, id: number): string | undefined {

@@ -62,6 +62,8 @@ interface Fixtures {
 }
 interface Internals {
   processes: ProgramProcess[];
+  /** What has to end after the processes. */
+  atEnd: (() => Promise<void>)[];
   launch: (runtime: TestRuntime, args: string[], options: StartOptions) => Launch;
 }
 interface WorkerFixtures {
@@ -106,7 +108,12 @@ export const test = base.extend<Fixtures & Internals, WorkerFixtures>({
     await use(runtime);
     runtime.stop();
   },
-  processes: async ({ desktop, place: _outlivesTheProcesses }, use, testInfo) => {
+  atEnd: async ({}, use) => {
+    const tasks: (() => Promise<void>)[] = [];
+    await use(tasks);
+    for (const task of tasks) await task();
+  },
+  processes: async ({ desktop, place: _place, runtime: _runtime, atEnd: _outliveTheProcesses }, use, testInfo) => {
     const processes: ProgramProcess[] = [];
     await use(processes);
     if (testInfo.status !== testInfo.expectedStatus) {
@@ -126,21 +133,17 @@ export const test = base.extend<Fixtures & Internals, WorkerFixtures>({
       }),
     );
   },
-  open: async ({ launch, processes, prefix, chromium }, use) => {
-    const opened: { stop: () => Promise<void> }[] = [];
+  open: async ({ launch, processes, atEnd, prefix, chromium }, use) => {
     await use(async (args = [], options = {}) => {
       const runtime = await TestRuntime.listen();
       const page = await HostedPage.connect(await chromium.open(), runtime);
-      opened.push({
-        stop: async () => {
-          await page.close();
-          runtime.stop();
-        },
+      atEnd.push(async () => {
+        await page.close();
+        runtime.stop();
       });
       const surroundings = { prefix, runtime, page };
       return WindowsProgram.start(launch(runtime, args, options), surroundings, (process) => processes.push(process));
     });
-    for (const each of opened) await each.stop();
   },
   run: async ({ launch, processes, runtime }, use) => {
     await use((args = [], options = {}) => {
