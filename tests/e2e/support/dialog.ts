@@ -65,8 +65,13 @@ export class FileDialog {
   /** Replaces what is typed as the file's name. A path with folders is allowed. */
   async type(name: string) {
     const { desktop } = this.#program;
-    if (this.typed() === undefined) desktop.press('ctrl+l');
-    await until('a box to type into', () => this.typed() !== undefined);
+    // A dialog that has just come back after a message may not have the keyboard yet.
+    await until('a box to type into', () => {
+      if (this.typed() !== undefined) return true;
+      desktop.focus(this.#window);
+      desktop.press('ctrl+l');
+      return until('the box', () => this.typed() !== undefined, 2000).catch(() => false);
+    });
     desktop.press('ctrl+a', 'BackSpace');
     await until('the box to be empty', () => this.typed() === '');
     desktop.type(name);
