@@ -8,7 +8,7 @@ export default defineConfig({
   fullyParallel: true,
   forbidOnly: true,
   workers: 2,
-  retries: process.env.CI ? 1 : 0, // the keyboard of a busy desktop can be taken away between two keys
+  retries: process.env.CI ? 2 : 0, // the keyboard of a busy desktop can be taken away between two keys
   timeout: 120_000,
   reporter: [['list'], ['./support/closingLine', { part: 'windows' }]],
 });
