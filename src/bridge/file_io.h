@@ -9,6 +9,8 @@
 /// "file-read-failed".
 [[nodiscard]] Outcome readTextFile(const std::string& path);
 
-/// Empties or creates the file, then writes `content`. Once the file is open the answer is success: a full disk is not
-/// noticed. Otherwise "file-write-failed".
+/// Empties or creates the file, then writes `content`. While a document that was there before is replaced, the new text
+/// also stands in a copy beside it (document_copy.h), which goes when the document is whole on the disk. Once the file
+/// is open the answer is success: a disk that is full by then is not noticed, but the copy stays. "file-write-failed"
+/// when the file cannot be opened, or when the disk has no room for the copy; the document is then as it was.
 [[nodiscard]] Outcome writeTextFile(const std::string& path, const std::string& content);
