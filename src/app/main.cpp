@@ -1,5 +1,6 @@
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "app/app_metadata.h"
@@ -12,6 +13,7 @@
 #include "console/log.h"
 #include "console/tee_stream_buf.h"
 #include "server/local_server.h"
+#include "server/twin_address.h"
 
 static void logStart(const std::filesystem::path& executable, const std::string& serverUrl) {
     const AppMetadata& metadata = AppMetadata::instance();
@@ -28,6 +30,16 @@ static void endWithoutWindow(const std::string& reason) {
     std::exit(EXIT_FAILURE);
 }
 
+// One sentence for the user when no page can or may be shown.
+static std::optional<std::string> whyNoWindow(const TwinAddress& twin) {
+    if (twin.isTaken()) {
+        return "Another program listens at port " + std::to_string(serverPort) +
+               " of this computer, where it could pass for Tessary's own page: start Tessary again to get another "
+               "port.";
+    }
+    return prepareWindowSystem();
+}
+
 int main(int argc, char* argv[]) {
     const LaunchArgs args = parseCommandLine(argc, argv);
 
@@ -38,10 +50,11 @@ int main(int argc, char* argv[]) {
     static_cast<void>(AppMetadata::instance());
     setupServer(exePath);
     startServer();
+    const TwinAddress twin(serverPort);
     const std::string serverUrl = getServerUrl();
     logStart(exePath, serverUrl);
 
-    if (const auto missing = prepareWindowSystem()) endWithoutWindow(*missing);
+    if (const auto reason = whyNoWindow(twin)) endWithoutWindow(*reason);
     NativeWebView view;
     view.setTitle(AppMetadata::instance().displayName());
     injectHostInfo(view);

@@ -1,5 +1,5 @@
-import { Agent, request, type IncomingHttpHeaders } from 'node:http';
 import { readdirSync, readFileSync } from 'node:fs';
+import { Agent, request, type IncomingHttpHeaders } from 'node:http';
 import { join } from 'node:path';
 import { brotliDecompressSync } from 'node:zlib';
 import { expect, test as running } from '@playwright/test';
