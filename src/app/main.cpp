@@ -61,6 +61,7 @@ int main(int argc, char* argv[]) {
     bindFileFunctions(view);
     bindLinkOpener(view);
     injectLaunchArgs(view, args);
+    view.keepOn(serverUrl);
     view.navigate(serverUrl.empty() ? "about:blank" : serverUrl);
     view.setSize(800, 600);
     view.run();

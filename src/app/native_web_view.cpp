@@ -5,6 +5,12 @@
 #include <exception>
 #include <utility>
 
+#ifdef _WIN32
+#include "app/engine_page_windows.h"
+#else
+#include "app/engine_page_linux.h"
+#endif
+#include "app/navigation_fence.h"
 #include "bridge/envelope.h"
 #include "bridge/file_dialogs.h"
 #include "bridge/serial_calls.h"
@@ -51,6 +57,10 @@ void NativeWebView::bind(const std::string& name, Handler handler) {
 }
 
 void NativeWebView::bindRaising(const std::string& name, Handler handler) { library_->bindById(name, handler); }
+
+void NativeWebView::keepOn(const std::string& origin) {
+    if (void* const page = enginePage(library_->view)) keepOnOrigin(page, origin);
+}
 
 void NativeWebView::navigate(const std::string& url) { library_->view.navigate(url); }
 

@@ -11,6 +11,9 @@ public:
     NativeWebView();
     ~NativeWebView() override;
 
+    /// Keeps the window on pages of this origin (navigation_fence.h).
+    void keepOn(const std::string& origin);
+
     void setTitle(const std::string& title) override;
     void init(const std::string& script) override;
     void bind(const std::string& name, Handler handler) override;

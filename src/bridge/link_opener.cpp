@@ -6,7 +6,7 @@
 
 #include "bridge/request.h"
 
-static bool hasAcceptedScheme(std::string_view url) {
+bool isExternalLink(std::string_view url) {
     static constexpr std::array<std::string_view, 3> accepted = {"http://", "https://", "mailto:"};
     for (const std::string_view scheme : accepted) {
         if (url.starts_with(scheme)) return true;
@@ -24,7 +24,7 @@ static std::string requestedUrl(const std::string& requestText) {
 
 std::string openExternalUrl(const std::string& request, bool (*launch)(const std::string&)) {
     const std::string url = requestedUrl(request);
-    if (!hasAcceptedScheme(url)) {
+    if (!isExternalLink(url)) {
         throw std::runtime_error("Invalid URL protocol. Only http://, https://, and mailto: are allowed");
     }
     if (!launch(url)) throw std::runtime_error("Failed to open URL in browser");

@@ -1,6 +1,10 @@
 // src/bridge/link_opener.h: hands the page's external links to the desktop.
 #pragma once
 #include <string>
+#include <string_view>
+
+/// Whether the desktop may be asked to open `url`: it begins with http://, https:// or mailto:, in lower case.
+[[nodiscard]] bool isExternalLink(std::string_view url);
 
 /// Gives `url` to the system's handler for its scheme, without waiting for the program that it starts. False when the
 /// system refused. Bytes are passed as they are.

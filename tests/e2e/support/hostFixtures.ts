@@ -3,6 +3,7 @@ import { copyFileSync, linkSync, mkdirSync, mkdtempSync, rmSync, writeFileSync }
 import { tmpdir } from 'node:os';
 import { dirname, join } from 'node:path';
 import { Desktop } from './desktop';
+import { LinkRecorder } from './linkRecorder';
 import { executable, toolSources } from './paths';
 import { Program } from './program';
 import { ProgramProcess, type Launch } from './programProcess';
@@ -65,6 +66,8 @@ export type StartOptions = Partial<Pick<Launch, 'command' | 'cwd' | 'env'>>;
 
 interface Fixtures {
   place: Place;
+  /** The desktop's handler of links. */
+  linkRecorder: LinkRecorder;
   /** Starts the program in its window, with these arguments, and ends it with the test. */
   open: (args?: string[], options?: StartOptions) => Promise<Program>;
   /** Starts the program where no window is expected, and ends it with the test. */
@@ -84,6 +87,20 @@ export const test = base.extend<Fixtures & { processes: ProgramProcess[] }, { de
     const place = new Place();
     await use(place);
     place.remove();
+  },
+  linkRecorder: async ({ place }, use) => {
+    const recorder = new LinkRecorder(place.folder);
+    const script = place.write('../home/recorder.sh', recorder.script);
+    const schemes = ['http', 'https', 'mailto'].map((scheme) => `x-scheme-handler/${scheme}`);
+    place.write(
+      '../home/data/applications/recorder.desktop',
+      `[Desktop Entry]\nType=Application\nName=Recorder\nExec=/bin/sh ${script} %u\nMimeType=${schemes.join(';')};\n`,
+    );
+    place.write(
+      '../home/config/mimeapps.list',
+      `[Default Applications]\n${schemes.map((type) => `${type}=recorder.desktop\n`).join('')}`,
+    );
+    await use(recorder);
   },
   processes: async ({ desktop, place: _outlivesTheProcesses }, use, testInfo) => {
     const processes: ProgramProcess[] = [];

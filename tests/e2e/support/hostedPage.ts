@@ -22,6 +22,11 @@ interface Evaluated {
   exceptionDetails?: { text: string; exception?: { description?: string; value?: unknown } };
 }
 
+interface PausedRequest {
+  requestId: string;
+  request: { url: string };
+}
+
 /** The program's page in a real browser: what the program asks of its browser runtime is done in a tab of Chromium. */
 export class HostedPage {
   readonly #tab: Tab;
@@ -40,8 +45,10 @@ export class HostedPage {
     await tab.call('Runtime.enable');
     await tab.call('Runtime.addBinding', { name: 'postToProgram' });
     await tab.call('Page.addScriptToEvaluateOnNewDocument', { source: pageSide });
+    await tab.call('Fetch.enable', { patterns: [{ urlPattern: '*', resourceType: 'Document' }] });
     tab.onEvent((method, params) => {
       if (method === 'Runtime.bindingCalled') page.#post(params.payload as string);
+      if (method === 'Fetch.requestPaused') void page.#decide(params as unknown as PausedRequest);
     });
     // The program's calls happen in their order, also where the browser takes its time.
     runtime.onCall((call) => {
@@ -79,6 +86,15 @@ export class HostedPage {
 
   async #evaluate(expression: string, awaitPromise = false): Promise<Evaluated> {
     return this.#tab.call('Runtime.evaluate', { expression, awaitPromise, returnByValue: true, userGesture: true });
+  }
+
+  /** The program decides whether the page goes where it is about to go. */
+  async #decide({ requestId, request }: PausedRequest) {
+    if (await this.#runtime.startNavigation(request.url)) {
+      await this.#tab.call('Fetch.continueRequest', { requestId });
+    } else {
+      await this.#tab.call('Fetch.failRequest', { requestId, errorReason: 'Aborted' });
+    }
   }
 
   #post(payload: string) {

@@ -68,7 +68,7 @@ export class Inspector {
     ...given: Arguments
   ): Promise<Result> {
     const call = `(async () => JSON.stringify([await (${work})(...${JSON.stringify(given)})]))()`;
-    const promise = await this.#ask('Runtime.evaluate', { expression: call });
+    const promise = await this.#ask('Runtime.evaluate', { expression: call, emulateUserGesture: true });
     const settled = await this.#ask('Runtime.awaitPromise', { promiseObjectId: promise.objectId, returnByValue: true });
     return (JSON.parse(settled.value as string) as [Result])[0];
   }

@@ -59,6 +59,16 @@ export class TestRuntime {
     this.#send('permission', kind);
   }
 
+  /** The page is about to go to an address. Whether the program lets it. */
+  startNavigation(address: string): Promise<boolean> {
+    return this.#mayGo('navigating', 'navigation', address);
+  }
+
+  /** The page asks for a new window with an address. Whether the program lets it have one. */
+  requestNewWindow(address: string): Promise<boolean> {
+    return this.#mayGo('new-window', 'new-window', address);
+  }
+
   /** The user closes the program's window. */
   closeWindow() {
     this.#send('close', '');
@@ -67,6 +77,16 @@ export class TestRuntime {
   stop() {
     this.#socket?.destroy();
     this.#server.close();
+  }
+
+  #mayGo(verb: string, answer: string, address: string): Promise<boolean> {
+    const before = this.calls.length;
+    this.#send(verb, address);
+    const answers = [`${answer}-allowed`, `${answer}-refused`];
+    return until(`what becomes of ${address}`, () => {
+      const found = this.calls.slice(before).find((call) => answers.includes(call.verb) && call.text === address);
+      return found && { allowed: found.verb.endsWith('allowed') };
+    }).then(({ allowed }) => allowed);
   }
 
   #serve(socket: Socket) {

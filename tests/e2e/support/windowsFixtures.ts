@@ -1,9 +1,10 @@
 import { test as base, expect } from '@playwright/test';
-import { linkSync, mkdirSync, mkdtempSync, rmSync, writeFileSync } from 'node:fs';
+import { chmodSync, linkSync, mkdirSync, mkdtempSync, rmSync, writeFileSync } from 'node:fs';
 import { dirname, join } from 'node:path';
 import { Chromium } from './chromium';
 import { HostedPage } from './hostedPage';
 import { Desktop } from './desktop';
+import { LinkRecorder } from './linkRecorder';
 import { TestRuntime } from './testRuntime';
 import { executable } from './windowsPaths';
 import { ProgramProcess, type Launch } from './programProcess';
@@ -55,6 +56,8 @@ interface Fixtures {
   place: WindowsPlace;
   /** What a program without a page talks to. */
   runtime: TestRuntime;
+  /** A script on Linux that is the user's browser and mail program. */
+  linkRecorder: LinkRecorder;
   /** Starts the program in its window, with these arguments, and ends it with the test. */
   open: (args?: string[], options?: StartOptions) => Promise<WindowsProgram>;
   /** Starts the program without a page, and ends it with the test. */
@@ -107,6 +110,13 @@ export const test = base.extend<Fixtures & Internals, WorkerFixtures>({
     const runtime = await TestRuntime.listen();
     await use(runtime);
     runtime.stop();
+  },
+  linkRecorder: async ({ place, prefix }, use) => {
+    const recorder = new LinkRecorder(place.folder);
+    const script = place.write('../recorder.sh', recorder.script);
+    chmodSync(script, 0o755);
+    for (const name of ['Browsers', 'Mailers']) prefix.setValue('HKCU\\Software\\Wine\\WineBrowser', name, script);
+    await use(recorder);
   },
   atEnd: async ({}, use) => {
     const tasks: (() => Promise<void>)[] = [];

@@ -79,3 +79,23 @@ test('a page may read the clipboard without a question, and nothing else', async
   await runtime.told('permission-state');
   expect(runtime.texts('permission-state')).toEqual(['1']);
 });
+
+test('the window stays on the page of the program', async ({ run, runtime, linkRecorder }) => {
+  run();
+  await ready(runtime);
+  const own = runtime.texts('navigate')[0] ?? '';
+  expect(await runtime.startNavigation(`${own}/`)).toBe(true);
+  expect(await runtime.startNavigation(`${own}/words`)).toBe(true);
+  for (const address of ['file:///C:/windows/win.ini', 'data:text/html,x', 'ftp://localhost/']) {
+    expect(await runtime.startNavigation(address), address).toBe(false);
+    expect(await runtime.requestNewWindow(address), address).toBe(false);
+  }
+  expect(await runtime.requestNewWindow(`${own}/words`)).toBe(false);
+  for (const address of ['https://example.org/a?b', 'mailto:someone@example.org']) {
+    expect(await runtime.startNavigation(address)).toBe(false);
+    expect(await linkRecorder.opened(address)).toBe(address);
+    expect(await runtime.requestNewWindow(address)).toBe(false);
+    expect(await linkRecorder.opened(address)).toBe(address);
+  }
+  expect(runtime.texts('unexpected-call')).toEqual([]);
+});

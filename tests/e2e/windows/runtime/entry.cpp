@@ -18,6 +18,8 @@ static void obey(const Line& line) {
     onUiThread([line] {
         if (line.verb == "close") PostMessageW(programWindow(), WM_CLOSE, 0, 0);
         if (line.verb == "message") raiseInTurn([line] { postFromPage(line.text); });
+        if (line.verb == "navigating") raiseInTurn([line] { startNavigation(line.text); });
+        if (line.verb == "new-window") raiseInTurn([line] { requestNewWindow(line.text); });
         if (line.verb == "permission") raiseInTurn([line] { askForPermission(std::atoi(line.text.c_str())); });
     });
 }

@@ -10,9 +10,15 @@
 static constexpr GUID messageHandlerId{0x57213F19, 0x00E6, 0x49FA, {0x8E, 0x07, 0x89, 0x8E, 0xA0, 0x1E, 0xCB, 0xD2}};
 static constexpr GUID permissionHandlerId{0x15E1C6A3, 0xC72A, 0x4DF3, {0x91, 0xD7, 0xD0, 0x97, 0xFB, 0xEC, 0x6B, 0xFD}};
 
+static constexpr GUID navigationHandlerId{0x9ADBE429, 0xF36D, 0x432B, {0x9D, 0xDC, 0xF8, 0x88, 0x1F, 0xBD, 0x76, 0xE3}};
+static constexpr GUID newWindowHandlerId{0xD4C185FE, 0xC81C, 0x4989, {0x97, 0xAF, 0x2D, 0x3F, 0xA7, 0xAB, 0x56, 0x51}};
+
 static Handler messageHandler;
+static Handler navigationHandler;
+static Handler newWindowHandler;
 static Handler permissionHandler;
-static std::wstring postedMessage;
+static std::wstring textForProgram;
+static bool prevented;
 static int askedPermission;
 
 static HRESULT subscribe(Handler& place, IUnknown* handler, const GUID& interfaceId, INT64* token) {
@@ -44,6 +50,10 @@ ComObject& webView() {
     view.set(
         6, +[](ComObject*, PCWSTR html) -> HRESULT { return tell("html", html); });
     view.set(
+        7, +[](ComObject*, IUnknown* handler, INT64* token) -> HRESULT {
+            return subscribe(navigationHandler, handler, navigationHandlerId, token);
+        });
+    view.set(
         23, +[](ComObject*, IUnknown* handler, INT64* token) -> HRESULT {
             return subscribe(permissionHandler, handler, permissionHandlerId, token);
         });
@@ -57,24 +67,55 @@ ComObject& webView() {
         34, +[](ComObject*, IUnknown* handler, INT64* token) -> HRESULT {
             return subscribe(messageHandler, handler, messageHandlerId, token);
         });
+    view.set(
+        44, +[](ComObject*, IUnknown* handler, INT64* token) -> HRESULT {
+            return subscribe(newWindowHandler, handler, newWindowHandlerId, token);
+        });
     return view;
 }
 
 /// The caller frees the text with CoTaskMemFree.
-static HRESULT STDMETHODCALLTYPE messageText(ComObject*, PWSTR* result) {
-    const std::size_t bytes = (postedMessage.size() + 1) * sizeof postedMessage[0];
+static HRESULT STDMETHODCALLTYPE giveText(ComObject*, PWSTR* result) {
+    const std::size_t bytes = (textForProgram.size() + 1) * sizeof textForProgram[0];
     *result = static_cast<PWSTR>(CoTaskMemAlloc(bytes));
     if (*result == nullptr) return E_OUTOFMEMORY;
-    std::memcpy(*result, postedMessage.c_str(), bytes);
+    std::memcpy(*result, textForProgram.c_str(), bytes);
     return S_OK;
 }
 
 void postFromPage(const std::string& message) {
     if (!messageHandler) return;
     static ComObject arguments("message-arguments");
-    arguments.set(5, messageText);
-    postedMessage = utf16(message);
+    arguments.set(5, giveText);
+    textForProgram = utf16(message);
     invoke(messageHandler, &webView(), &arguments);
+}
+
+static HRESULT STDMETHODCALLTYPE prevent(ComObject*, BOOL yes) {
+    prevented = yes != FALSE;
+    return S_OK;
+}
+
+/// Whether the program's handler lets go on what leads to this address.
+static bool goesOn(const Handler& handler, ComObject& arguments, const std::string& address) {
+    textForProgram = utf16(address);
+    prevented = false;
+    if (handler) invoke(handler, &webView(), &arguments);
+    return !prevented;
+}
+
+void startNavigation(const std::string& address) {
+    static ComObject arguments("navigation-arguments");
+    arguments.set(3, giveText);
+    arguments.set(8, prevent);
+    tellDriver(goesOn(navigationHandler, arguments, address) ? "navigation-allowed" : "navigation-refused", address);
+}
+
+void requestNewWindow(const std::string& address) {
+    static ComObject arguments("new-window-arguments");
+    arguments.set(3, giveText);
+    arguments.set(6, prevent);
+    tellDriver(goesOn(newWindowHandler, arguments, address) ? "new-window-allowed" : "new-window-refused", address);
 }
 
 void askForPermission(int kind) {
