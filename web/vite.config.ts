@@ -3,16 +3,19 @@ import { fileURLToPath } from 'node:url';
 import { defineConfig } from 'vite';
 import { VitePWA } from 'vite-plugin-pwa';
 import { iconPlugin } from './build/iconPlugin.ts';
+import { packagesPlugin } from './build/packagesPlugin.ts';
 import { treePlugin } from './build/treePlugin.ts';
 import metadata from './package.json' with { type: 'json' };
 
 const iconFile = fileURLToPath(new URL('../resources/icon.svg', import.meta.url));
+const packagesFile = fileURLToPath(new URL('../build/page-packages.json', import.meta.url));
 
 export default defineConfig({
   base: '/',
   plugins: [
     react(),
     iconPlugin(iconFile),
+    packagesPlugin(packagesFile),
     // The worker files belong to the tree, but neither the page nor its script registers them.
     VitePWA({
       strategies: 'generateSW',
