@@ -10,16 +10,19 @@ import metadata from './package.json' with { type: 'json' };
 const iconFile = fileURLToPath(new URL('../resources/icon.svg', import.meta.url));
 const packagesFile = fileURLToPath(new URL('../build/page-packages.json', import.meta.url));
 
+// For web servers the page registers its worker. The desktop program's page never does: its port, and with it the
+// worker's origin, is another one at each start.
+const installable = process.env.TESSARY_PAGE === 'installable';
+
 export default defineConfig({
   base: '/',
   plugins: [
     react(),
     iconPlugin(iconFile),
     packagesPlugin(packagesFile),
-    // The worker files belong to the tree, but neither the page nor its script registers them.
     VitePWA({
       strategies: 'generateSW',
-      injectRegister: false,
+      injectRegister: installable ? 'script-defer' : false,
       includeManifestIcons: false,
       manifest: {
         name: metadata.displayName,
@@ -35,9 +38,9 @@ export default defineConfig({
           type: 'image/png',
         })),
       },
-      workbox: { globPatterns: ['index.html', 'assets/*.{js,css,woff2}'], sourcemap: false },
+      workbox: { globPatterns: ['index.html', 'registerSW.js', 'assets/*.{js,css,woff2}'], sourcemap: false },
     }),
-    treePlugin(),
+    !installable && treePlugin(),
   ],
   build: {
     target: 'es2022',
