@@ -1,0 +1,106 @@
+// Prints the licences of all that goes into a package: node licences.mjs linux|windows|web
+// What goes in is asked of the builds themselves, so a library that is added later is here as well, or stops this.
+import { execFileSync } from 'node:child_process';
+import { readdirSync, readFileSync } from 'node:fs';
+import { fileURLToPath } from 'node:url';
+
+const root = fileURLToPath(new URL('../', import.meta.url));
+const LICENCE_FILE = /^(licen[cs]e|copying)/i;
+
+/** The source archive that a header of the host's libraries comes from, by the first part of its path. */
+const ARCHIVES = new Map([
+  ['argparse', 'libargparse'],
+  ['brotli', 'brotli'],
+  ['fmt', 'fmtlib'],
+  ['httplib.h', 'cpp-httplib'],
+  ['json-c', 'json-c'],
+  ['webview.h', 'webview'],
+]);
+
+/** Linked into the Windows executable: the C and C++ runtimes, as Debian's compiler packages bring them. */
+const WINDOWS_RUNTIMES = ['mingw-w64-common', 'gcc-mingw-w64-base'];
+
+function licenceIn(folder, name) {
+  const file = readdirSync(folder).find((each) => LICENCE_FILE.test(each));
+  if (file === undefined) throw new Error(`${name} has no licence in ${folder}`);
+  return readFileSync(`${folder}/${file}`, 'utf8');
+}
+
+/** The first parts of the headers' paths that the program's own sources were compiled with, below the libraries' prefix. */
+function includedHeaders(target) {
+  const include = `${root}build/deps/${target}/include/`;
+  const printed = execFileSync('ninja', ['-C', `${root}build/${target}`, '-t', 'deps'], {
+    encoding: 'utf8',
+    maxBuffer: 1e9,
+  });
+  const ofTheProgram = printed.split('\n\n').filter((object) => object.trimStart().startsWith('src/'));
+  const headers = ofTheProgram.flatMap((object) => object.split('\n').slice(1)).map((line) => line.trim());
+  const ours = headers.filter((path) => path.startsWith(include)).map((path) => path.slice(include.length));
+  return [...new Set(ours.map((path) => path.split('/')[0]))].sort();
+}
+
+function hostLibrary(target, header) {
+  const name = ARCHIVES.get(header);
+  if (name === undefined) throw new Error(`Nobody knows under which licence ${header} is: add its archive to ARCHIVES`);
+  const sources = `${root}build/deps/${target}/src/${name}`;
+  if (name === 'webview') return { name, text: openingComment(readFileSync(`${sources}/src/webview.h`, 'utf8')) };
+  return { name: `${name} ${archiveVersion(name)}`, text: licenceIn(sources, name) };
+}
+
+function archiveVersion(name) {
+  const archive = readdirSync(`${root}build/deps/sources`).find((file) => file.startsWith(`${name}_`));
+  return /_(.+)\.orig\./.exec(archive)[1];
+}
+
+/** A header by itself has its licence at its top. */
+function openingComment(source) {
+  const [, comment] = /^\/\*([^]*?)\*\//.exec(source) ?? [];
+  if (!comment?.includes('Copyright')) throw new Error('The web-view header does not begin with its licence any more');
+  return comment.replace(/^ \* ?/gm, '');
+}
+
+function windowsRuntime(name) {
+  return { name: `${name} (Debian)`, text: readFileSync(`/usr/share/doc/${name}/copyright`, 'utf8') };
+}
+
+function pageLibrary(folder) {
+  const { name, version } = JSON.parse(readFileSync(`${root}web/${folder}/package.json`, 'utf8'));
+  return { name: `${name} ${version}`, text: licenceIn(`${root}web/${folder}`, name) };
+}
+
+/** The worker is made of modules that name themselves in its text. */
+function workerFolders() {
+  const worker = readdirSync(`${root}web/dist`).find((file) => /^workbox-.*\.js$/.test(file));
+  const marks = readFileSync(`${root}web/dist/${worker}`, 'utf8').matchAll(/"workbox:([a-z-]+):/g);
+  const folders = [...marks].map(([, module]) => `node_modules/workbox-${module}`);
+  if (folders.length === 0) throw new Error('The worker no longer tells which modules it is made of');
+  return folders;
+}
+
+function librariesOf(target) {
+  const page = JSON.parse(readFileSync(`${root}build/page-packages.json`, 'utf8'));
+  const libraries = [...page, ...workerFolders()].map(pageLibrary);
+  if (target === 'web') return libraries;
+  const host = includedHeaders(target).map((header) => hostLibrary(target, header));
+  const runtimes = target === 'windows' ? WINDOWS_RUNTIMES.map(windowsRuntime) : [];
+  return [...host, ...runtimes, ...libraries];
+}
+
+/** Libraries with the same text share it. */
+function sections(libraries) {
+  const names = new Map();
+  for (const { name, text } of libraries) {
+    const tidy = text
+      .replaceAll('\r\n', '\n')
+      .replace(/[ \t]+$/gm, '')
+      .trim();
+    names.set(tidy, [...(names.get(tidy) ?? []), name]);
+  }
+  const line = '-'.repeat(80);
+  return [...names].map(([text, all]) => `${line}\n${[...new Set(all)].join('\n')}\n${line}\n\n${text}\n`);
+}
+
+const [target] = process.argv.slice(2);
+if (!['linux', 'windows', 'web'].includes(target)) throw new Error('Licences of what? linux, windows or web');
+const opening = readFileSync(`${root}packaging/copyright.txt`, 'utf8');
+process.stdout.write([opening, ...sections(librariesOf(target))].join('\n'));
