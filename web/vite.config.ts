@@ -13,6 +13,9 @@ const packagesFile = fileURLToPath(new URL('../build/page-packages.json', import
 // For web servers the page registers its worker. The desktop program's page never does: its port, and with it the
 // worker's origin, is another one at each start.
 const installable = process.env.TESSARY_PAGE === 'installable';
+/** What the worker keeps for the time without a network. The rest of what a browser asks for counts where it is used. */
+const cached = ['index.html', 'assets/*.{js,css,woff2}'];
+const cachedToo = ['registerSW.js', '**/*.{ico,png,svg}'];
 
 export default defineConfig({
   base: '/',
@@ -38,7 +41,7 @@ export default defineConfig({
           type: 'image/png',
         })),
       },
-      workbox: { globPatterns: ['index.html', 'registerSW.js', 'assets/*.{js,css,woff2}'], sourcemap: false },
+      workbox: { globPatterns: installable ? [...cached, ...cachedToo] : cached, sourcemap: false },
     }),
     !installable && treePlugin(),
   ],
