@@ -79,10 +79,6 @@ SectionEnd
 
 Section Uninstall
   !insertmacro RemoveProgram
-  Delete "$INSTDIR\debug.log"
-  Delete "$INSTDIR\LICENCES.txt"
-  Delete "$INSTDIR\uninstall.exe"
-  RMDir "$INSTDIR"
   Delete "$SMPROGRAMS\${DISPLAY_NAME}.lnk"
   ; Where the web-view library has the browser runtime keep its caches. Documents are never there.
   RMDir /r "$APPDATA\${PROGRAM}"
@@ -97,4 +93,10 @@ Section Uninstall
   DeleteRegKey HKCU "${CLASSES}\${DOCUMENT}"
   DeleteRegKey HKCU "${UNINSTALL}"
   !insertmacro TellShell
+
+  ; Last, so that who waits for the end of it all can wait for the folder's.
+  Delete "$INSTDIR\debug.log"
+  Delete "$INSTDIR\LICENCES.txt"
+  Delete "$INSTDIR\uninstall.exe"
+  RMDir "$INSTDIR"
 SectionEnd
