@@ -69,8 +69,14 @@ export class Inspector {
   ): Promise<Result> {
     const call = `(async () => JSON.stringify([await (${work})(...${JSON.stringify(given)})]))()`;
     const promise = await this.#ask('Runtime.evaluate', { expression: call, emulateUserGesture: true });
-    const settled = await this.#ask('Runtime.awaitPromise', { promiseObjectId: promise.objectId, returnByValue: true });
-    return (JSON.parse(settled.value as string) as [Result])[0];
+    try {
+      const asked = { promiseObjectId: promise.objectId, returnByValue: true };
+      const settled = await this.#ask('Runtime.awaitPromise', asked);
+      return (JSON.parse(settled.value as string) as [Result])[0];
+    } finally {
+      // The tools keep what they gave out: a page that is asked for long would grow.
+      void this.#send('Runtime.releaseObject', { objectId: promise.objectId });
+    }
   }
 
   async #ask(method: string, parameters: object): Promise<RemoteValue> {
