@@ -6,6 +6,7 @@ import { join } from 'node:path';
 import { createInterface } from 'node:readline';
 import type { Readable } from 'node:stream';
 import { setTimeout as pause } from 'node:timers/promises';
+import { proportionalSize, treeOf } from '../processTree.ts';
 
 /** A process that tells something in the first line that it prints. */
 interface Speaking {
@@ -112,29 +113,4 @@ export class Served {
 
 function logOf(folder: string): string {
   return readdirSync(folder).includes('debug.log') ? readFileSync(join(folder, 'debug.log'), 'utf8') : '';
-}
-
-/** A process and all that came from it. */
-function treeOf(pid: number): number[] {
-  const children = new Map<number, number[]>();
-  for (const each of readdirSync('/proc').map(Number).filter(Number.isInteger)) {
-    const parent = parentOf(each);
-    children.set(parent, [...(children.get(parent) ?? []), each]);
-  }
-  const tree = [pid];
-  for (const each of tree) tree.push(...(children.get(each) ?? []));
-  return tree;
-}
-
-function parentOf(pid: number): number {
-  try {
-    return Number(/^PPid:\s+(\d+)$/m.exec(readFileSync(`/proc/${pid}/status`, 'utf8'))?.[1] ?? -1);
-  } catch {
-    return -1; // it has ended
-  }
-}
-
-/** In MB. Memory that several processes share is divided among them. */
-function proportionalSize(pid: number): number {
-  return Number(/^Pss:\s+(\d+) kB$/m.exec(readFileSync(`/proc/${pid}/smaps_rollup`, 'utf8'))?.[1] ?? 0) / 1000;
 }
