@@ -21,7 +21,18 @@ export interface Accessible {
   text: string;
 }
 
+/** A place in a window, in pixels from its upper left corner. */
+export interface Point {
+  x: number;
+  y: number;
+}
+
 type Service = ChildProcessByStdio<null, Readable, null>;
+
+const moveTo = ({ id }: DesktopWindow, { x, y }: Point) => [
+  ...['mousemove', '--window', id],
+  ...[x, y].map((each) => String(Math.round(each))),
+];
 
 /**
  * A desktop session that nobody sees: a screen of 1280 by 1024 pixels without a window manager, and a session bus with
@@ -100,6 +111,22 @@ export class Desktop {
       if (/^[ -~]/.test(part)) this.#run('xdotool', 'type', '--clearmodifiers', '--delay', '4', part);
       else this.press('ctrl+shift+u', ...(part.codePointAt(0) ?? 0).toString(16), 'space');
     }
+  }
+
+  /** Presses the left button at a point of a window, in pixels from its upper left corner. */
+  click(window: DesktopWindow, at: Point, times = 1) {
+    this.#run('xdotool', ...moveTo(window, at), 'click', '--repeat', String(times), '--delay', '40', '1');
+  }
+
+  /** Moves the pointer with the left button held down. */
+  drag(window: DesktopWindow, from: Point, to: Point) {
+    this.#run('xdotool', ...moveTo(window, from), 'mousedown', '1', ...moveTo(window, to), 'mouseup', '1');
+  }
+
+  /** Turns the wheel by some notches where the pointer is put; upwards when negative. */
+  wheel(window: DesktopWindow, at: Point, notches: number) {
+    const button = notches < 0 ? '4' : '5';
+    this.#run('xdotool', ...moveTo(window, at), 'click', '--repeat', String(Math.abs(notches)), button);
   }
 
   /** Asks a window to close, as its close button does. */
