@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <list>
 #include <regex>
 
 #include "captured_output.h"
@@ -145,4 +146,17 @@ TEST_F(LocalServer, AnswersManyAtOnce) {
     }
     for (std::thread& thread : threads) thread.join();
     EXPECT_EQ(same, 160);
+}
+
+TEST_F(LocalServer, AnswersAtOnceWhileOthersKeepTheirConnections) {
+    // The library closes a connection that was idle for this long, which would make room by itself.
+    static constexpr std::chrono::seconds patience{CPPHTTPLIB_KEEPALIVE_TIMEOUT_SECOND};
+    const auto begin = std::chrono::steady_clock::now();
+    std::list<httplib::Client> others;
+    for (int i = 0; i < 200; ++i) {
+        others.emplace_back("localhost", serverPort).set_keep_alive(true);
+        ASSERT_TRUE(others.back().Get("/favicon.svg")) << i;
+    }
+    EXPECT_TRUE(client.Get("/"));
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, patience);
 }
