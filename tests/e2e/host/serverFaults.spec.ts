@@ -12,7 +12,11 @@ async function reload(program: Program): Promise<number> {
   const before = await loadedAt();
   const begin = performance.now();
   await program.page.evaluate(() => void setTimeout(() => location.reload())).catch(() => {}); // the answer may get lost
-  await until('another page', async () => (await loadedAt()) > before && (await loadedPage(program.page)) !== false);
+  await until(
+    'another page',
+    async () => (await loadedAt()) > before && (await loadedPage(program.page)) !== false,
+    60_000,
+  );
   await program.shows('Open Words Tool');
   return performance.now() - begin;
 }
