@@ -11,6 +11,8 @@ const FIELD = '[aria-label="Value"]';
 const SHEET = '.sheet-view';
 const RESOLUTIONS = ['32', '64', '128', '256', '512', '1024'];
 const MOST_SHEETS = 6;
+/** Of the wheel, from one end of a sheet to the other. */
+const MOST_NOTCHES = 40;
 
 /** Somebody who works on documents with pointer and keyboard, and looks after everything they did. */
 export class User {
@@ -236,14 +238,19 @@ export class User {
 
   async #scrollUp() {
     const { at } = await this.#target(SHEET);
-    this.#program.desktop.wheel(this.#program.window, at, -20);
+    this.#program.desktop.wheel(this.#program.window, at, -MOST_NOTCHES);
   }
 
-  /** Something in the part of the sheet that is in view, or else in its first row. */
+  /** Something in the part of the sheet that is in view, or else the first of its kind below its beginning. */
   async #targetInSheet(selector: string): Promise<Target> {
-    await this.#target(SHEET); // has come to rest
-    if ((await this.#program.page.evaluate(reachable, selector)).length === 0) await this.#scrollUp();
-    return this.#target(selector);
+    const { at } = await this.#target(SHEET);
+    for (let notches = 0; notches <= MOST_NOTCHES; notches += 2) {
+      const found = await this.#program.page.evaluate(reachable, selector);
+      if (found.length > 0) return this.#target(selector);
+      this.#program.desktop.wheel(this.#program.window, at, notches === 0 ? -MOST_NOTCHES : 2);
+      await this.#target(SHEET); // has come to rest
+    }
+    throw new Error(`There is no ${selector} in the sheet`);
   }
 
   async #target(selector: string): Promise<Target> {
