@@ -66,6 +66,8 @@ describe('isWordsDocument', () => {
     ['an identifier that is no text', [sheetData({ id: 1 })]],
     ['a missing name', [sheetData({ displayName: undefined })]],
     ['one bad sheet among good ones', [sheetData(), null, sheetData()]],
+    ['a hole in the list of sheets', Object.assign([sheetData()], { 2: sheetData() })],
+    ['a hole in the list of definitions', [sheetData({ numberDefinitions: new Array(1) })]],
   ])('refuses %s', (_, sheets) => {
     expect(isWordsDocument(documentData({ sheets }))).toBe(false);
   });

@@ -17,7 +17,8 @@ export function isSheetData(value: unknown): value is SheetData {
 /** Whether a value is a whole Words document. Keys that are not known are allowed. */
 export function isWordsDocument(value: unknown): value is WordsDocumentData {
   const sheets = isToolDocumentHeader(value) && (value as { sheets?: unknown }).sheets;
-  return Array.isArray(sheets) && sheets.every(isSheetData);
+  // Not with `every`, which does not look at the holes that a list handed over by another program can have.
+  return Array.isArray(sheets) && sheets.findIndex((sheet) => !isSheetData(sheet)) === -1;
 }
 
 /** All sheets of the Words tool in the form that is saved. */
