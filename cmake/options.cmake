@@ -23,6 +23,6 @@ if(TESSARY_SANITIZERS)
   # Without the check of virtual tables: the web engine's libraries have no run-time type information and share templates of
   # the standard library with us, so that our copy would report their objects.
   target_compile_options(tessary_options INTERFACE
-    -fsanitize=${TESSARY_SANITIZERS} -fno-sanitize=vptr -fno-omit-frame-pointer)
+    -fsanitize=${TESSARY_SANITIZERS} -fno-sanitize=vptr -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(tessary_options INTERFACE -fsanitize=${TESSARY_SANITIZERS})
 endif()
