@@ -1,51 +1,12 @@
 import { mkdirSync, readFileSync, rmSync } from 'node:fs';
 import { join } from 'node:path';
 import { FileDialog } from '../support/dialog';
+import { barShows, enterValue, savedValues, shown } from '../support/documentWindow';
 import { documentText } from '../support/documents';
 import { expect, test } from '../support/hostFixtures';
-import type { Program } from '../support/program';
 import { until } from '../support/until';
 
 const filters = ['Tessary Files (*.words.tessary;*.tessary)', 'All Files (*.*)'];
-
-/** The values of a document's sheets as they are on disk. */
-function savedValues(file: string): string[] {
-  return JSON.parse(readFileSync(file, 'utf8')).sheets.map(({ int }: { int: string }) => int);
-}
-
-/** Types into the first word's field with the keyboard, as its user would. */
-async function enterValue(program: Program, text: string) {
-  await until('a field', () =>
-    program.page.evaluate(() => {
-      const field = document.querySelector<HTMLInputElement>('input[aria-label="Value"]');
-      field?.focus();
-      field?.select();
-      return document.activeElement === field && field !== null;
-    }),
-  );
-  program.desktop.focus(program.window);
-  program.desktop.type(text);
-  program.desktop.press('Return');
-  await shown(program, text);
-}
-
-function shown(program: Program, value: string) {
-  return until(`the value ${value}`, () =>
-    program.page.evaluate(
-      (wanted) => document.querySelector<HTMLInputElement>('input[aria-label="Value"]')?.value === wanted,
-      value,
-    ),
-  );
-}
-
-/** The document bar's file name, with its mark for what is not saved. */
-const barShows = (program: Program, text: string) =>
-  until(`"${text}" in the document bar`, () =>
-    program.page.evaluate(
-      (wanted) => document.querySelector('[role=toolbar][aria-label=Document]')?.textContent?.endsWith(wanted) ?? false,
-      text,
-    ),
-  );
 
 test('a document from the command line is edited and saved without a dialog', async ({ open, place }) => {
   const file = place.write('mine.words.tessary', documentText({ int: '0x5' }));
