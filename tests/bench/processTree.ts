@@ -13,9 +13,19 @@ export function treeOf(pid: number): number[] {
   return tree;
 }
 
-/** In MB. Memory that several processes share is divided among them. */
+/** In MB. Memory that several processes share is divided among them, also those of other programs. */
 export function proportionalSize(pid: number): number {
-  return Number(/^Pss:\s+(\d+) kB$/m.exec(readFileSync(`/proc/${pid}/smaps_rollup`, 'utf8'))?.[1] ?? 0) / 1000;
+  return sizeOf(pid, 'Pss');
+}
+
+/** In MB. Memory that is this process's alone. */
+export function privateSize(pid: number): number {
+  return sizeOf(pid, 'Private_Clean') + sizeOf(pid, 'Private_Dirty');
+}
+
+function sizeOf(pid: number, kind: string): number {
+  const rollup = readFileSync(`/proc/${pid}/smaps_rollup`, 'utf8');
+  return Number(new RegExp(`^${kind}:\\s+(\\d+) kB$`, 'm').exec(rollup)?.[1] ?? 0) / 1000;
 }
 
 /** The file name of the program that a process runs. */

@@ -1,4 +1,4 @@
-import { openFiles, programOf, proportionalSize, threadsOf, treeOf } from '../processTree';
+import { openFiles, privateSize, programOf, proportionalSize, threadsOf, treeOf } from '../processTree';
 
 /** What the program and all that it started take at one moment. Memory in MB, as proportional set size. */
 export interface Sample {
@@ -8,6 +8,8 @@ export interface Sample {
   web: number;
   /** All processes together. */
   total: number;
+  /** Of that what no other process has a share in: other programs on the machine do not change it. */
+  alone: number;
   files: number;
   threads: number;
   operations: number;
@@ -16,7 +18,16 @@ export interface Sample {
 const WEB = 'WebKitWebProcess';
 
 export function sampleOf(pid: number, at: number, operations: number): Sample {
-  const sample: Sample = { at, host: proportionalSize(pid), web: 0, total: 0, files: 0, threads: 0, operations };
+  const sample: Sample = {
+    at,
+    host: proportionalSize(pid),
+    web: 0,
+    total: 0,
+    alone: 0,
+    files: 0,
+    threads: 0,
+    operations,
+  };
   for (const each of treeOf(pid)) add(each, sample);
   return sample;
 }
@@ -27,6 +38,7 @@ function add(pid: number, sample: Sample) {
     const [files, threads] = [openFiles(pid), threadsOf(pid)];
     if (programOf(pid) === WEB) sample.web += size;
     sample.total += size;
+    sample.alone += privateSize(pid);
     sample.files += files;
     sample.threads += threads;
   } catch {
@@ -42,6 +54,8 @@ export interface Verdict {
   atEnd: number;
   /** 0.1 for a tenth more. */
   growth: number;
+  /** The same for memory that is the program's alone. */
+  growthAlone: number;
 }
 
 const MARK = 300;
@@ -50,11 +64,15 @@ const MARK = 300;
 export function verdictOn(samples: Sample[]): Verdict {
   const end = samples.at(-1)?.at ?? 0;
   const mark = Math.min(MARK, end / 2);
-  const totalWithin = (from: number, to: number) =>
-    median(samples.filter(({ at }) => at >= from && at <= to).map(({ total }) => total));
-  const atMark = totalWithin(mark - 30, mark + 30);
-  const atEnd = totalWithin(end - 60, end);
-  return { mark, atMark, atEnd, growth: atEnd / atMark - 1 };
+  const within = (from: number, to: number, figure: (sample: Sample) => number) =>
+    median(samples.filter(({ at }) => at >= from && at <= to).map(figure));
+  const compare = (figure: (sample: Sample) => number) => {
+    const [before, after] = [within(mark - 30, mark + 30, figure), within(end - 60, end, figure)];
+    return { before, after, growth: after / before - 1 };
+  };
+  const total = compare((sample) => sample.total);
+  const alone = compare((sample) => sample.alone);
+  return { mark, atMark: total.before, atEnd: total.after, growth: total.growth, growthAlone: alone.growth };
 }
 
 export function median(figures: number[]): number {
@@ -65,7 +83,7 @@ export function median(figures: number[]): number {
 
 /** One line per minute: medians, and the operations done by its end. */
 export function tableOf(samples: Sample[]): string {
-  const lines = ['  minute  host MB   web MB  total MB  files  threads  operations'];
+  const lines = ['  minute  host MB   web MB  total MB  alone MB  files  threads  operations'];
   const minutes = Math.ceil((samples.at(-1)?.at ?? 0) / 60);
   for (let minute = 1; minute <= minutes; minute++) {
     const of = samples.filter(({ at }) => Math.ceil(at / 60) === minute);
@@ -77,6 +95,7 @@ export function tableOf(samples: Sample[]): string {
         middle(({ host }) => host, 1, 9) +
         middle(({ web }) => web, 1, 9) +
         middle(({ total }) => total, 1, 10) +
+        middle(({ alone }) => alone, 1, 10) +
         middle(({ files }) => files, 0, 7) +
         middle(({ threads }) => threads, 0, 9) +
         String(of.at(-1)?.operations ?? 0).padStart(12),

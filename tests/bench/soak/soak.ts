@@ -20,6 +20,7 @@ const ROUNDS_PER_RENAMING = 3;
 const ROUNDS_PER_DIALOG = 12;
 
 const operations: Record<string, number> = {};
+const percent = (part: number) => `${(part * 100).toFixed(1)}%`;
 const done = () => Object.values(operations).reduce((sum, each) => sum + each, 0);
 
 type Work = Exclude<
@@ -73,7 +74,8 @@ test('memory stays where it is while somebody works for long', async ({ open, pl
     console.log(`${tableOf(samples)}\n  operations: ${JSON.stringify(operations)}\n  debug.log: ${logBytes} bytes`);
     console.log(
       `  memory at ${verdict.mark.toFixed(0)} s ${verdict.atMark.toFixed(1)} MB, at the end ${verdict.atEnd.toFixed(1)} MB: ` +
-        `${(verdict.growth * 100).toFixed(1)}% more, ${LARGEST_GROWTH * 100}% allowed`,
+        `${percent(verdict.growth)} more, ${percent(LARGEST_GROWTH)} allowed; ` +
+        `of what is the program's alone ${percent(verdict.growthAlone)}`,
     );
   }
   expect(verdictOn(samples).growth).toBeLessThanOrEqual(LARGEST_GROWTH);
