@@ -5,6 +5,7 @@ import { barShows, enterValue, savedValues, shown } from '../support/documentWin
 import { documentText } from '../support/documents';
 import { expect, test } from '../support/hostFixtures';
 import { until } from '../support/until';
+import { barShows, enterValue, savedValues, shown } from '../support/nativeDocument';
 
 const filters = ['Tessary Files (*.words.tessary;*.tessary)', 'All Files (*.*)'];
 

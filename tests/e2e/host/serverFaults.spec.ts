@@ -1,22 +1,15 @@
 import { expect, test } from '../support/hostFixtures';
 import type { Program } from '../support/program';
 import { ask, sendAndFinish, sendAndLeave, SlowConnections } from '../support/rawConnection';
-import { loadedPage } from '../support/runningProgram';
-import { until } from '../support/until';
+import { untilReloaded } from '../support/reload';
 
 const portOf = (program: Program) => Number(new URL(program.url).port);
 
 /** Loads the page anew, waits until it can be used and gives the milliseconds that it took. */
 async function reload(program: Program): Promise<number> {
-  const loadedAt = () => program.page.evaluate(() => performance.timeOrigin).catch(() => NaN);
-  const before = await loadedAt();
   const begin = performance.now();
-  await program.page.evaluate(() => void setTimeout(() => location.reload())).catch(() => {}); // the answer may get lost
-  await until(
-    'another page',
-    async () => (await loadedAt()) > before && (await loadedPage(program.page)) !== false,
-    60_000,
-  );
+  const ask = () => program.page.evaluate(() => void setTimeout(() => location.reload())).catch(() => {});
+  await untilReloaded(program, ask);
   await program.shows('Open Words Tool');
   return performance.now() - begin;
 }

@@ -2,22 +2,20 @@ import { execFileSync } from 'node:child_process';
 import { mkdirSync } from 'node:fs';
 import { tools, toolSources } from './paths';
 
-/** Builds what no package of Debian 12 brings: to ask a window to close, and to read what a screen reader is told. */
+/** Builds what no package of Debian 12 brings: to ask a window to close, to read what a screen reader is told, and to set a clock. */
 export default function buildTools() {
   mkdirSync(tools, { recursive: true });
   build('close_window', 'x11');
   build('accessible_tree', 'atspi-2', 'gobject-2.0');
+  compile('jumping_clock', 'jumping_clock.so', '-shared', '-fPIC');
 }
 
 function build(name: string, ...libraries: string[]) {
   const flags = execFileSync('pkg-config', ['--cflags', '--libs', ...libraries], { encoding: 'utf8' });
-  const options = [
-    '-Wall',
-    '-Wextra',
-    '-o',
-    `${tools}/${name}`,
-    `${toolSources}/${name}.c`,
-    ...flags.trim().split(/\s+/),
-  ];
+  compile(name, name, ...flags.trim().split(/\s+/));
+}
+
+function compile(source: string, output: string, ...flags: string[]) {
+  const options = ['-Wall', '-Wextra', '-o', `${tools}/${output}`, `${toolSources}/${source}.c`, ...flags];
   execFileSync('cc', options, { stdio: 'inherit' });
 }

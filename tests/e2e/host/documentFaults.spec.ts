@@ -1,0 +1,96 @@
+import { chmodSync, readdirSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
+import { join } from 'node:path';
+import { documentText } from '../support/documents';
+import { expect, test } from '../support/hostFixtures';
+import { barShows, enterValue, savedValues, shown } from '../support/nativeDocument';
+import { asOrdinaryUser } from '../support/ordinaryUser';
+import { tools } from '../support/paths';
+import type { Program } from '../support/program';
+import { untilReloaded } from '../support/reload';
+
+const NAME = 'mine.words.tessary';
+const HOUR = 3600;
+
+async function edit(program: Program, value: string) {
+  await enterValue(program, value);
+  await barShows(program, `${NAME}*`);
+}
+
+async function save(program: Program) {
+  program.desktop.focus(program.window);
+  program.desktop.press('ctrl+s');
+  await barShows(program, NAME);
+}
+
+test('a read-only document is edited and stays as it is on disk', async ({ open, place }) => {
+  const text = documentText({ int: '0x5' });
+  const file = place.write(NAME, text);
+  chmodSync(file, 0o444);
+  const program = await open([file], { command: asOrdinaryUser(place.program) });
+  await edit(program, '6');
+  await save(program);
+  expect(await program.call('writeFile', file, 'x')).toEqual({ success: false, error: 'file-write-failed' });
+  expect(readFileSync(file, 'utf8')).toBe(text);
+  expect(readdirSync(place.documents)).toEqual([NAME]);
+  await shown(program, '6');
+  expect(await program.close()).toBe(0);
+});
+
+test('a document that was removed while it is open is whole again after a save', async ({ open, place }) => {
+  const file = place.write(NAME, documentText({ int: '0x5' }));
+  const program = await open([file]);
+  await edit(program, '6');
+  rmSync(file);
+  await save(program);
+  expect(savedValues(file)).toEqual(['0x6']);
+  expect(readdirSync(place.documents)).toEqual([NAME]);
+  expect(await program.close()).toBe(0);
+});
+
+test('a document stays on screen when its folder was removed', async ({ open, place }) => {
+  const file = place.write(`folder/${NAME}`, documentText({ int: '0x5' }));
+  const program = await open([file]);
+  await edit(program, '6');
+  rmSync(join(place.documents, 'folder'), { recursive: true });
+  await save(program);
+  await edit(program, '7');
+  expect(await program.close()).toBe(0);
+});
+
+test('of two programs with one document the one that saves last is right', async ({ open, place }) => {
+  const file = place.write(NAME, documentText({ int: '0x5' }, { id: 'two', displayName: 'Number B', int: '0x5' }));
+  const first = await open([file]);
+  const second = await open([file]);
+  await edit(first, '18446744073709551615');
+  await edit(second, '7');
+  await save(first);
+  expect(savedValues(file)).toEqual(['0xffffffffffffffff', '0x5']);
+  await save(second);
+  expect(savedValues(file)).toEqual(['0x7', '0x5']);
+  await edit(first, '8');
+  await save(first);
+  expect(savedValues(file)).toEqual(['0x8', '0x5']);
+  expect([await first.close(), await second.close()]).toEqual([0, 0]);
+});
+
+test('a document is edited, saved and loaded again while the clock jumps', async ({ open, place }) => {
+  const clock = join(place.folder, 'clock');
+  const setClock = (hours: number) => writeFileSync(clock, new BigInt64Array([BigInt(hours * HOUR)]), { flag: 'r+' });
+  writeFileSync(clock, new BigInt64Array(1));
+  const file = place.write(NAME, documentText({ int: '0x5' }));
+  const env = { LD_PRELOAD: `${tools}/jumping_clock.so`, JUMPING_CLOCK: clock };
+  const program = await open([file], { env });
+  let value = 5;
+  for (const hours of [5, -7, 24 * 400, -24 * 400, 0]) {
+    setClock(hours);
+    const seen = await program.page.evaluate(() => Date.now());
+    expect(Math.abs(seen - Date.now() - hours * HOUR * 1000)).toBeLessThan((HOUR * 1000) / 2);
+    await edit(program, `${++value}`);
+    await save(program);
+    expect(savedValues(file)).toEqual([`0x${value.toString(16)}`]);
+    setClock(-hours);
+    await untilReloaded(program, () => program.desktop.press('F5'));
+    await shown(program, `${value}`);
+  }
+  expect(await program.close()).toBe(0);
+});

@@ -1,0 +1,56 @@
+import { chmodSync, existsSync, readdirSync, readFileSync } from 'node:fs';
+import { dirname } from 'node:path';
+import { treeOf } from '../../bench/processTree';
+import { documentText } from '../support/documents';
+import { expect, test } from '../support/hostFixtures';
+import { asOrdinaryUser } from '../support/ordinaryUser';
+import type { ProgramProcess } from '../support/programProcess';
+import { until } from '../support/until';
+
+/** Whether any process of a group is still there. */
+function isGroupAlive(leader: number): boolean {
+  try {
+    process.kill(-leader, 0);
+    return true;
+  } catch {
+    return false;
+  }
+}
+
+test('a start that is killed leaves the document and the next start alone', async ({ run, open, place, desktop }) => {
+  const text = documentText({ int: '0x5' });
+  const file = place.write('mine.words.tessary', text);
+  const log = () => (existsSync(place.logFile) ? readFileSync(place.logFile, 'utf8') : '');
+  let logged = 0;
+  const moments: Record<string, (started: ProgramProcess) => boolean> = {
+    'at once': () => true,
+    'with its log': () => log().length > logged,
+    'with its server': () => log().slice(logged).includes('Server URL'),
+    'with its page process': ({ pid }) => treeOf(pid).length > 1,
+    'with a window': ({ pid }) => desktop.windowsOf(pid).length > 0,
+    'with a page': () => log().slice(logged).includes('[HTTP]'),
+  };
+  for (const [moment, hasCome] of Object.entries(moments)) {
+    logged = log().length;
+    const started = run([file]);
+    await until(`the start to be ${moment}`, () => hasCome(started));
+    process.kill(started.pid, 'SIGKILL');
+    expect(await started.exit()).toBe('SIGKILL');
+    await until('its other processes to go', () => !isGroupAlive(started.pid));
+    expect(readFileSync(file, 'utf8')).toBe(text);
+  }
+  expect(readdirSync(place.documents)).toEqual(['mine.words.tessary']);
+  const program = await open([file]);
+  await program.shows('Number A');
+  expect(await program.close()).toBe(0);
+});
+
+test('the program runs without a log in a folder that it may not write to', async ({ open, place }) => {
+  const folder = dirname(place.program);
+  chmodSync(folder, 0o555);
+  const program = await open([], { command: asOrdinaryUser(place.program) });
+  await program.shows('Open Words Tool');
+  expect(readdirSync(folder)).toEqual(['tessary']);
+  expect(await program.close()).toBe(0);
+  chmodSync(folder, 0o755);
+});
