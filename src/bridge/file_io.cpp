@@ -8,6 +8,7 @@
 
 #include "bridge/document_copy.h"
 #include "bridge/narrow_path.h"
+#include "bridge/save_turn.h"
 
 // A folder opens like an empty file on some systems.
 static bool isFolder(const std::string& path) {
@@ -41,6 +42,7 @@ static bool holdsDocument(const std::string& path) {
 
 Outcome writeTextFile(const std::string& path, const std::string& content) {
     try {
+        const SaveTurn turn = takeSaveTurn(path);
         const bool replaces = holdsDocument(path);
         if (replaces && !canBeWritten(path)) return failed(fileWriteFailed);
         const DocumentCopy copy = replaces ? keepDocumentCopy(path, content) : DocumentCopy::impossible;

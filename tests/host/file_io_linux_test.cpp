@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "bridge/file_io.h"
+#include "bridge/save_turn.h"
 #include "temporary_folder.h"
 
 TEST(FileIoOnLinux, LeavesLineEndsAlone) {
@@ -21,4 +22,13 @@ TEST(FileIoOnLinux, TakesUtf8FileNames) {
 TEST(FileIoOnLinux, DoesNotNoticeAFullDisk) {
     if (!std::filesystem::exists("/dev/full")) FAIL() << "/dev/full is missing on this system";
     EXPECT_TRUE(writeTextFile("/dev/full", std::string(100'000, 'x')).success);
+}
+
+TEST(FileIoOnLinux, SavesWhileAProgramThatHangsHasTheTurn) {
+    const TemporaryFolder folder;
+    const std::string path = folder.file("document");
+    const SaveTurn hanging = takeSaveTurn(path);
+    ASSERT_TRUE(hanging);
+    EXPECT_TRUE(writeTextFile(path, "text").success);
+    EXPECT_EQ(bytesOf(path), "text");
 }

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <barrier>
+#include <thread>
+
 #include "temporary_folder.h"
 
 class FileIo : public testing::Test {
@@ -65,4 +68,31 @@ TEST_F(FileIo, CannotWriteIntoAMissingFolder) {
 
 TEST_F(FileIo, CannotWriteOverAFolder) {
     EXPECT_EQ(writeTextFile(folder.path().string(), "text").error, "file-write-failed");
+}
+
+TEST_F(FileIo, LeavesOneOfTwoTextsThatAreSavedAtTheSameMoment) {
+    const std::string one(300'000, '1');
+    const std::string other(100'000, '2');
+    putBytes(path, "old");
+    static constexpr int rounds = 100;
+    int whole = 0;
+    std::barrier together(2);
+    std::thread saving([&] {
+        for (int round = 0; round < rounds; ++round) {
+            together.arrive_and_wait();
+            static_cast<void>(writeTextFile(path, other));
+            together.arrive_and_wait();
+            together.arrive_and_wait();
+        }
+    });
+    for (int round = 0; round < rounds; ++round) {
+        together.arrive_and_wait();
+        EXPECT_TRUE(writeTextFile(path, one).success);
+        together.arrive_and_wait();
+        const std::string text = bytesOf(path);
+        if (text == one || text == other) ++whole;
+        together.arrive_and_wait();
+    }
+    saving.join();
+    EXPECT_EQ(whole, rounds);
 }

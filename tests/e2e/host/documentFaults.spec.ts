@@ -73,6 +73,27 @@ test('of two programs with one document the one that saves last is right', async
   expect([await first.close(), await second.close()]).toEqual([0, 0]);
 });
 
+test('two programs that save at the same moment leave one of both texts', async ({ open, place }) => {
+  const file = place.write(NAME, 'old');
+  const letters = ['a', 'b'];
+  const lengths = [300_000, 100_000];
+  const texts = letters.map((letter, at) => letter.repeat(lengths[at] ?? 0));
+  const programs = [await open(), await open()];
+  const write = (path: string, letter: string, length: number) =>
+    (window as unknown as { writeFile: (...given: string[]) => Promise<unknown> }).writeFile(
+      path,
+      letter.repeat(length),
+    );
+  const seen = new Map<string, number>();
+  for (let round = 0; round < 50; round++) {
+    await Promise.all(programs.map(({ page }, at) => page.evaluate(write, file, letters[at] ?? '', lengths[at] ?? 0)));
+    const text = readFileSync(file, 'utf8');
+    const kind = texts.includes(text) ? 'whole' : `${text.length} ${[...new Set(text)].join('')}`;
+    seen.set(kind, (seen.get(kind) ?? 0) + 1);
+  }
+  expect(Object.fromEntries(seen)).toEqual({ whole: 50 });
+});
+
 test('a document is edited, saved and loaded again while the clock jumps', async ({ open, place }) => {
   const clock = join(place.folder, 'clock');
   const setClock = (hours: number) => writeFileSync(clock, new BigInt64Array([BigInt(hours * HOUR)]), { flag: 'r+' });
