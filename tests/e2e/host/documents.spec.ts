@@ -1,7 +1,6 @@
 import { mkdirSync, readFileSync, rmSync } from 'node:fs';
 import { join } from 'node:path';
 import { FileDialog } from '../support/dialog';
-import { barShows, enterValue, savedValues, shown } from '../support/documentWindow';
 import { documentText } from '../support/documents';
 import { expect, test } from '../support/hostFixtures';
 import { until } from '../support/until';

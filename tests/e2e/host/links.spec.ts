@@ -1,6 +1,6 @@
 import { mkdirSync, symlinkSync } from 'node:fs';
 import { join } from 'node:path';
-import { linkStories } from '../stories/links';
+import { linkStories, OtherSite } from '../stories/links';
 import { expect, test } from '../support/hostFixtures';
 import type { Program } from '../support/program';
 
@@ -51,4 +51,27 @@ test("a link for a new window opens in the desktop's own browser, and no window 
   });
   expect(await linkRecorder.opened()).toBe('https://example.org/new');
   expect(program.windows()).toHaveLength(1);
+});
+
+test('an address that is dropped on the window is not shown in it, even if the page lets it through', async ({
+  open,
+  place,
+  linkRecorder,
+}) => {
+  const site = new OtherSite();
+  const address = `${await site.start()}/dropped`;
+  const program = await open();
+  await program.shows('Open Words Tool');
+  await program.page.evaluate(() => {
+    for (const kind of ['dragenter', 'dragover', 'drop']) {
+      addEventListener(kind, (event) => event.stopImmediatePropagation(), true); // the page hears nothing of it
+    }
+  });
+  await program.desktop.drop(address, program.window, { x: 400, y: 500 });
+  expect(await linkRecorder.opened()).toBe(address);
+  await program.desktop.drop(`file://${place.write('page.html', 'a page')}`, program.window, { x: 400, y: 500 });
+  expect(await program.page.evaluate(() => location.origin)).toBe(program.url);
+  await program.shows('Open Words Tool');
+  expect(site.requests).toEqual([]);
+  site.stop();
 });

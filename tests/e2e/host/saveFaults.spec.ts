@@ -1,6 +1,6 @@
 import { existsSync, readFileSync, statSync } from 'node:fs';
 import { documentText } from '../support/documents';
-import { barShows, enterValue, savedValues, shown } from '../support/documentWindow';
+import { barShows, enterValue, savedValues, shown } from '../support/nativeDocument';
 import { expect, test, type Place } from '../support/hostFixtures';
 import type { Program } from '../support/program';
 import { until } from '../support/until';

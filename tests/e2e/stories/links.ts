@@ -11,7 +11,7 @@ type LinkStoryTest = (
 ) => void;
 
 /** A site that is not the program's, at a loopback address. */
-class OtherSite {
+export class OtherSite {
   readonly #server: Server;
   readonly requests: string[] = [];
 

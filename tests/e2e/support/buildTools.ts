@@ -2,11 +2,13 @@ import { execFileSync } from 'node:child_process';
 import { mkdirSync } from 'node:fs';
 import { tools, toolSources } from './paths';
 
-/** Builds what no package of Debian 12 brings: to ask a window to close, to read what a screen reader is told, and to set a clock. */
+/** Builds what no package of Debian 12 brings: to ask a window to close, to read what a
+ * screen reader is told, to drag something into a window, and to set a clock. */
 export default function buildTools() {
   mkdirSync(tools, { recursive: true });
   build('close_window', 'x11');
   build('accessible_tree', 'atspi-2', 'gobject-2.0');
+  build('drag_source', 'gtk+-3.0');
   compile('jumping_clock', 'jumping_clock.so', '-shared', '-fPIC');
 }
 

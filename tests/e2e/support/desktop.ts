@@ -123,6 +123,35 @@ export class Desktop {
     this.#run('xdotool', ...moveTo(window, from), 'mousedown', '1', ...moveTo(window, to), 'mouseup', '1');
   }
 
+  /** Drags an address from another program to a point of a window, and lets it go where the window takes it. */
+  async drop(address: string, window: DesktopWindow, at: Point) {
+    const source = spawn(`${tools}/drag_source`, [address], {
+      env: this.environment,
+      stdio: ['ignore', 'pipe', 'ignore'],
+    });
+    let told = '';
+    source.stdout.setEncoding('utf8').on('data', (text: string) => (told += text));
+    try {
+      await until('something to drag', () => told.includes('ready'));
+      await until('it to be dropped', async () => {
+        told = '';
+        this.#dragByHand(window, at);
+        await until('the end of the drag', () => told !== '');
+        return told.includes('dropped');
+      });
+    } finally {
+      source.kill();
+    }
+  }
+
+  /** From the window of drag_source. Both programs are told of each move and answer it before the next. */
+  #dragByHand(window: DesktopWindow, at: Point) {
+    const pause = ['sleep', '0.1'];
+    const near = { x: at.x - 10, y: at.y - 10 };
+    const grab = ['mousemove', '950', '150', 'mousedown', '1', ...pause, 'mousemove', '920', '180', ...pause];
+    this.#run('xdotool', ...grab, ...moveTo(window, near), ...pause, ...moveTo(window, at), ...pause, 'mouseup', '1');
+  }
+
   /** Turns the wheel by some notches where the pointer is put; upwards when negative. */
   wheel(window: DesktopWindow, at: Point, notches: number) {
     const button = notches < 0 ? '4' : '5';
