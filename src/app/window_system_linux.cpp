@@ -1,9 +1,12 @@
 #include <gtk/gtk.h>
 
+#include <cstdint>
 #include <cstdio>
 #include <exception>
+#include <filesystem>
 #include <memory>
 #include <string>
+#include <system_error>
 
 #include "app/window_system.h"
 #include "bridge/glib_ownership_linux.h"
@@ -32,7 +35,22 @@ static void setWindowIcon() {
     g_list_free_full(pictures, g_object_unref);
 }
 
+static bool hasRoomFor(std::uintmax_t bytes, std::filesystem::path folder) {
+    std::error_code failure;
+    while (!std::filesystem::exists(folder, failure) && folder.has_relative_path()) folder = folder.parent_path();
+    const std::filesystem::space_info space = std::filesystem::space(folder, failure);
+    return !failure && space.available >= bytes;
+}
+
+/// The graphics driver maps its cache from a file in the user's cache folder without reserving room for it. On a full
+/// disk the process of the page dies of that before it shows anything.
+static void doWithoutShaderCacheOnFullDisk() {
+    static constexpr std::uintmax_t room = 16 << 20;
+    if (!hasRoomFor(room, g_get_user_cache_dir())) g_setenv("MESA_SHADER_CACHE_DISABLE", "true", FALSE);
+}
+
 std::optional<std::string> prepareWindowSystem() {
+    doWithoutShaderCacheOnFullDisk();
     if (gtk_init_check(nullptr, nullptr) == FALSE) {
         return "Tessary needs a display to open its window: start it in a desktop session, or under Xvfb.";
     }

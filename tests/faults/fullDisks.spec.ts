@@ -1,0 +1,50 @@
+import { mkdirSync, readFileSync, statSync } from 'node:fs';
+import { dirname } from 'node:path';
+import { documentText } from '../e2e/support/documents';
+import { expect, test } from '../e2e/support/hostFixtures';
+import { barShows, enterValue, savedValues } from '../e2e/support/nativeDocument';
+import type { Program } from '../e2e/support/program';
+
+/** A command for a view of the system with disks of its own: first sets them up with a shell script, then runs a program. */
+const withOwnDisks = (setUp: string, program: string) => [
+  ...['unshare', '--user', '--map-current-user', '--keep-caps', '--mount'],
+  ...['sh', '-c', `set -e; ${setUp}; exec "$0" "$@"`, program],
+];
+
+const fill = (folder: string) => `dd if=/dev/zero of='${folder}/filling' bs=1k 2>/dev/null || true`;
+
+async function editAndSave(program: Program, file: string) {
+  await enterValue(program, '6');
+  await barShows(program, 'mine.words.tessary*');
+  program.desktop.press('ctrl+s');
+  await barShows(program, 'mine.words.tessary');
+  expect(savedValues(file)).toEqual(['0x6']);
+}
+
+test('without room for the log the program runs, and what fits of the log is there', async ({ open, place }) => {
+  const file = place.write('mine.words.tessary', documentText({ int: '0x5' }));
+  const folder = dirname(place.program);
+  const kept = `${place.folder}/kept`;
+  const room = Math.ceil(statSync(place.program).size / 1024) + 64;
+  const setUp =
+    `ln '${place.program}' '${kept}'; mount -t tmpfs -o size=${room}k none '${folder}'; ` +
+    `cp '${kept}' '${folder}/tessary'; ${fill(folder)}`;
+  const program = await open([file], { command: withOwnDisks(setUp, place.program) });
+  await editAndSave(program, file);
+  const inside = `/proc/${program.process.pid}/root${folder}`;
+  expect(statSync(`${inside}/filling`).size).toBeGreaterThan(0);
+  expect(readFileSync(`${inside}/debug.log`, 'utf8')).toBe('');
+  expect(await program.close()).toBe(0);
+});
+
+test('without room in the home folder a document is edited and saved', async ({ open, place }) => {
+  const file = place.write('mine.words.tessary', documentText({ int: '0x5' }));
+  const setUp = `mount -t tmpfs -o size=64k none '${place.home}'; ${fill(place.home)}`;
+  const runtime = `${place.folder}/runtime`; // not in the home folder on desktops either
+  mkdirSync(runtime, { mode: 0o700 });
+  const command = withOwnDisks(setUp, place.program);
+  const program = await open([file], { command, env: { XDG_RUNTIME_DIR: runtime } });
+  await editAndSave(program, file);
+  expect(statSync(`/proc/${program.process.pid}/root${place.home}/filling`).size).toBeGreaterThan(0);
+  expect(await program.close()).toBe(0);
+});
