@@ -25,14 +25,13 @@ const done = () => Object.values(operations).reduce((sum, each) => sum + each, 0
 
 type Work = Exclude<
   { [K in keyof User]: User[K] extends (...given: never[]) => Promise<unknown> ? K : never }[keyof User],
-  'begin'
+  'begin' | 'startOver'
 >;
 
 test('memory stays where it is while somebody works for long', async ({ open, place }) => {
-  const mine = place.write(
-    'mine.words.tessary',
-    documentText({ int: '0x5' }, { id: 'two', displayName: 'Number B', int: '0xff', intResolution: 256 }),
-  );
+  const two = { id: 'two', displayName: 'Number B', int: '0xff', intResolution: 256 };
+  const text = documentText({ int: '0x5' }, two);
+  const mine = place.write('mine.words.tessary', text);
   const other = join(place.documents, 'other.words.tessary');
   const program = await open([mine]);
   const user = new User(program, new Chance(SEED), mine);
@@ -63,6 +62,8 @@ test('memory stays where it is while somebody works for long', async ({ open, pl
         await count('type');
         await count('save', other);
         await count('open', mine);
+        // The memory of documents of the same size is compared.
+        await user.startOver(text, new Chance(SEED));
       }
     }
   } finally {

@@ -1,4 +1,4 @@
-import { rmSync } from 'node:fs';
+import { rmSync, writeFileSync } from 'node:fs';
 import { isDeepStrictEqual } from 'node:util';
 import { FileDialog } from '../../e2e/support/dialog';
 import type { Program } from '../../e2e/support/program';
@@ -17,7 +17,7 @@ const MOST_NOTCHES = 40;
 /** Somebody who works on documents with pointer and keyboard, and looks after everything they did. */
 export class User {
   readonly #program: Program;
-  readonly #chance: Chance;
+  #chance: Chance;
   readonly #expected = new ExpectedDocument();
   #names = 0;
 
@@ -152,6 +152,15 @@ export class User {
     await this.save(saved);
     this.#click(await this.#target('[aria-label="About the app"]'));
     await this.#findOpened(this.file);
+  }
+
+  /** Puts the first document back on disk and opens it, to do the same work again as with the first chance. */
+  async startOver(text: string, chance: Chance) {
+    await this.save(this.file);
+    writeFileSync(this.file, text);
+    this.#click(await this.#target('[aria-label="About the app"]'));
+    await this.#findOpened(this.file);
+    this.#chance = chance;
   }
 
   async saveAs(file: string) {
