@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <thread>
+#include <utility>
+#include <vector>
 
 #include "server/loopback_address.h"
 
@@ -39,10 +41,6 @@ bool answers(const char* address, int port) { return static_cast<bool>(httplib::
 
 class TwinAddressOf : public testing::TestWithParam<std::pair<const char*, const char*>> {
 protected:
-    void SetUp() override {
-        if (OtherServer("::1").port() < 0) GTEST_SKIP() << "this system has no IPv6 loopback address";
-    }
-
     const char* own = GetParam().first;
     const char* twin = GetParam().second;
 };
@@ -69,7 +67,18 @@ TEST_P(TwinAddressOf, AServerIsTakenWhereAnotherListens) {
     EXPECT_TRUE(held.isTaken());
 }
 
-INSTANTIATE_TEST_SUITE_P(BothWays, TwinAddressOf,
-                         testing::Values(std::pair("127.0.0.1", "::1"), std::pair("::1", "127.0.0.1")));
+/// None where the system has no IPv6, and with it no twin.
+static std::vector<std::pair<const char*, const char*>> bothWays() {
+    if (OtherServer("::1").port() < 0) return {};
+    return {{"127.0.0.1", "::1"}, {"::1", "127.0.0.1"}};
+}
+
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(TwinAddressOf);
+INSTANTIATE_TEST_SUITE_P(BothWays, TwinAddressOf, testing::ValuesIn(bothWays()));
+
+TEST(TwinAddress, OfTheOnlyServerIsNotTaken) {
+    const OtherServer server("127.0.0.1");
+    EXPECT_FALSE(TwinAddress(server.port()).isTaken());
+}
 
 TEST(TwinAddress, OfNoServerIsNotTaken) { EXPECT_FALSE(TwinAddress(-1).isTaken()); }

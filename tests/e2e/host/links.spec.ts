@@ -1,28 +1,13 @@
 import { mkdirSync, symlinkSync } from 'node:fs';
 import { join } from 'node:path';
-import { linkStories, OtherSite } from '../stories/links';
+import { complaint, expectRefusals, linkStories, OtherSite } from '../stories/links';
 import { expect, test } from '../support/hostFixtures';
-import type { Program } from '../support/program';
-
-/** The message that the page's promise is rejected with. */
-function complaint(program: Program, ...given: unknown[]): Promise<string> {
-  return program.call('openExternalUrl', ...given).then(
-    () => 'no complaint',
-    (error: Error) => error.message,
-  );
-}
 
 linkStories(test);
 
 test('what is not a link is refused with its reason, and the program goes on', async ({ open, place }) => {
   const program = await open();
-  const protocol = 'Invalid URL protocol. Only http://, https://, and mailto: are allowed';
-  expect(await complaint(program)).toContain('Invalid arguments for openExternalUrl');
-  expect(await complaint(program, 7)).toContain('URL must be a string');
-  expect(await complaint(program, null)).toContain('URL must be a string');
-  for (const url of ['', 'file:///etc/passwd', 'HTTPS://example.org', 'javascript:alert(1)', 'page.html', 'é']) {
-    expect(await complaint(program, url)).toContain(protocol);
-  }
+  await expectRefusals(program, 'file:///etc/passwd', 'javascript:alert(1)');
   expect(await program.call('readFile', place.write('still here', 'yes'))).toEqual({ success: true, data: 'yes' });
   expect(await program.close()).toBe(0);
 });

@@ -1,10 +1,13 @@
 import { copyFileSync, existsSync, mkdirSync, readFileSync, symlinkSync } from 'node:fs';
 import { basename, dirname, join } from 'node:path';
+import { startStories } from '../stories/start';
 import { expect, test } from '../support/hostFixtures';
 import { sampleDocument } from '../support/paths';
 import { launchArgs } from '../support/runningProgram';
 
 const usage = 'Usage: tessary [--help] [--version] file';
+
+startStories(test, './gone.tessary');
 
 test('the document named on the command line is shown, whatever its name', async ({ open, place }) => {
   const file = join(place.documents, `it's "a" \\ sample.words.tessary`);
@@ -25,30 +28,6 @@ test('a document whose name is not ASCII is shown', async ({ open, place }) => {
   const program = await open([file]);
   await program.shows('SHA-256 initial hash');
   expect(await launchArgs(program)).toEqual({ error: null, filePath: file });
-});
-
-test('without a document the welcome page is shown', async ({ open }) => {
-  const program = await open();
-  await program.shows('Open Words Tool');
-  expect(await launchArgs(program)).toEqual({ error: null, filePath: null });
-  expect(program.log()).not.toContain('[Backend]');
-});
-
-test('a document that is not there is named on the start page', async ({ open, place }) => {
-  const program = await open(['./gone.tessary']);
-  await program.shows('Failed to start Tessary: File not found: ./gone.tessary');
-  expect(await launchArgs(program)).toEqual({ error: 'File not found: ./gone.tessary', filePath: null });
-  expect(program.log()).toContain('\n[Backend Error] File not found: ./gone.tessary\n');
-  expect(existsSync(join(place.documents, 'debug.log'))).toBe(false);
-});
-
-test('a second document leaves the welcome page and the usage in the log', async ({ open }) => {
-  const program = await open(['one', 'two']);
-  await program.shows('Open Words Tool');
-  expect(await program.page.evaluate(() => typeof (window as { tessary?: { args?: unknown } }).tessary?.args)).toBe(
-    'undefined',
-  );
-  expect(program.log()).toMatch(/\n\[Backend Error\] [^\n]+\n\nUsage: tessary [^\n]+\n[^]*Path to file to open/);
 });
 
 test('a folder as the document is reported as not found on the start page', async ({ open, place }) => {

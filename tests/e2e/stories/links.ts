@@ -10,6 +10,25 @@ type LinkStoryTest = (
   story: (given: { open: (args?: string[]) => Promise<RunningProgram>; linkRecorder: LinkRecorder }) => Promise<void>,
 ) => void;
 
+/** The message that the page's promise is rejected with. */
+export function complaint(program: RunningProgram, ...given: unknown[]): Promise<string> {
+  return program.call('openExternalUrl', ...given).then(
+    () => 'no complaint',
+    (error: Error) => error.message,
+  );
+}
+
+/** What is no link is refused with its reason. */
+export async function expectRefusals(program: RunningProgram, ...more: string[]) {
+  const protocol = 'Invalid URL protocol. Only http://, https://, and mailto: are allowed';
+  expect(await complaint(program)).toContain('Invalid arguments for openExternalUrl');
+  expect(await complaint(program, 7)).toContain('URL must be a string');
+  expect(await complaint(program, null)).toContain('URL must be a string');
+  for (const url of ['', 'HTTPS://example.org', 'page.html', 'é', ...more]) {
+    expect(await complaint(program, url)).toContain(protocol);
+  }
+}
+
 /** A site that is not the program's, at a loopback address. */
 export class OtherSite {
   readonly #server: Server;

@@ -1,8 +1,11 @@
 import { copyFileSync, existsSync, mkdirSync, readFileSync } from 'node:fs';
 import { join } from 'node:path';
+import { startStories } from '../stories/start';
 import { sampleDocument } from '../support/paths';
 import { launchArgs } from '../support/runningProgram';
 import { expect, test } from '../support/windowsFixtures';
+
+startStories(test, '.\\gone.tessary');
 
 test('the document named on the command line is shown', async ({ open, place }) => {
   copyFileSync(sampleDocument, join(place.documents, "it's a sample.words.tessary"));
@@ -17,35 +20,11 @@ test('the document named on the command line is shown', async ({ open, place }) 
   expect(program.log()).toContain(`\n[Backend] Opening file: ${filePath}\n`);
 });
 
-test('without a document the welcome page is shown', async ({ open }) => {
-  const program = await open();
-  await program.shows('Open Words Tool');
-  expect(await launchArgs(program)).toEqual({ error: null, filePath: null });
-  expect(program.log()).not.toContain('[Backend]');
-});
-
-test('a document that is not there is named on the start page', async ({ open, place }) => {
-  const program = await open(['.\\gone.tessary']);
-  await program.shows('Failed to start Tessary: File not found: .\\gone.tessary');
-  expect(await launchArgs(program)).toEqual({ error: 'File not found: .\\gone.tessary', filePath: null });
-  expect(program.log()).toContain('\n[Backend Error] File not found: .\\gone.tessary\n');
-  expect(existsSync(join(place.documents, 'debug.log'))).toBe(false);
-});
-
 test('a name with wildcards is taken as it is typed', async ({ open, place }) => {
   place.write('one.tessary');
   place.write('two.tessary');
   const program = await open(['*.tessary']);
   await program.shows('Failed to start Tessary: File not found: *.tessary');
-});
-
-test('a second document leaves the welcome page and the usage in the log', async ({ open }) => {
-  const program = await open(['one', 'two']);
-  await program.shows('Open Words Tool');
-  expect(await program.page.evaluate(() => typeof (window as { tessary?: { args?: unknown } }).tessary?.args)).toBe(
-    'undefined',
-  );
-  expect(program.log()).toMatch(/\n\[Backend Error\] [^\n]+\n\nUsage: tessary [^\n]+\n[^]*Path to file to open/);
 });
 
 test('a folder as the document is reported as not found on the start page', async ({ open, place }) => {
