@@ -1,11 +1,8 @@
-import { existsSync, readFileSync, statSync } from 'node:fs';
+import { copyOf, expectWholeAfterKill, savedLengths } from '../stories/cutOffSaves';
 import { documentText } from '../support/documents';
 import { barShows, enterValue, savedValues, shown } from '../support/nativeDocument';
 import { expect, test, type Place } from '../support/hostFixtures';
 import type { Program } from '../support/program';
-import { until } from '../support/until';
-
-const copyOf = (file: string) => `${file}.new-text`;
 
 /** A place whose documents are on a disk of their own, of so many KiB, with one document on it. */
 function onSmallDisk(place: Place, kibibytes: number, name: string, text: string): { command: string[]; file: string } {
@@ -64,31 +61,10 @@ test('a disk that becomes full while a document is written has the whole new tex
   expect(await read(program, copyOf(file))).toBe(text);
 });
 
-/** Two texts of this length, saved in turn for as long as the program lives. */
-function saveForEver(file: string, length: number) {
-  const { writeFile } = window as unknown as { writeFile: (path: string, text: string) => Promise<unknown> };
-  const counted = window as { saves?: number };
-  const save = async (): Promise<void> => {
-    const turn = counted.saves ?? 0;
-    await writeFile(file, (turn % 2 === 0 ? 'a' : 'b').repeat(length));
-    counted.saves = turn + 1;
-    return save();
-  };
-  void save();
-}
-
-for (const length of [2_000, 200_000, 4_000_000]) {
+for (const length of savedLengths) {
   test(`a program that is killed while it saves ${length} bytes leaves one whole text`, async ({ open, place }) => {
-    const isWhole = (path: string) =>
-      existsSync(path) && /^(a+|b+)$/.test(readFileSync(path, 'utf8')) && statSync(path).size === length;
     const file = place.write('mine.words.tessary', 'a'.repeat(length));
-    for (let kill = 0; kill < 3; kill++) {
-      const program = await open();
-      await program.page.evaluate(saveForEver, file, length);
-      await until('some saves', () => program.page.evaluate(() => ((window as { saves?: number }).saves ?? 0) > 2));
-      await program.process.end();
-      expect(isWhole(file) || isWhole(copyOf(file))).toBe(true);
-    }
+    for (let kill = 0; kill < 3; kill++) await expectWholeAfterKill(await open(), file, file, length);
   });
 }
 

@@ -91,8 +91,11 @@ export class TestRuntime {
 
   #serve(socket: Socket) {
     this.#socket = socket;
-    socket.on('error', () => socket.destroy()); // the program ended
-    createInterface({ input: socket, crlfDelay: Infinity }).on('line', (line) => this.#hear(line));
+    // A program that ends in the midst of a call is an error to the socket, and to who reads its lines.
+    socket.on('error', () => socket.destroy());
+    createInterface({ input: socket, crlfDelay: Infinity })
+      .on('line', (line) => this.#hear(line))
+      .on('error', () => socket.destroy());
   }
 
   #hear(line: string) {
