@@ -5,5 +5,6 @@ export default {
     minify: true,
     outDir: '../../../build/bench/model',
     emptyOutDir: true,
+    rollupOptions: { output: { entryFileNames: 'bench.mjs' } },
   },
 };
