@@ -10,10 +10,10 @@ import { ProgramProcess, type Launch } from './programProcess';
 
 /** For a build with sanitizers. The quick way to unwind stops at libraries without frame pointers, whoever called them. */
 const sanitizerOptions = {
-  ASAN_OPTIONS: 'fast_unwind_on_malloc=0:malloc_context_size=10',
+  ASAN_OPTIONS: 'fast_unwind_on_malloc=0:malloc_context_size=10:verify_asan_link_order=0',
   LSAN_OPTIONS: `suppressions=${toolSources}/lsan.supp:print_suppressions=0`,
   // GLib orders its threads' accesses by futexes, which the sanitizer cannot see: it would report them as races.
-  TSAN_OPTIONS: 'ignore_noninstrumented_modules=1',
+  TSAN_OPTIONS: `ignore_noninstrumented_modules=1:suppressions=${toolSources}/tsan.supp`,
   UBSAN_OPTIONS: 'print_stacktrace=1',
 };
 
