@@ -6,7 +6,7 @@
 
 #include "bridge/document_copy.h"
 #include "bridge/file_io.h"
-#include "temporary_folder.h"
+#include "document_with_copy.h"
 
 namespace {
 /// A disk that takes no file longer than so many bytes.
@@ -30,13 +30,7 @@ private:
 };
 }  // namespace
 
-class DocumentCopiesOnLinux : public testing::Test {
-protected:
-    TemporaryFolder folder;
-    std::string document = folder.file("notes.words.tessary");
-    std::string copy = document + ".new-text";
-    std::string incomplete = copy + ".incomplete";
-};
+class DocumentCopiesOnLinux : public DocumentWithCopy {};
 
 TEST_F(DocumentCopiesOnLinux, AreReadByTheirOwnerOnly) {
     putBytes(document, "old");

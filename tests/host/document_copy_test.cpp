@@ -6,15 +6,10 @@
 #include <vector>
 
 #include "bridge/file_io.h"
-#include "temporary_folder.h"
+#include "document_with_copy.h"
 
-class DocumentCopies : public testing::Test {
+class DocumentCopies : public DocumentWithCopy {
 protected:
-    TemporaryFolder folder;
-    std::string document = folder.file("notes.words.tessary");
-    std::string copy = document + ".new-text";
-    std::string incomplete = copy + ".incomplete";
-
     void SetUp() override { putBytes(document, "old text"); }
 
     [[nodiscard]] std::vector<std::string> names() const {
