@@ -4,7 +4,7 @@ import './i18n';
 import { createRoot } from 'react-dom/client';
 import { BrowserRouter } from 'react-router';
 import { App } from './app/App';
-import { backGuard } from './app/leaving';
+import { backGuard } from './actions/leaveGuards';
 import { PageRoutes } from './app/PageRoutes';
 
 backGuard.install(); // before the router listens

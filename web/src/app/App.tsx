@@ -2,8 +2,8 @@ import CssBaseline from '@mui/joy/CssBaseline';
 import { CssVarsProvider } from '@mui/joy/styles';
 import { SnackbarProvider } from 'notistack';
 import type { ReactNode } from 'react';
-import { notificationPlace } from './notifications';
-import { theme } from './theme';
+import { notificationPlace } from '../ui/notifications';
+import { theme } from '../ui/theme';
 
 /** Everything that the routes need around them: theme and notifications. */
 export function App({ children }: { children: ReactNode }) {

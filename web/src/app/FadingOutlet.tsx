@@ -2,7 +2,7 @@ import Box from '@mui/joy/Box';
 import { AnimatePresence, usePresence } from 'framer-motion';
 import { useEffect, type ReactNode } from 'react';
 import { useLocation, useOutlet } from 'react-router';
-import { colors } from './theme';
+import { colors } from '../ui/theme';
 
 /** How long a page takes to come or to go, in milliseconds. */
 const FADE = 150;

@@ -1,8 +1,8 @@
 import Box from '@mui/joy/Box';
-import { DiscardDialog } from '../components/DiscardDialog';
+import { DiscardDialog } from '../components/UnsavedChangesDialog';
 import { LoadingProgress } from '../components/LoadingProgress';
 import { useDocumentDrop } from '../components/useDocumentDrop';
-import { useShortcuts } from '../components/useShortcuts';
+import { useShortcuts } from '../commands/useShortcuts';
 import { isVsCode } from '../host/hostFlags';
 import { FadingOutlet } from './FadingOutlet';
 import { Rail } from './Rail';

@@ -1,6 +1,6 @@
 import { useEffect } from 'react';
 import { useLocation } from 'react-router';
-import { backGuard, onBeforeUnload, onReloadKey } from './leaving';
+import { backGuard, onBeforeUnload, onReloadKey } from '../actions/leaveGuards';
 
 /** Keeps unsaved work from being lost by a reload, by going back or by closing the tab. */
 export function useLeaveGuards(): void {

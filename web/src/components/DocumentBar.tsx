@@ -5,8 +5,8 @@ import Typography from '@mui/joy/Typography';
 import { useTranslation } from 'react-i18next';
 import { isVsCode } from '../host/hostFlags';
 import { useSheetsStore } from '../stores/sheetsStore';
-import { shortcutLabel, type DocumentAction } from './shortcuts';
-import { useDocumentActions } from './useDocumentActions';
+import { shortcutLabel, type DocumentAction } from '../commands/shortcuts';
+import { useDocumentActions } from '../commands/useDocumentActions';
 
 const ACTIONS: readonly DocumentAction[] = ['new', 'open', 'save', 'saveAs', 'close'];
 

@@ -1,8 +1,8 @@
 import Box from '@mui/joy/Box';
 import Typography from '@mui/joy/Typography';
 import { Trans, useTranslation } from 'react-i18next';
-import { ActionLink } from './ActionLink';
-import { useDocumentActions } from './useDocumentActions';
+import { ActionLink } from '../ui/ActionLink';
+import { useDocumentActions } from '../commands/useDocumentActions';
 
 /** What the Words tool shows while there is no sheet. */
 export function EmptyTool() {

@@ -1,7 +1,7 @@
 import JoyLink from '@mui/joy/Link';
 import type { ReactNode } from 'react';
 import { hasExternalUrlOpener } from '../host/hostFlags';
-import { ActionLink } from './ActionLink';
+import { ActionLink } from '../ui/ActionLink';
 
 interface ExternalLinkProps {
   href: string;

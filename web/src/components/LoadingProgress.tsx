@@ -4,7 +4,7 @@ import Typography from '@mui/joy/Typography';
 import { useId } from 'react';
 import { useTranslation } from 'react-i18next';
 import { useLoadingStore } from '../document/loading';
-import { colors } from '../app/theme';
+import { colors } from '../ui/theme';
 
 /** How far a document is that takes its time to load; covers the page, because its sheets are about to be replaced. */
 export function LoadingProgress() {

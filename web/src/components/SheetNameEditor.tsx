@@ -1,9 +1,9 @@
 import Box from '@mui/joy/Box';
 import { useRef, type KeyboardEvent } from 'react';
 import { useTranslation } from 'react-i18next';
-import { showWarning } from '../app/notifications';
-import { colors } from '../app/theme';
-import { parseSheetName } from '../model/sheetNames';
+import { showWarning } from '../ui/notifications';
+import { colors } from '../ui/theme';
+import { parseSheetName } from '../model/sheet/sheetNames';
 import { useSheetsStore } from '../stores/sheetsStore';
 
 interface SheetNameEditorProps {

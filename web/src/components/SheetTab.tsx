@@ -2,11 +2,11 @@ import Box from '@mui/joy/Box';
 import { memo, useRef, useState, type KeyboardEvent } from 'react';
 import { useTranslation } from 'react-i18next';
 import { VscClose } from 'react-icons/vsc';
-import { colors } from '../app/theme';
+import { colors } from '../ui/theme';
 import { useSheetsStore } from '../stores/sheetsStore';
 import { SheetNameEditor } from './SheetNameEditor';
 import { SHEET_PANEL_ID } from './sheetPanel';
-import { TAB_WIDTH } from './tabWindow';
+import { TAB_WIDTH } from './tabVirtualizer';
 
 /** No tab shows more than this of a name, however long a document makes it. */
 const LONGEST_NAME = 200;

@@ -5,7 +5,7 @@ import { isVsCode } from '../host/hostFlags';
 import { useSheetsStore } from '../stores/sheetsStore';
 import { SheetTab } from './SheetTab';
 import { createTitleSelector } from './sheetTitles';
-import { scrollToTab, tabWindow } from './tabWindow';
+import { scrollToTab, tabWindow } from './tabVirtualizer';
 
 /** The strip with a tab for every sheet and a button that adds one. */
 export function SheetTabs() {

@@ -1,4 +1,4 @@
-import type { BitsSheet } from '../stores/bitsSheet';
+import type { BitsSheet } from '../model/sheet/bitsSheet';
 
 export interface SheetTitle {
   readonly id: string;

@@ -1,7 +1,7 @@
 import { useEffect, useRef } from 'react';
 import { useNavigate } from 'react-router';
-import { showError } from '../app/notifications';
-import { openFileOf } from '../document/documentActions';
+import { showError } from '../ui/notifications';
+import { openFileOf } from '../actions/documentActions';
 import { hasExtensionOf, WORDS_FILE_TYPE } from '../document/fileType';
 import { isVsCode } from '../host/hostFlags';
 import { i18next } from '../i18n';

@@ -4,7 +4,7 @@ import { withLoading } from './loading';
 import { parseToolDocument, parseToolDocumentInSteps } from './parseToolDocument';
 
 const { showError } = vi.hoisted(() => ({ showError: vi.fn() }));
-vi.mock('../app/notifications', () => ({ showError }));
+vi.mock('../ui/notifications', () => ({ showError }));
 beforeEach(() => showError.mockClear());
 
 const INVALID_JSON = 'Failed to parse document data: Invalid JSON';

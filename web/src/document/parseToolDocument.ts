@@ -1,5 +1,5 @@
 import { displayName } from '../../package.json';
-import { showError } from '../app/notifications';
+import { showError } from '../ui/notifications';
 import { i18next } from '../i18n';
 import type { Loading } from './loading';
 import type { Tool, WordsDocumentData } from './schema';

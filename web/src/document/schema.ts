@@ -1,5 +1,5 @@
 import * as z from 'zod/mini';
-import { DOCUMENT_RESOLUTIONS } from '../model/resolutions';
+import { DOCUMENT_RESOLUTIONS } from '../model/sheet/resolutions';
 
 // The checks must run under a content policy that forbids compiling code from text.
 z.config({ jitless: true });

@@ -1,6 +1,6 @@
 import { describe, expect, test } from 'vitest';
-import { definitionsFor } from '../model/numberDefinitions';
-import { sheetOf } from '../stores/bitsSheet';
+import { definitionsFor } from '../model/sheet/numberDefinitions';
+import { sheetOf } from '../model/sheet/bitsSheet';
 import { documentData, documentText, sheetData } from '../testing/documents';
 import { isToolDocumentHeader, isWordsDocument, WordsDocument } from './wordsDocument';
 import type { WordsDocumentData } from './schema';

@@ -1,5 +1,5 @@
-import { writeDocumentInt } from '../model/documentInt';
-import type { BitsSheet } from '../stores/bitsSheet';
+import { writeDocumentInt } from '../model/integer/documentInt';
+import type { BitsSheet } from '../model/sheet/bitsSheet';
 import { headerSchema, sheetSchema, type SheetData, type Tool, type WordsDocumentData } from './schema';
 
 const CURRENT_VERSION = 1;

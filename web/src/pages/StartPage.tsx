@@ -1,6 +1,6 @@
 import Alert from '@mui/joy/Alert';
 import { displayName } from '../../package.json';
-import { visuallyHidden } from '../components/visuallyHidden';
+import { visuallyHidden } from '../ui/visuallyHidden';
 import { useStartupLoader } from './useStartupLoader';
 import { WelcomePage } from './WelcomePage';
 

@@ -8,7 +8,7 @@ import { useTranslation } from 'react-i18next';
 import { Link } from 'react-router';
 import { displayName, version } from '../../package.json';
 import { Markdown } from '../components/Markdown';
-import { PrivacyPolicyLink } from '../components/PrivacyPolicyLink';
+import { PrivacyPolicyLink } from './PrivacyPolicyLink';
 import { isMsStorePackage } from '../host/hostFlags';
 import { download, introduction, support } from './welcomeTexts';
 

@@ -1,8 +1,8 @@
 import { useEffect, useRef, useState } from 'react';
 import { useNavigate } from 'react-router';
-import { followEditor } from '../host/editorStartup';
+import { followEditor } from '../actions/editorStartup';
 import { isVsCode } from '../host/hostFlags';
-import { openLaunchDocument, type StartupOutcome, type StartupTarget } from '../host/nativeStartup';
+import { openLaunchDocument, type StartupOutcome, type StartupTarget } from '../actions/nativeStartup';
 import { useSheetsStore } from '../stores/sheetsStore';
 
 /** Time for the start page to fade out after a document was opened, in milliseconds. */

@@ -1,10 +1,10 @@
 import SuperJSON from 'superjson';
 import { describe, expect, test } from 'vitest';
-import { BitInt } from '../model/bitInt';
-import { definitionsFor, withVisibility } from '../model/numberDefinitions';
-import { createSheet, sheetOf } from './bitsSheet';
+import { BitInt } from '../model/integer/bitInt';
+import { definitionsFor, withVisibility } from '../model/sheet/numberDefinitions';
+import { createSheet, sheetOf } from '../model/sheet/bitsSheet';
 import { readRecord, writeRecord, type PersistedState } from './persistedState';
-import { ScrollMap } from './scrollMap';
+import { ScrollMap } from '../model/sheet/scrollMap';
 
 const sheet = sheetOf({
   id: 'one',

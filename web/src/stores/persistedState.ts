@@ -1,7 +1,7 @@
 import SuperJSON from 'superjson';
-import { BitInt } from '../model/bitInt';
-import { BitsSheet, type BitsSheetFields } from './bitsSheet';
-import { ScrollMap } from './scrollMap';
+import { BitInt } from '../model/integer/bitInt';
+import { BitsSheet, type BitsSheetFields } from '../model/sheet/bitsSheet';
+import { ScrollMap } from '../model/sheet/scrollMap';
 import type { SheetsState } from './sheetsStore';
 
 export const RECORD_VERSION = 1;

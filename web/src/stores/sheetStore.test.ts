@@ -1,10 +1,10 @@
 import { beforeEach, describe, expect, test, vi } from 'vitest';
-import { SCROLL_LOCK_HORIZONTAL } from '../model/flagOptions';
-import { isSigned } from '../model/signMap';
-import { readWord } from '../model/wordLayout';
+import { SCROLL_LOCK_HORIZONTAL } from '../model/sheet/flagOptions';
+import { isSigned } from '../model/sheet/signMap';
+import { readWord } from '../model/integer/wordLayout';
 import { documentData, sheetData } from '../testing/documents';
-import { sheetOf } from './bitsSheet';
-import { ScrollMap } from './scrollMap';
+import { sheetOf } from '../model/sheet/bitsSheet';
+import { ScrollMap } from '../model/sheet/scrollMap';
 import { useSheetsStore } from './sheetsStore';
 import { useSheetStore } from './sheetStore';
 

@@ -1,12 +1,17 @@
 import { create } from 'zustand';
-import { BitInt } from '../model/bitInt';
-import { withChannel, withColor, type Rgba } from '../model/colorWord';
-import { hasFlagOption, withFlagOption, withFlagOptionToggled, type FlagOptions } from '../model/flagOptions';
-import { definitionsFor, withVisibility, type NumberDefinition, type NumberType } from '../model/numberDefinitions';
-import { DEFAULT_RESOLUTION } from '../model/resolutions';
-import { filledSignMap, toggleSign, type SignMap } from '../model/signMap';
-import type { BitsSheet, FocusedBlock, SheetChanges } from './bitsSheet';
-import { ScrollMap } from './scrollMap';
+import { BitInt } from '../model/integer/bitInt';
+import { withChannel, withColor, type Rgba } from '../model/color/colorWord';
+import { hasFlagOption, withFlagOption, withFlagOptionToggled, type FlagOptions } from '../model/sheet/flagOptions';
+import {
+  definitionsFor,
+  withVisibility,
+  type NumberDefinition,
+  type NumberType,
+} from '../model/sheet/numberDefinitions';
+import { DEFAULT_RESOLUTION } from '../model/sheet/resolutions';
+import { filledSignMap, toggleSign, type SignMap } from '../model/sheet/signMap';
+import type { BitsSheet, FocusedBlock, SheetChanges } from '../model/sheet/bitsSheet';
+import { ScrollMap } from '../model/sheet/scrollMap';
 import { useSheetsStore } from './sheetsStore';
 
 /** The sheet being shown. Everything in it is replaced, never changed in place. */

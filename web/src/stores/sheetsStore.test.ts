@@ -1,6 +1,6 @@
 import { beforeEach, describe, expect, test, vi } from 'vitest';
 import type { WordsDocumentData } from '../document/schema';
-import { definitionsFor } from '../model/numberDefinitions';
+import { definitionsFor } from '../model/sheet/numberDefinitions';
 import { documentData, sheetData } from '../testing/documents';
 import { useSheetsStore } from './sheetsStore';
 

@@ -3,14 +3,14 @@ import { persist } from 'zustand/middleware';
 import { UNTITLED_FILE_NAME } from '../document/fileType';
 import { WordsDocument } from '../document/wordsDocument';
 import type { FileHandle } from '../host/fileHandle';
-import { freeSheetName } from '../model/sheetNames';
+import { freeSheetName } from '../model/sheet/sheetNames';
 import { Loading } from '../document/loading';
 import type { WordsDocumentData } from '../document/schema';
 import { postDocumentUpdate, resumeDocumentUpdates, suspendDocumentUpdates } from '../host/editorExtension';
 import { isVsCode } from '../host/hostFlags';
-import { BitsSheet, createSheet, type SheetChanges } from './bitsSheet';
+import { BitsSheet, createSheet, type SheetChanges } from '../model/sheet/bitsSheet';
 import { RECORD_VERSION } from './persistedState';
-import { flushRecord, RECORD_KEY, recordKeeper } from './recordKeeper';
+import { flushRecord, RECORD_KEY, recordKeeper } from './persistStorage';
 import { sheetsFromDocument } from './sheetsFromDocument';
 
 export interface SheetsState {

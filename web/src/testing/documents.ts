@@ -1,4 +1,4 @@
-import { definitionsFor } from '../model/numberDefinitions';
+import { definitionsFor } from '../model/sheet/numberDefinitions';
 
 /** A sheet as a document holds it, with anything replaced. */
 export function sheetData(changes: Record<string, unknown> = {}) {

@@ -1,5 +1,5 @@
 import fc from 'fast-check';
-import { DOCUMENT_RESOLUTIONS } from '../model/resolutions';
+import { DOCUMENT_RESOLUTIONS } from '../model/sheet/resolutions';
 
 const integerText = fc.oneof(
   fc.bigInt({ min: 0n, max: 2n ** 1100n }).map((value) => `0x${value.toString(16)}`),

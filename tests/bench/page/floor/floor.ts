@@ -2,17 +2,17 @@
  * What the Words tool shows of a sheet, written by hand: plain elements for the words in view, each remembered where it
  * is used, and nothing else. It stands for the least that any page has to do.
  */
-import { DARK_PALETTE } from '../../../../web/src/components/words/bitFieldPalette';
-import { bitAt } from '../../../../web/src/components/words/bitFieldLayout';
-import { BitFieldPainter } from '../../../../web/src/components/words/bitFieldPainter';
-import { directOperations, WORD_OPERATIONS } from '../../../../web/src/components/words/operations';
-import { sheetGeometry, type RowGeometry } from '../../../../web/src/components/words/sheetGeometry';
-import { digitWidth } from '../../../../web/src/components/words/useViewport';
-import { formatInteger } from '../../../../web/src/model/formatInteger';
-import { definitionsFor } from '../../../../web/src/model/numberDefinitions';
-import { parseInteger } from '../../../../web/src/model/parseInteger';
-import { wordHalfLabel, wordNumber, wordSignLabel } from '../../../../web/src/model/wordLabels';
-import { readWord, writeWord } from '../../../../web/src/model/wordLayout';
+import { DARK_PALETTE } from '../../../../web/src/components/words/bitField/bitFieldPalette';
+import { bitAt } from '../../../../web/src/components/words/layout/bitFieldLayout';
+import { BitFieldPainter } from '../../../../web/src/components/words/bitField/bitFieldPainter';
+import { directOperations, WORD_OPERATIONS } from '../../../../web/src/commands/wordOperations';
+import { sheetGeometry, type RowGeometry } from '../../../../web/src/components/words/layout/sheetGeometry';
+import { digitWidth } from '../../../../web/src/components/words/layout/useViewport';
+import { formatInteger } from '../../../../web/src/model/integer/formatInteger';
+import { definitionsFor } from '../../../../web/src/model/sheet/numberDefinitions';
+import { parseInteger } from '../../../../web/src/model/integer/parseInteger';
+import { wordHalfLabel, wordNumber, wordSignLabel } from '../../../../web/src/model/sheet/wordLabels';
+import { readWord, writeWord } from '../../../../web/src/model/integer/wordLayout';
 import '../../../../web/src/components/words/words.css';
 
 /** The height of the tool's bars above and below the rows. */

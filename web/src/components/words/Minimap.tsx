@@ -1,7 +1,7 @@
 import { useLayoutEffect, useRef, type MouseEvent, type PointerEvent, type RefObject } from 'react';
 import { i18next } from '../../i18n';
 import { useSheetStore } from '../../stores/sheetStore';
-import type { SheetGeometry } from './sheetGeometry';
+import type { SheetGeometry } from './layout/sheetGeometry';
 
 interface MinimapProps {
   geometry: SheetGeometry;

@@ -1,12 +1,12 @@
 import { memo, useCallback, useLayoutEffect, useMemo, useRef, useState } from 'react';
-import type { ColorNotation } from '../../model/formatColor';
+import type { ColorNotation } from '../../model/color/formatColor';
 import { useSheetStore } from '../../stores/sheetStore';
-import type { MoveFocus } from './BlockFrame';
-import { ColorBlock } from './ColorBlock';
-import type { RowScrolls } from './rowScrolls';
-import { rowTexts } from './rowTexts';
-import { partsInView, type RowGeometry } from './sheetGeometry';
-import { WordBlock } from './WordBlock';
+import type { MoveFocus } from './word/BlockFrame';
+import { ColorBlock } from './word/ColorBlock';
+import type { RowScrolls } from './scrollSync';
+import { rowTexts } from './word/rowTexts';
+import { partsInView, type RowGeometry } from './layout/sheetGeometry';
+import { WordBlock } from './word/WordBlock';
 
 interface RowViewProps {
   row: RowGeometry;

@@ -1,12 +1,12 @@
 import { useCallback, useLayoutEffect, useMemo, useRef, useState, type PointerEvent } from 'react';
 import { useSheetStore } from '../../stores/sheetStore';
 import { Minimap } from './Minimap';
-import { focusWord, neighbour } from './moveFocus';
-import { RowScrolls } from './rowScrolls';
+import { focusWord, neighbour } from './wordNavigation';
+import { RowScrolls } from './scrollSync';
 import { RowView } from './RowView';
-import { sheetGeometry, type RowGeometry, type SheetGeometry } from './sheetGeometry';
-import { digitWidth, usePixelRatio, useViewSize } from './useViewport';
-import type { MoveFocus } from './BlockFrame';
+import { sheetGeometry, type RowGeometry, type SheetGeometry } from './layout/sheetGeometry';
+import { digitWidth, usePixelRatio, useViewSize } from './layout/useViewport';
+import type { MoveFocus } from './word/BlockFrame';
 
 /** The rows' labels at the left. */
 const LABELS_WIDTH = 44;

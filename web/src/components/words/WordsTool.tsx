@@ -1,8 +1,8 @@
 import { useState } from 'react';
 import { useSheetStore } from '../../stores/sheetStore';
 import { SHEET_PANEL_ID } from '../sheetPanel';
-import { BitStatus } from './BitStatus';
-import { SheetToolbar } from './SheetToolbar';
+import { BitStatus } from './bitField/BitStatus';
+import { SheetToolbar } from './toolbar/SheetToolbar';
 import { SheetView } from './SheetView';
 import './words.css';
 

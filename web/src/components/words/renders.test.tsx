@@ -17,8 +17,12 @@ function counted(name: string, block: unknown) {
   });
 }
 
-vi.mock(import('./WordBlock'), async (load) => ({ WordBlock: counted('word', (await load()).WordBlock) as never }));
-vi.mock(import('./ColorBlock'), async (load) => ({ ColorBlock: counted('color', (await load()).ColorBlock) as never }));
+vi.mock(import('./word/WordBlock'), async (load) => ({
+  WordBlock: counted('word', (await load()).WordBlock) as never,
+}));
+vi.mock(import('./word/ColorBlock'), async (load) => ({
+  ColorBlock: counted('color', (await load()).ColorBlock) as never,
+}));
 
 beforeEach(() => {
   // jsdom lays nothing out; a view of this size holds every row of the sheets here.

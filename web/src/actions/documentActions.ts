@@ -1,0 +1,89 @@
+import { showError } from '../ui/notifications';
+import { isDialogAbortError } from '../host/dialogAbort';
+import type { FileHandle } from '../host/fileHandle';
+import { fileService, type OpenedFile } from '../host/fileService';
+import { i18next } from '../i18n';
+import { useSheetsStore } from '../stores/sheetsStore';
+import { mayDiscardChanges } from './unsavedChangesPrompt';
+import { UNTITLED_FILE_NAME, WORDS_FILE_TYPE } from '../document/fileType';
+import { withLoading } from '../document/loading';
+import { parseToolDocumentInSteps } from '../document/parseToolDocument';
+
+type Navigate = (route: string) => void | Promise<void>;
+
+/** Starts a new document with one sheet. Asks first when changes would be lost. */
+export async function newDocument(navigate: Navigate): Promise<void> {
+  if (!(await mayDiscardChanges())) return;
+  const { reset, addSheet } = useSheetsStore.getState();
+  reset();
+  addSheet();
+  await navigate('/tools/words');
+}
+
+/** Lets the user choose a document and shows it. Asks first when changes would be lost. */
+export function openDocument(navigate: Navigate): Promise<void> {
+  return openWith(() => fileService.openFile(WORDS_FILE_TYPE), navigate);
+}
+
+/** Shows the document in a file that the user brought to the page. Asks first when changes would be lost. */
+export function openFileOf(
+  file: File,
+  handle: Promise<FileSystemFileHandle | null>,
+  navigate: Navigate,
+): Promise<void> {
+  return openWith(async () => {
+    const kept = await handle;
+    return { fileHandle: { name: file.name, ...(kept && { handle: kept }) }, content: await file.text() };
+  }, navigate);
+}
+
+/** Saves the document to its file, or asks for a place where it has none. */
+export function saveDocument(): Promise<void> {
+  return save((file) => file);
+}
+
+/** Saves the document to a place that the user chooses. */
+export function saveDocumentAs(): Promise<void> {
+  return save(({ name }) => ({ name }));
+}
+
+/** Closes the document. Asks first when changes would be lost. */
+export async function closeDocument(): Promise<void> {
+  if (await mayDiscardChanges()) useSheetsStore.getState().reset();
+}
+
+async function openWith(read: () => Promise<OpenedFile>, navigate: Navigate): Promise<void> {
+  if (!(await mayDiscardChanges())) return;
+  try {
+    const opened = await read();
+    await withLoading(async (loading) => {
+      const parsed = await parseToolDocumentInSteps(opened.content, loading);
+      if (!parsed.success) return;
+      const file = { ...opened.fileHandle, name: opened.fileHandle.name || UNTITLED_FILE_NAME };
+      await useSheetsStore.getState().loadWordsDocument(parsed.data, file, loading);
+      await navigate(parsed.navigationRoute);
+    });
+  } catch (error) {
+    if (!isDialogAbortError(error)) showError(i18next.t('messages.file.open.error'));
+  }
+}
+
+async function save(target: (file: FileHandle) => FileHandle): Promise<void> {
+  const store = useSheetsStore.getState();
+  const file = store.documentFile;
+  if (!file) return;
+  try {
+    const text = store.getWordsDocument().toFileData();
+    const outcome = await fileService.saveFile(text, target(file), file.name, WORDS_FILE_TYPE);
+    noteSaved(file, (outcome.success && outcome.fileHandle) || file, text);
+  } catch (error) {
+    if (!isDialogAbortError(error)) showError(i18next.t('messages.file.save.error'));
+  }
+}
+
+/** A dialog can be open for long: what was edited meanwhile stays unsaved, and a document opened meanwhile is left alone. */
+function noteSaved(before: FileHandle, now: FileHandle, text: string): void {
+  const { documentFile, getWordsDocument, updateWordsDocumentFileState } = useSheetsStore.getState();
+  if (documentFile !== before) return;
+  updateWordsDocumentFileState(now, getWordsDocument().toFileData() !== text);
+}

@@ -1,0 +1,43 @@
+import { mayDiscardChanges } from './unsavedChangesPrompt';
+import { isCppBackend, isVsCode } from '../host/hostFlags';
+import { useSheetsStore } from '../stores/sheetsStore';
+import { BackGuard } from './backGuard';
+
+/** Whether the page holds work that leaving it would lose. An editor keeps the document itself. */
+function hasUnsavedWork(): boolean {
+  return useSheetsStore.getState().isUnsaved && !isVsCode;
+}
+
+async function discardOrStay(): Promise<boolean> {
+  if (!(await mayDiscardChanges())) return false;
+  useSheetsStore.getState().reset();
+  return true;
+}
+
+/** Going back to the start page opens the command line's file again, in place of the one that is open. */
+export const backGuard = new BackGuard((from, to) => (from !== to && hasUnsavedWork() ? discardOrStay() : undefined));
+
+/** Before a tab with unsaved work goes away, the browser asks in its own words. */
+export function onBeforeUnload(event: BeforeUnloadEvent): void {
+  if (hasUnsavedWork()) event.preventDefault();
+}
+
+/** Keys that reload: unsaved work is asked for first, and the native host, which serves "/" alone, starts there again. */
+export function onReloadKey(event: KeyboardEvent): void {
+  if (!isReloadKey(event)) return;
+  const isAway = isCppBackend && location.pathname !== '/';
+  if (!hasUnsavedWork() && !isAway) return;
+  event.preventDefault();
+  if (event.repeat) return;
+  void startAgain();
+}
+
+async function startAgain(): Promise<void> {
+  if (hasUnsavedWork() && !(await discardOrStay())) return;
+  useSheetsStore.getState().persistState();
+  location.replace('/');
+}
+
+function isReloadKey({ key, ctrlKey, metaKey, altKey }: KeyboardEvent): boolean {
+  return key === 'F5' || key === 'BrowserRefresh' || ((ctrlKey || metaKey) && !altKey && key.toLowerCase() === 'r');
+}

@@ -1,0 +1,179 @@
+import { memo, useLayoutEffect, useRef, type FocusEvent, type KeyboardEvent, type PointerEvent } from 'react';
+import { i18next } from '../../../i18n';
+import { formatInteger } from '../../../model/integer/formatInteger';
+import { readWord } from '../../../model/integer/wordLayout';
+import { useSheetStore } from '../../../stores/sheetStore';
+import { bitAt, cellOf, type BitFieldLayout } from '../layout/bitFieldLayout';
+import { useBitFieldPalette } from './bitFieldPalette';
+import { BitFieldPainter } from './bitFieldPainter';
+import { showBit, useBitReadout } from './activeBit';
+
+export const READOUT_ID = 'bit-readout';
+
+interface BitFieldProps {
+  name: string;
+  layout: BitFieldLayout;
+  pixelRatio: number;
+  index: number;
+  word: bigint;
+  signed: boolean;
+}
+
+/** All bits of a word on a canvas, to be toggled one by one or painted with a drag. */
+export const BitField = memo(function BitField({ name, layout, pixelRatio, index, word, signed }: BitFieldProps) {
+  const width = layout.bits;
+  const canvas = useRef<HTMLCanvasElement>(null);
+  const painter = (useRef<BitFieldPainter>(null).current ??= new BitFieldPainter());
+  const palette = useBitFieldPalette();
+  const digits = formatInteger(word, 2, width).padStart(width, '0');
+  const stroke = useRef<{ value: boolean; last: number } | undefined>(undefined);
+  const cursor = useRef(width - 1);
+
+  useLayoutEffect(() => {
+    painter.show(canvas.current!, { layout, pixelRatio, palette, digits });
+    const { readout } = useBitReadout.getState();
+    const isShown = readout && painter.isMarked && readout.width === width && readout.index === index;
+    if (isShown) read(readout.bit);
+  }, [layout, pixelRatio, palette, digits, signed]);
+  useLayoutEffect(() => () => void (painter.isMarked && showBit(undefined)), []);
+
+  const isSet = (bit: number) => readWord(useSheetStore.getState().int.value, 1, width * index + bit) === 1n;
+  const read = (bit: number) => showBit({ width, index, bit, isSet: isSet(bit), signed });
+  const setBit = (bit: number, value: boolean) => {
+    if (isSet(bit) !== value) useSheetStore.getState().toggleWordBit(index, width, bit);
+  };
+  const moveCursor = (bit: number) => {
+    cursor.current = Math.max(0, Math.min(width - 1, bit));
+    painter.mark({ cursor: cursor.current });
+    revealCell(canvas.current!, layout, cursor.current);
+    read(cursor.current);
+  };
+
+  const bitUnder = ({ nativeEvent }: PointerEvent) => bitAt(layout, nativeEvent.offsetX, nativeEvent.offsetY);
+  const onPointerDown = (event: PointerEvent<HTMLCanvasElement>) => {
+    if (event.button !== 0 || event.pointerType === 'touch') return;
+    event.currentTarget.setPointerCapture(event.pointerId);
+    const bit = bitUnder(event);
+    stroke.current = { value: !isSet(bit), last: bit };
+    cursor.current = bit;
+    setBit(bit, stroke.current.value);
+    painter.mark({ cursor: bit, hovered: bit });
+    read(bit);
+  };
+  const onPointerMove = (event: PointerEvent) => {
+    const bit = bitUnder(event);
+    if (stroke.current) paintTo(bit);
+    painter.mark({ hovered: bit });
+    read(bit);
+  };
+  const paintTo = (bit: number) => {
+    const { value, last } = stroke.current!;
+    for (const each of bitsBetween(layout, last, bit)) setBit(each, value);
+    stroke.current = { value, last: bit };
+  };
+  const onPointerLeave = () => {
+    painter.mark({ hovered: undefined });
+    if (document.activeElement === canvas.current) read(cursor.current);
+    else showBit(undefined);
+  };
+  // A finger that scrolls must not toggle, so a touch counts once it ends as a press.
+  const onClick = (event: React.MouseEvent<HTMLCanvasElement>) => {
+    const { pointerType, offsetX, offsetY } = event.nativeEvent as globalThis.PointerEvent;
+    if (pointerType !== 'touch') return;
+    const bit = bitAt(layout, offsetX, offsetY);
+    setBit(bit, !isSet(bit));
+  };
+
+  const onKeyDown = (event: KeyboardEvent) => {
+    if (event.altKey || event.metaKey) return;
+    const at = cursor.current;
+    const next = cursorAfter(event, at, layout);
+    if (next === undefined && event.key !== ' ') return;
+    event.preventDefault();
+    if (event.key === ' ') setBit(at, !isSet(at));
+    if (event.key === '0' || event.key === '1') setBit(at, event.key === '1');
+    moveCursor(next ?? at);
+  };
+  const onFocus = ({ currentTarget }: FocusEvent) => {
+    if (currentTarget.matches(':focus-visible')) moveCursor(cursor.current);
+  };
+  const onBlur = () => {
+    painter.mark({ cursor: undefined });
+    showBit(undefined);
+  };
+
+  return (
+    <canvas
+      ref={canvas}
+      className="bit-field"
+      role="application"
+      tabIndex={0}
+      aria-label={name}
+      aria-describedby={READOUT_ID}
+      aria-roledescription={i18next.t('words.bitFieldRole')}
+      data-part="bits"
+      style={{ width: layout.width, height: layout.height }}
+      onPointerDown={onPointerDown}
+      onPointerMove={onPointerMove}
+      onPointerLeave={onPointerLeave}
+      onPointerUp={() => (stroke.current = undefined)}
+      onPointerCancel={() => (stroke.current = undefined)}
+      onClick={onClick}
+      onKeyDown={onKeyDown}
+      onFocus={onFocus}
+      onBlur={onBlur}
+    />
+  );
+});
+
+/** Where a key moves the cursor to; undefined for keys that do not. The most significant bit is at the left. */
+function cursorAfter(event: KeyboardEvent, at: number, { bits, bitsPerLine }: BitFieldLayout): number | undefined {
+  const step = event.ctrlKey ? 8 : 1;
+  switch (event.key) {
+    case 'ArrowLeft':
+      return at + step;
+    case 'ArrowRight':
+      return at - step;
+    case 'ArrowUp':
+      return at + bitsPerLine < bits ? at + bitsPerLine : at;
+    case 'ArrowDown':
+      return at - bitsPerLine >= 0 ? at - bitsPerLine : at;
+    case 'Home':
+      return bits - 1;
+    case 'End':
+      return 0;
+    case '0':
+    case '1':
+      return at - 1;
+    default:
+      return undefined;
+  }
+}
+
+/** The bits that a stroke passes from one to another: those between them when they share a line. */
+function bitsBetween({ bits, bitsPerLine }: BitFieldLayout, from: number, to: number): number[] {
+  const line = (bit: number) => Math.floor((bits - 1 - bit) / bitsPerLine);
+  if (line(from) !== line(to)) return [to];
+  const first = Math.min(from, to);
+  return Array.from({ length: Math.abs(from - to) + 1 }, (_, offset) => first + offset);
+}
+
+/** Scrolls row and sheet so that a bit can be seen. */
+function revealCell(canvas: HTMLElement, layout: BitFieldLayout, bit: number): void {
+  const row = canvas.closest('.row-scroller');
+  const view = canvas.closest('.sheet-view');
+  if (!row || !view) return;
+  const cell = cellOf(layout, bit);
+  const field = canvas.getBoundingClientRect();
+  const rowBox = row.getBoundingClientRect();
+  const viewBox = view.getBoundingClientRect();
+  row.scrollLeft += beyond(field.left + cell.x - rowBox.left, cell.width, row.clientWidth);
+  view.scrollTop += beyond(field.top + cell.y - viewBox.top, layout.lineHeight, view.clientHeight);
+}
+
+/** How far a part lies outside a view, with some room around it; 0 when it is inside. */
+function beyond(start: number, size: number, viewSize: number): number {
+  if (start < 0) return start - size;
+  const end = start + size;
+  return end > viewSize ? end + size - viewSize : 0;
+}

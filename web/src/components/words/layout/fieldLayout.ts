@@ -1,0 +1,87 @@
+import type { Converter } from '../../../model/sheet/converters';
+import { WIDEST_FLOAT } from '../../../model/float/floatFormats';
+
+export const FIELD_LINE_HEIGHT = 18;
+export const FIELD_PADDING = 4;
+export const FIELD_GAP = 2;
+export const FIELD_LABEL_WIDTH = 25;
+const FIELD_SIDES = 12;
+/** From this width on, in bits, a field may be as narrow as half of its word. */
+const WRAPPING_FROM = 128;
+const LONGEST_FLOAT = 28;
+const LONGEST_SMALL_FLOAT = 13;
+
+/** A text field of a word and its place in the word's two columns. */
+export interface FieldPlace {
+  readonly spans: boolean;
+  /** Lines of text that its longest content takes. */
+  readonly lines: number;
+}
+
+export interface FieldFlow {
+  /** The main field, then one per converter. */
+  readonly places: readonly FieldPlace[];
+  readonly height: number;
+}
+
+/** Converters that a word of a width has a field for: wide words have no float view. */
+export function convertersFor(converters: readonly Converter[], bits: number): Converter[] {
+  return converters.filter(({ kind }) => kind === 'integer' || bits <= WIDEST_FLOAT);
+}
+
+/**
+ * Places the fields of a word in two columns. A field whose longest content does not fit a column spans both; one that
+ * would be left alone beside a gap does too.
+ * @param boxWidth - pixels for both columns
+ * @param charWidth - pixels of one digit
+ */
+export function flowFields(
+  bits: number,
+  converters: readonly Converter[],
+  boxWidth: number,
+  charWidth: number,
+): FieldFlow {
+  const half = (boxWidth - FIELD_GAP) / 2;
+  const lengths = [decimalLength(bits), ...converters.map((converter) => longestText(converter, bits))];
+  const fields = lengths.map((length, position) => {
+    const label = position === 0 ? 0 : FIELD_LABEL_WIDTH;
+    const fits = length * charWidth + label + FIELD_SIDES <= half;
+    const perLine = Math.max(1, Math.floor((boxWidth - label - FIELD_SIDES) / charWidth));
+    return { spans: !fits, lines: fits || bits < WRAPPING_FROM ? 1 : Math.ceil(length / perLine) };
+  });
+  const places = stretchLonelyFields(fields);
+  return { places, height: heightOf(places) };
+}
+
+function stretchLonelyFields(fields: readonly FieldPlace[]): FieldPlace[] {
+  const places: FieldPlace[] = [];
+  for (let position = 0; position < fields.length; position++) {
+    const field = fields[position]!;
+    const next = fields[position + 1];
+    if (field.spans || !next || next.spans) {
+      places.push({ ...field, spans: true });
+      continue;
+    }
+    places.push(field, next);
+    position++;
+  }
+  return places;
+}
+
+function heightOf(places: readonly FieldPlace[]): number {
+  let height = 0;
+  for (let position = 0; position < places.length; position += places[position]!.spans ? 1 : 2) {
+    height += places[position]!.lines * FIELD_LINE_HEIGHT + FIELD_PADDING + FIELD_GAP;
+  }
+  return height;
+}
+
+function decimalLength(bits: number): number {
+  return Math.ceil(bits * Math.log10(2)) + 1;
+}
+
+function longestText(converter: Converter, bits: number): number {
+  if (converter.kind === 'float') return bits === 8 ? LONGEST_SMALL_FLOAT : LONGEST_FLOAT;
+  if (converter.base === 10) return decimalLength(bits);
+  return Math.ceil(bits / Math.log2(converter.base));
+}

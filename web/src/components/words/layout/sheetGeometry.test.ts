@@ -1,0 +1,71 @@
+import { describe, expect, test } from 'vitest';
+import { definitionsFor, withVisibility } from '../../../model/sheet/numberDefinitions';
+import { partsInView, sheetGeometry, type SheetShape } from './sheetGeometry';
+
+function geometry(resolution: number, viewWidth: number, changes: Partial<SheetShape> = {}) {
+  const definitions = definitionsFor(resolution);
+  return sheetGeometry({ resolution, definitions, converters: undefined, viewWidth, charWidth: 7.25, ...changes });
+}
+
+describe.each([8, 16, 32, 64, 128, 256, 512, 1024])('a sheet of %i bits', (resolution) => {
+  const { rows, width } = geometry(resolution, 1200);
+
+  test('has rows of one width, so that words stand below those that hold them', () => {
+    for (const row of rows) expect(row.count * row.blockWidth).toBe(width);
+  });
+
+  test('gives every word at least 140 pixels for each byte', () => {
+    for (const row of rows) expect(row.blockWidth).toBeGreaterThanOrEqual((row.bits / 8) * 140);
+  });
+
+  test('has its rows below each other', () => {
+    for (const [at, row] of rows.slice(1).entries()) {
+      expect(row.top).toBeGreaterThanOrEqual(rows[at]!.top + rows[at]!.height);
+    }
+  });
+});
+
+test('rows overflow where their words need more than the view has', () => {
+  expect(geometry(64, 1120).overflows).toBe(false);
+  expect(geometry(64, 1119).overflows).toBe(true);
+});
+
+test('hidden rows take no room', () => {
+  const definitions = withVisibility(definitionsFor(64), { type: 'integer', bits: 16 }, false);
+  const { rows } = geometry(64, 1200, { definitions });
+  expect(rows.map(({ shortLabel }) => shortLabel)).toEqual(['I64', 'I32', 'I8', 'C32']);
+});
+
+test('every field is as high as its longest text needs', () => {
+  const [widest] = geometry(1024, 1200).rows;
+  const perLine = (1200 - 14 - 25 - 12) / 7.25;
+  expect(widest!.fields.places.map(({ lines }) => lines)).toEqual([
+    2,
+    Math.ceil(1024 / perLine),
+    Math.ceil(342 / perLine),
+    Math.ceil(256 / perLine),
+  ]);
+});
+
+test('a float view needs a format of its width', () => {
+  const { rows } = geometry(512, 1200, { converters: ['FLOAT'] });
+  expect(rows.map(({ bits, converters }) => [bits, converters.length])).toEqual([
+    [512, 0],
+    [256, 1],
+    [128, 1],
+    [64, 1],
+    [32, 1],
+    [16, 1],
+    [8, 1],
+    [32, 1],
+  ]);
+});
+
+test.each([
+  { name: 'at the start', scrolled: 0, parts: [0, 5] },
+  { name: 'in the middle', scrolled: 1000, parts: [9, 15] },
+  { name: 'at the end', scrolled: 1600, parts: [15, 19] },
+  { name: 'beyond the end', scrolled: 9999, parts: [98, 19] },
+])('parts in view $name', ({ scrolled, parts }) => {
+  expect(partsInView(20, 100, scrolled, 500, 100)).toEqual(parts);
+});

@@ -1,0 +1,145 @@
+import { activeConverters, type Converter } from '../../../model/sheet/converters';
+import { floatFormatFor } from '../../../model/float/floatFormats';
+import { definitionLabel, definitionShortLabel, shownDefinitions } from '../../../model/sheet/numberDefinitions';
+import type { NumberDefinition, NumberType } from '../../../model/sheet/numberDefinitions';
+import { wordCount } from '../../../model/integer/wordLayout';
+import { bitFieldLayout, type BitFieldLayout } from './bitFieldLayout';
+import { convertersFor, flowFields, type FieldFlow } from './fieldLayout';
+
+/** Width of a byte in every row, in pixels: words below each other are aligned. */
+const NARROWEST_BYTE = 140;
+const WIDEST_BYTE = 210;
+export const ROW_GAP = 6;
+export const SCROLLBAR_HEIGHT = 9;
+/** From the edges of a block to its content. */
+export const BLOCK_PADDING_Y = 5;
+export const BLOCK_PADDING_X = 7;
+const HEADER_HEIGHT = 22;
+const COLOR_BODY_HEIGHT = 50;
+const NARROWEST_COLOR_BOX = 300;
+
+/** One row of words; its blocks are of one size. All lengths are CSS pixels. */
+export interface RowGeometry {
+  readonly key: string;
+  readonly type: NumberType;
+  readonly bits: number;
+  readonly label: string;
+  readonly shortLabel: string;
+  readonly count: number;
+  readonly top: number;
+  readonly height: number;
+  readonly blockWidth: number;
+  /** The part of a block that stays in view while the row scrolls. */
+  readonly boxWidth: number;
+  readonly converters: readonly Converter[];
+  readonly fields: FieldFlow;
+  readonly bitField: BitFieldLayout;
+}
+
+export interface SheetGeometry {
+  readonly rows: readonly RowGeometry[];
+  /** Of every row's content. */
+  readonly width: number;
+  readonly height: number;
+  /** Rows are wider than the view. */
+  readonly overflows: boolean;
+}
+
+export interface SheetShape {
+  readonly resolution: number;
+  readonly definitions: readonly NumberDefinition[];
+  readonly converters: readonly string[] | undefined;
+  readonly viewWidth: number;
+  /** Width of one digit. */
+  readonly charWidth: number;
+}
+
+/** Where everything of a sheet is, known without looking at the page. */
+export function sheetGeometry({
+  resolution,
+  definitions,
+  converters,
+  viewWidth,
+  charWidth,
+}: SheetShape): SheetGeometry {
+  const bytes = resolution / 8;
+  const byteWidth = Math.max(NARROWEST_BYTE, Math.min(WIDEST_BYTE, Math.floor(viewWidth / bytes)));
+  const width = byteWidth * bytes;
+  const overflows = width > viewWidth;
+  const active = activeConverters(converters);
+  const rows: RowGeometry[] = [];
+  let top = 0;
+  for (const definition of shownDefinitions(definitions)) {
+    const row = rowGeometry(definition, wordCount(resolution, definition.bits), top, {
+      byteWidth,
+      viewWidth,
+      charWidth,
+      overflows,
+      active,
+    });
+    if (row.count === 0) continue;
+    rows.push(row);
+    top += row.height + ROW_GAP;
+  }
+  return { rows, width, height: top, overflows };
+}
+
+interface Shared {
+  byteWidth: number;
+  viewWidth: number;
+  charWidth: number;
+  overflows: boolean;
+  active: readonly Converter[];
+}
+
+function rowGeometry(definition: NumberDefinition, count: number, top: number, shared: Shared): RowGeometry {
+  const { type, bits } = definition;
+  const blockWidth = (bits / 8) * shared.byteWidth;
+  const boxWidth = Math.min(blockWidth, Math.max(shared.viewWidth, NARROWEST_BYTE)) - 2 * BLOCK_PADDING_X;
+  const converters = convertersFor(shared.active, bits);
+  const fields = flowFields(bits, converters, boxWidth, shared.charWidth);
+  const labelled = converters.some(({ kind }) => kind === 'float') && floatFormatFor(bits) !== undefined;
+  const bitField = bitFieldLayout(bits, blockWidth, boxWidth, labelled);
+  const body = type === 'color32' ? colorHeight(boxWidth) : headerHeight(bits) + fields.height + bitField.height;
+  const height = body + 2 * BLOCK_PADDING_Y + (shared.overflows ? SCROLLBAR_HEIGHT : 0);
+  return {
+    key: `${type}:${bits}`,
+    type,
+    bits,
+    label: definitionLabel(definition),
+    shortLabel: definitionShortLabel(definition),
+    count,
+    top,
+    height,
+    blockWidth,
+    boxWidth,
+    converters,
+    fields,
+    bitField,
+  };
+}
+
+// The operations of the narrowest words take a line of their own.
+function headerHeight(bits: number): number {
+  return bits === 8 ? 2 * HEADER_HEIGHT : HEADER_HEIGHT;
+}
+
+function colorHeight(boxWidth: number): number {
+  return HEADER_HEIGHT + (boxWidth < NARROWEST_COLOR_BOX ? 2 : 1) * COLOR_BODY_HEIGHT;
+}
+
+/**
+ * Which of the equal-sized parts of a strip are in or near a view.
+ * @returns first and last, both included; last is below first when there are none
+ */
+export function partsInView(
+  count: number,
+  size: number,
+  scrolled: number,
+  viewSize: number,
+  margin: number,
+): [first: number, last: number] {
+  const first = Math.max(0, Math.floor((scrolled - margin) / size));
+  const last = Math.min(count - 1, Math.floor((scrolled + viewSize + margin - 1) / size));
+  return [first, last];
+}

@@ -1,0 +1,37 @@
+import { useTranslation } from 'react-i18next';
+import { hasFlagOption, SCROLL_LOCK_HORIZONTAL } from '../../../model/sheet/flagOptions';
+import { useSheetStore } from '../../../stores/sheetStore';
+import { ConvertersPicker } from './ConvertersPicker';
+import { FormatsPicker } from './FormatsPicker';
+import { KeysHelp } from './KeysHelp';
+import { ResolutionPicker } from './ResolutionPicker';
+
+/** What can be chosen for the whole sheet. */
+export function SheetToolbar({ hasOverflow }: { hasOverflow: boolean }) {
+  const { t } = useTranslation();
+  return (
+    <div className="sheet-toolbar" role="group" aria-label={t('words.toolbar')}>
+      <ResolutionPicker />
+      {hasOverflow && <ScrollLock />}
+      <ConvertersPicker />
+      <FormatsPicker />
+      <KeysHelp />
+    </div>
+  );
+}
+
+function ScrollLock() {
+  const { t } = useTranslation();
+  const isOn = useSheetStore((sheet) => hasFlagOption(sheet.flagOptions, SCROLL_LOCK_HORIZONTAL));
+  return (
+    <button
+      type="button"
+      className="switch"
+      aria-pressed={isOn}
+      title={t('words.scrollLockHelp')}
+      onClick={() => useSheetStore.getState().toggleFlagOption(SCROLL_LOCK_HORIZONTAL)}
+    >
+      {t('words.scrollLock')}
+    </button>
+  );
+}

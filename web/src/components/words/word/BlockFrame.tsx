@@ -1,0 +1,60 @@
+import { type FocusEvent, type KeyboardEvent, type ReactNode } from 'react';
+import { isFocused, useSheetStore } from '../../../stores/sheetStore';
+import { blockId, type Direction } from '../wordNavigation';
+import { blockName } from './rowTexts';
+import { BLOCK_PADDING_X, type RowGeometry } from '../layout/sheetGeometry';
+
+/** Asks for the focus to go to the word next to one. */
+export type MoveFocus = (rowKey: string, index: number, direction: Direction, part: string) => void;
+
+interface BlockFrameProps {
+  row: RowGeometry;
+  index: number;
+  onMove: MoveFocus;
+  /** Stays in view while the row scrolls. */
+  box: ReactNode;
+  /** Scrolls with the row. */
+  children?: ReactNode;
+}
+
+const DIRECTIONS: Record<string, Direction> = {
+  ArrowLeft: 'left',
+  ArrowRight: 'right',
+  ArrowUp: 'up',
+  ArrowDown: 'down',
+};
+
+/** The place of one word in its row. A press or the focus in it makes it the focused word. */
+export function BlockFrame({ row, index, onMove, box, children }: BlockFrameProps) {
+  const { type, bits, count, blockWidth, boxWidth } = row;
+  const focused = useSheetStore((sheet) => isFocused(sheet, type, bits, index));
+  const focus = () => useSheetStore.getState().focus(type, bits, index);
+
+  const onKeyDown = (event: KeyboardEvent) => {
+    const direction = DIRECTIONS[event.key];
+    if (!direction || !event.altKey || event.ctrlKey || event.metaKey || event.shiftKey) return;
+    event.preventDefault();
+    const part = (event.target as Element).closest('[data-part]')?.getAttribute('data-part') ?? 'value';
+    onMove(row.key, index, direction, part);
+  };
+
+  return (
+    <div
+      id={blockId(row.key, index)}
+      role="group"
+      aria-label={blockName(row.label, index)}
+      className={`block ${index % 2 === 0 ? 'low' : 'high'}${focused ? ' focused' : ''}`}
+      style={{ left: (count - 1 - index) * blockWidth, width: blockWidth }}
+      onPointerDown={focus}
+      onFocus={(event: FocusEvent) => event.currentTarget.contains(event.target) && focus()}
+      onKeyDown={onKeyDown}
+    >
+      <div className="box" style={{ width: boxWidth + 2 * BLOCK_PADDING_X }}>
+        {box}
+      </div>
+      {children}
+    </div>
+  );
+}
+
+export type BlockProps = { row: RowGeometry; index: number; onMove: MoveFocus };

@@ -1,0 +1,103 @@
+import { memo } from 'react';
+import { showWarning } from '../../../ui/notifications';
+import { i18next } from '../../../i18n';
+import { COLOR_CHANNELS, colorOfBlock } from '../../../model/color/colorWord';
+import { COLOR_NOTATIONS, formatColor, type ColorNotation } from '../../../model/color/formatColor';
+import { parseColor } from '../../../model/color/parseColor';
+import { parseInteger } from '../../../model/integer/parseInteger';
+import { wordNumber } from '../../../model/sheet/wordLabels';
+import { readWord } from '../../../model/integer/wordLayout';
+import { useSheetStore } from '../../../stores/sheetStore';
+import { BlockFrame, type BlockProps } from './BlockFrame';
+import { DigitsField } from './DigitsField';
+import { Picker } from '../../../ui/Picker';
+
+interface ColorBlockProps extends BlockProps {
+  notation: ColorNotation;
+  onNotation: (notation: ColorNotation) => void;
+}
+
+const NOTATIONS = [{ options: COLOR_NOTATIONS.map((id) => ({ id, label: id })) }];
+const ONE_LINE = { spans: false, lines: 1 };
+const CHANNEL_BITS = 8;
+
+/** A 32-bit word as a colour: its look, its channels and its text in a notation. */
+export const ColorBlock = memo(function ColorBlock({ row, index, onMove, notation, onNotation }: ColorBlockProps) {
+  const { bits } = row;
+  const sheetId = useSheetStore((sheet) => sheet.id);
+  const word = useSheetStore((sheet) => readWord(sheet.int.value, bits, index));
+  const color = colorOfBlock(word);
+  const written = formatColor(color, notation);
+
+  const isSame = () => readWord(useSheetStore.getState().int.value, bits, index) === word;
+  const commitChannel = (channel: number, text: string): boolean => {
+    const read = parseInteger(text, 10, CHANNEL_BITS);
+    if (read.ok) useSheetStore.getState().updateColor32Part(index, channel, Number(read.value));
+    else showWarning(read.reason);
+    return read.ok && isSame();
+  };
+  const commitColor = (text: string): boolean => {
+    const read = parseColor(text);
+    if (read.ok) useSheetStore.getState().updateColor32(index, read.value.color, read.value.hasAlpha);
+    else showWarning(read.reason);
+    return read.ok && isSame();
+  };
+
+  return (
+    <BlockFrame
+      row={row}
+      index={index}
+      onMove={onMove}
+      box={
+        <>
+          <div className="word-header">
+            <span className="word-number">{wordNumber(index)}</span>
+            <span className="word-half">{row.shortLabel}</span>
+          </div>
+          <div className="color">
+            <div className="swatch">
+              <div style={{ backgroundColor: formatColor(color, 'RGBA') }} />
+            </div>
+            <div className="channels">
+              {COLOR_CHANNELS.map((name, channel) => (
+                <DigitsField
+                  key={name}
+                  name={i18next.t(`words.channels.${name}`)}
+                  label={i18next.t(`words.channelLabels.${name}`)}
+                  part={name}
+                  place={ONE_LINE}
+                  shown={`${color[name]}`}
+                  restored={`${color[name]}`}
+                  content={color[name]}
+                  source={sheetId}
+                  onCommit={(text) => commitChannel(channel, text)}
+                />
+              ))}
+            </div>
+            <div className="notation">
+              <Picker
+                compact
+                part="notation"
+                label={i18next.t('words.notation')}
+                summary={notation}
+                groups={NOTATIONS}
+                isChosen={(id) => id === notation}
+                onChoose={(id) => onNotation(id as ColorNotation)}
+              />
+              <DigitsField
+                name={i18next.t('words.colorText')}
+                part="text"
+                place={ONE_LINE}
+                shown={written}
+                restored={written}
+                content={word}
+                source={sheetId}
+                onCommit={commitColor}
+              />
+            </div>
+          </div>
+        </>
+      }
+    />
+  );
+});

@@ -1,0 +1,89 @@
+import { useLayoutEffect, useRef, type FocusEvent, type KeyboardEvent } from 'react';
+import type { FieldPlace } from '../layout/fieldLayout';
+
+interface DigitsFieldProps {
+  name: string;
+  /** Visible before the text. */
+  label?: string;
+  /** Says where the field belongs, for moving between words. */
+  part: string;
+  place: FieldPlace;
+  /** What the field shows whenever the word changes. */
+  shown: string;
+  /** What it shows after Escape and after it was left. */
+  restored: string;
+  /** Tells apart the contents that are shown: when it changes, so does the text. */
+  content: unknown;
+  /** A second mark of the content. */
+  source: unknown;
+  readOnly?: boolean;
+  /** Takes over the text; says whether it was accepted and means the same word as before. */
+  onCommit: (text: string) => boolean;
+}
+
+type TextElement = HTMLInputElement | HTMLTextAreaElement;
+
+/** Keys that act in a field that cannot be edited. */
+const ALWAYS_ACTING = new Set(['ArrowLeft', 'ArrowRight', 'Tab', 'Home', 'End']);
+
+/** A text that takes effect with Enter and goes back with Escape or when it is left. */
+export function DigitsField(props: DigitsFieldProps) {
+  const { name, label, part, place, shown, restored, content, source, readOnly, onCommit } = props;
+  const element = useRef<TextElement>(null);
+  const unaltered = useRef('');
+
+  const show = (text: string) => {
+    element.current!.value = text;
+    unaltered.current = text;
+  };
+  useLayoutEffect(() => show(shown), [shown, content, source]);
+
+  const onKeyDown = (event: KeyboardEvent<TextElement>) => {
+    const isChord = event.ctrlKey || event.metaKey || event.altKey;
+    if (readOnly && !isChord && !ALWAYS_ACTING.has(event.key)) return swallow(event);
+    if (event.nativeEvent.isComposing) return;
+    if (event.key === 'Enter') {
+      event.preventDefault();
+      // No change of the word will bring our own way of writing it.
+      if (onCommit(event.currentTarget.value)) show(shown);
+    }
+    if (event.key === 'Escape' && event.currentTarget.value !== unaltered.current) {
+      event.stopPropagation();
+      show(restored);
+    }
+  };
+
+  const shared = {
+    'aria-label': name,
+    'data-part': part,
+    autoComplete: 'off',
+    readOnly,
+    onKeyDown,
+    onBlur: (_event: FocusEvent) => show(restored),
+  };
+  return (
+    <label className={place.spans ? 'field spans' : 'field'}>
+      {label !== undefined && <span className="field-label">{label}</span>}
+      {place.lines > 1 ? (
+        <textarea
+          {...shared}
+          ref={element as React.RefObject<HTMLTextAreaElement>}
+          rows={place.lines}
+          onInput={joinLines}
+        />
+      ) : (
+        <input {...shared} ref={element as React.RefObject<HTMLInputElement>} />
+      )}
+    </label>
+  );
+}
+
+function swallow(event: KeyboardEvent): void {
+  event.preventDefault();
+  event.stopPropagation();
+}
+
+/** Pasted line breaks go, as they do in a field of one line. */
+function joinLines({ currentTarget }: React.FormEvent<HTMLTextAreaElement>): void {
+  if (/[\r\n]/.test(currentTarget.value)) currentTarget.value = currentTarget.value.replace(/[\r\n]+/g, '');
+}

@@ -1,0 +1,73 @@
+import { memo, useRef, useState } from 'react';
+import { i18next } from '../../../i18n';
+import { useSheetStore } from '../../../stores/sheetStore';
+import { directOperations, WORD_OPERATIONS, type WordOperation } from '../../../commands/wordOperations';
+import { PopupMenu } from '../../../ui/PopupMenu';
+
+interface OperationsBarProps {
+  width: number;
+  index: number;
+}
+
+/** The operations of a word: as buttons as far as there is room, the others in a menu. */
+export const OperationsBar = memo(function OperationsBar({ width, index }: OperationsBarProps) {
+  const direct = directOperations(width);
+  return (
+    <div className="operations" role="group" aria-label={i18next.t('words.operations.group')}>
+      {WORD_OPERATIONS.slice(0, direct).map((operation) => (
+        <button
+          key={operation.id}
+          type="button"
+          data-operation={operation.id}
+          data-part={operation.id}
+          aria-label={operationName(operation)}
+          title={operationName(operation)}
+          onClick={() => operation.run(useSheetStore.getState(), index, width)}
+        >
+          {operation.icon}
+        </button>
+      ))}
+      {direct < WORD_OPERATIONS.length && (
+        <MoreOperations width={width} index={index} operations={WORD_OPERATIONS.slice(direct)} />
+      )}
+    </div>
+  );
+});
+
+function MoreOperations({ width, index, operations }: OperationsBarProps & { operations: readonly WordOperation[] }) {
+  const button = useRef<HTMLButtonElement>(null);
+  const [isOpen, setOpen] = useState(false);
+  return (
+    <>
+      <button
+        ref={button}
+        type="button"
+        data-part="more"
+        aria-haspopup="menu"
+        aria-expanded={isOpen}
+        aria-label={i18next.t('words.operations.more')}
+        title={i18next.t('words.operations.more')}
+        onClick={() => setOpen(!isOpen)}
+      >
+        ⋯
+      </button>
+      {isOpen && (
+        <PopupMenu
+          anchor={button}
+          name={i18next.t('words.operations.more')}
+          items={operations.map((operation) => ({
+            id: operation.id,
+            icon: operation.icon,
+            label: operationName(operation),
+          }))}
+          onChoose={(id) => WORD_OPERATIONS.find((each) => each.id === id)!.run(useSheetStore.getState(), index, width)}
+          onClose={() => setOpen(false)}
+        />
+      )}
+    </>
+  );
+}
+
+function operationName({ id }: WordOperation): string {
+  return i18next.t(`words.operations.${id}`);
+}

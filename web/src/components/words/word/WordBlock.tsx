@@ -1,0 +1,50 @@
+import { memo } from 'react';
+import { isSigned } from '../../../model/sheet/signMap';
+import { readWord } from '../../../model/integer/wordLayout';
+import { isFocused, useSheetStore } from '../../../stores/sheetStore';
+import { BitField } from '../bitField/BitField';
+import { BlockFrame, type BlockProps } from './BlockFrame';
+import type { RowTexts } from './rowTexts';
+import { WordFields } from './WordFields';
+import { WordHeader } from './WordHeader';
+
+interface WordBlockProps extends BlockProps {
+  texts: RowTexts;
+  pixelRatio: number;
+}
+
+/** One word of a row. Renders again only when its own bits or its own state change. */
+export const WordBlock = memo(function WordBlock({ row, index, texts, pixelRatio, onMove }: WordBlockProps) {
+  const { bits } = row;
+  const sheetId = useSheetStore((sheet) => sheet.id);
+  const word = useSheetStore((sheet) => readWord(sheet.int.value, bits, index));
+  const signed = useSheetStore((sheet) => isSigned(sheet.signMap, index, bits));
+  const focused = useSheetStore((sheet) => isFocused(sheet, 'integer', bits, index));
+
+  const bitField = (
+    <BitField
+      name={texts.bitField}
+      layout={row.bitField}
+      pixelRatio={pixelRatio}
+      index={index}
+      word={word}
+      signed={signed}
+    />
+  );
+  return (
+    <BlockFrame
+      row={row}
+      index={index}
+      onMove={onMove}
+      box={
+        <>
+          <WordHeader width={bits} index={index} signed={signed} focused={focused} />
+          <WordFields row={row} texts={texts} index={index} word={word} signed={signed} sheetId={sheetId} />
+          {row.bitField.vertical && bitField}
+        </>
+      }
+    >
+      {!row.bitField.vertical && bitField}
+    </BlockFrame>
+  );
+});

@@ -1,0 +1,75 @@
+import { showWarning } from '../../../ui/notifications';
+import type { Converter } from '../../../model/sheet/converters';
+import { displayFloat } from '../../../model/float/displayFloat';
+import { floatFormatFor, WIDEST_EDITABLE_FLOAT } from '../../../model/float/floatFormats';
+import { formatInteger } from '../../../model/integer/formatInteger';
+import { parseFloatInput } from '../../../model/float/parseFloatInput';
+import { parseInteger } from '../../../model/integer/parseInteger';
+import type { Result } from '../../../model/result';
+import { useSheetStore } from '../../../stores/sheetStore';
+import { DigitsField } from './DigitsField';
+import type { RowTexts } from './rowTexts';
+import type { RowGeometry } from '../layout/sheetGeometry';
+
+interface WordFieldsProps {
+  row: RowGeometry;
+  texts: RowTexts;
+  index: number;
+  word: bigint;
+  signed: boolean;
+  sheetId: string | null;
+}
+
+const MAIN: Converter = { kind: 'integer', base: 10 };
+
+/** A word's text fields: the main one in base 10, then one per converter. */
+export function WordFields({ row, texts, index, word, signed, sheetId }: WordFieldsProps) {
+  const { bits } = row;
+
+  const commit = (read: Result<bigint>): boolean => {
+    if (read.ok) useSheetStore.getState().updateWord(index, bits, read.value);
+    else showWarning(read.reason);
+    return read.ok && read.value === word;
+  };
+
+  const field = (converter: Converter, position: number) => {
+    const isMain = position === 0;
+    const text = texts.converters[position - 1];
+    const shared = {
+      name: isMain ? texts.value : text!.name,
+      label: text?.label,
+      part: isMain ? 'value' : text!.label,
+      place: row.fields.places[position]!,
+      content: word,
+      source: sheetId,
+    };
+    if (converter.kind === 'float') {
+      return (
+        <DigitsField
+          {...shared}
+          key={position}
+          shown={displayFloat(word, floatFormatFor(bits)!)}
+          restored={formatInteger(word, 10, bits)}
+          readOnly={bits > WIDEST_EDITABLE_FLOAT}
+          onCommit={(input) => commit(parseFloatInput(input, bits))}
+        />
+      );
+    }
+    const shown = formatInteger(word, converter.base, bits, signed);
+    return (
+      <DigitsField
+        {...shared}
+        key={position}
+        shown={shown}
+        restored={shown}
+        onCommit={(input) => commit(parseInteger(input, converter.base, bits, signed))}
+      />
+    );
+  };
+
+  return (
+    <div className="fields" style={{ height: row.fields.height }}>
+      {[MAIN, ...row.converters].map(field)}
+    </div>
+  );
+}

@@ -1,0 +1,49 @@
+import { useRef, type MouseEvent } from 'react';
+import { i18next } from '../../../i18n';
+import { wordHalfLabel, wordNumber, wordSignLabel } from '../../../model/sheet/wordLabels';
+import { useSheetStore } from '../../../stores/sheetStore';
+import { OperationsBar } from './OperationsBar';
+
+interface WordHeaderProps {
+  width: number;
+  index: number;
+  signed: boolean;
+  focused: boolean;
+}
+
+/** The line above a word's fields: its number, its sign, its half, and what can be done to it. */
+export function WordHeader({ width, index, signed, focused }: WordHeaderProps) {
+  return (
+    <div className={width === 8 ? 'word-header narrow' : 'word-header'}>
+      <span className="word-number">{wordNumber(index)}</span>
+      <SignButton width={width} index={index} signed={signed} focused={focused} />
+      <span className="word-half">{wordHalfLabel(width, index)}</span>
+      <OperationsBar width={width} index={index} />
+    </div>
+  );
+}
+
+/** The first press of a word that is not focused only focuses it. */
+function SignButton({ width, index, signed, focused }: WordHeaderProps) {
+  const wasFocused = useRef(false);
+  const label = wordSignLabel(width, signed);
+  const onClick = ({ detail }: MouseEvent) => {
+    const { focus, toggleWordSign } = useSheetStore.getState();
+    // A pointer's press has focused the word by now; a key's or an assistant's has no count of presses.
+    if (detail > 0 ? wasFocused.current : focused) toggleWordSign(index, width);
+    else focus('integer', width, index);
+  };
+  return (
+    <button
+      type="button"
+      className="sign"
+      data-part="sign"
+      aria-label={i18next.t(signed ? 'words.signed' : 'words.unsigned', { label })}
+      title={i18next.t('words.signHelp')}
+      onPointerDown={() => (wasFocused.current = focused)}
+      onClick={onClick}
+    >
+      {label}
+    </button>
+  );
+}

@@ -1,0 +1,43 @@
+import { flushSync } from 'react-dom';
+import { useSheetStore } from '../../stores/sheetStore';
+import type { RowGeometry } from './layout/sheetGeometry';
+
+export type Direction = 'left' | 'right' | 'up' | 'down';
+
+/** Identifier of a word's element. */
+export function blockId(rowKey: string, index: number): string {
+  return `word-${rowKey.replace(':', '-')}-${index}`;
+}
+
+/**
+ * The word next to a word in a direction; the more significant one is at the left. Above is the word that holds it,
+ * below the leftmost of those that it holds.
+ */
+export function neighbour(
+  rows: readonly Pick<RowGeometry, 'key' | 'bits' | 'count'>[],
+  rowKey: string,
+  index: number,
+  direction: Direction,
+): { rowKey: string; index: number } | undefined {
+  const at = rows.findIndex(({ key }) => key === rowKey);
+  const row = rows[at];
+  if (!row) return undefined;
+  if (direction === 'left' || direction === 'right') {
+    const next = index + (direction === 'left' ? 1 : -1);
+    return next >= 0 && next < row.count ? { rowKey, index: next } : undefined;
+  }
+  const target = rows[at + (direction === 'down' ? 1 : -1)];
+  if (!target) return undefined;
+  const topBit = (index + 1) * row.bits - 1;
+  return { rowKey: target.key, index: Math.floor(topBit / target.bits) };
+}
+
+/** Gives a word the focus, in the same kind of control where it has one. It is mounted first if it was not. */
+export function focusWord(row: RowGeometry, index: number, part: string): void {
+  flushSync(() => useSheetStore.getState().focus(row.type, row.bits, index));
+  const block = document.getElementById(blockId(row.key, index));
+  const control =
+    block?.querySelector<HTMLElement>(`[data-part="${CSS.escape(part)}"]`) ??
+    block?.querySelector<HTMLElement>('[data-part="value"], [data-part="text"]');
+  control?.focus();
+}

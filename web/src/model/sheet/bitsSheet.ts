@@ -1,0 +1,84 @@
+import { nanoid } from 'nanoid';
+import { definitionsFor, type NumberDefinition, type NumberType } from './numberDefinitions';
+import { DEFAULT_RESOLUTION } from './resolutions';
+import type { SignMap } from './signMap';
+import { ScrollMap } from './scrollMap';
+
+/** The word that has the focus; three nulls for none. */
+export type FocusedBlock = readonly [type: NumberType, bits: number, index: number] | readonly [null, null, null];
+
+export interface BitsSheetFields {
+  readonly id: string;
+  /** Title of the tab. */
+  readonly displayName: string;
+  /** The value as stored; it may be wider than the resolution until the sheet's first edit. */
+  readonly int: bigint;
+  /** Width in bits. */
+  readonly intResolution: number;
+  readonly focusedBlock: FocusedBlock;
+  readonly signMap: SignMap;
+  readonly scrollMap: ScrollMap;
+  readonly numberDefinitions: readonly NumberDefinition[];
+  /** Identifiers of the extra fields below each word; absent means the default ones. */
+  readonly converters: readonly string[] | undefined;
+  readonly flagOptions: readonly string[];
+}
+
+/** What can change in a sheet; its identifier cannot. */
+export type SheetChanges = Partial<Omit<BitsSheetFields, 'id'>>;
+
+/** One sheet. It never changes: an edit puts a new sheet with the same `id` into the store. */
+export class BitsSheet implements BitsSheetFields {
+  readonly id: string;
+  readonly displayName: string;
+  readonly int: bigint;
+  readonly intResolution: number;
+  readonly focusedBlock: FocusedBlock;
+  readonly signMap: SignMap;
+  readonly scrollMap: ScrollMap;
+  readonly numberDefinitions: readonly NumberDefinition[];
+  readonly converters: readonly string[] | undefined;
+  readonly flagOptions: readonly string[];
+
+  constructor(fields: BitsSheetFields) {
+    this.id = fields.id;
+    this.displayName = fields.displayName;
+    this.int = fields.int;
+    this.intResolution = fields.intResolution;
+    this.focusedBlock = fields.focusedBlock;
+    this.signMap = fields.signMap;
+    this.scrollMap = fields.scrollMap;
+    this.numberDefinitions = fields.numberDefinitions;
+    this.converters = fields.converters;
+    this.flagOptions = fields.flagOptions;
+  }
+
+  /** This sheet with some fields changed. */
+  with(changes: SheetChanges): BitsSheet {
+    return new BitsSheet({ ...this, ...changes });
+  }
+}
+
+/** An identifier that no other sheet has: 21 URL-safe characters. */
+export function newSheetId(): string {
+  return nanoid();
+}
+
+/** A new sheet: value 0, the default width, every word unsigned, the widest word focused. */
+export function createSheet(displayName: string): BitsSheet {
+  const sheet = sheetOf({ id: newSheetId(), displayName, int: 0n, intResolution: DEFAULT_RESOLUTION });
+  return sheet.with({ focusedBlock: ['integer', DEFAULT_RESOLUTION, 0] });
+}
+
+/** A sheet with a given value and otherwise the defaults for its width. */
+export function sheetOf(given: Pick<BitsSheetFields, 'id' | 'displayName' | 'int' | 'intResolution'>): BitsSheet {
+  return new BitsSheet({
+    ...given,
+    focusedBlock: [null, null, null],
+    signMap: new Map(),
+    scrollMap: ScrollMap.empty,
+    numberDefinitions: definitionsFor(given.intResolution),
+    converters: undefined,
+    flagOptions: [],
+  });
+}

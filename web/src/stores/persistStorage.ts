@@ -1,0 +1,59 @@
+import type { PersistStorage } from 'zustand/middleware';
+import { readRecord, RECORD_VERSION, writeRecord, type PersistedState } from './persistedState';
+import { recordPlace } from './storageBackend';
+
+export const RECORD_KEY = 'bits-sheets-storage';
+/** Holds the text of a record that could not be read, so that nothing is lost by starting afresh. */
+export const SET_ASIDE_KEY = 'bits-sheets-storage-set-aside';
+
+/** No browser keeps this many characters for one site, so larger records are not even written out. */
+const LARGEST_RECORD = 5_000_000;
+/** Fewer characters than any sheet's text has. */
+const SMALLEST_SHEET = 300;
+
+/** Writing takes at most about a tenth of the time, also for a document of a thousand sheets ... */
+const REST_PER_COST = 10;
+/** ... but nothing waits longer than this, in milliseconds. */
+const LONGEST_REST = 2000;
+
+/** How long the last writing took, in milliseconds. */
+let lastCost = 0;
+let pending: { key: string; state: PersistedState } | undefined;
+
+/** Keeps the record of the sheets store. Changes within one task are written together after it, before leaving at last. */
+export const recordKeeper: PersistStorage<PersistedState> = {
+  getItem(key) {
+    const text = recordPlace.read(key);
+    if (text === null) return null;
+    try {
+      return { state: readRecord(text), version: RECORD_VERSION };
+    } catch (error) {
+      console.warn('The kept state could not be read and was set aside.', error);
+      recordPlace.write(SET_ASIDE_KEY, text);
+      recordPlace.remove(key);
+      return null;
+    }
+  },
+  setItem(key, { state }) {
+    if (!pending) setTimeout(flushRecord, lastCost < 5 ? 0 : Math.min(LONGEST_REST, lastCost * REST_PER_COST));
+    pending = { key, state };
+  },
+  removeItem(key) {
+    pending = undefined;
+    recordPlace.remove(key);
+  },
+};
+
+/** Writes what is still waiting. */
+export function flushRecord(): void {
+  if (!pending) return;
+  const { key, state } = pending;
+  pending = undefined;
+  const begin = performance.now();
+  const fits = state.sheets.size * SMALLEST_SHEET <= LARGEST_RECORD;
+  // A record that could not be written must go: it would bring back another document.
+  if (!fits || !recordPlace.write(key, writeRecord(state))) recordPlace.remove(key);
+  lastCost = performance.now() - begin;
+}
+
+if (typeof document !== 'undefined') addEventListener('pagehide', flushRecord);

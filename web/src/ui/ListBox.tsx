@@ -1,0 +1,84 @@
+import { useLayoutEffect, useRef, type KeyboardEvent } from 'react';
+import { stepThrough } from './rovingFocus';
+
+export interface ListGroup {
+  /** Shown above the group; a group without one is the whole list. */
+  readonly label?: string;
+  readonly options: readonly { readonly id: string; readonly label: string }[];
+  /** More than 1 for a grid. */
+  readonly columns?: number;
+}
+
+interface ListBoxProps {
+  labelledBy: string;
+  groups: readonly ListGroup[];
+  isChosen: (id: string) => boolean;
+  onChoose: (id: string) => void;
+  multiple: boolean;
+}
+
+/** A list box with the focus on one of its options, at first on the first chosen one. */
+export function ListBox({ labelledBy, groups, isChosen, onChoose, multiple }: ListBoxProps) {
+  const list = useRef<HTMLDivElement>(null);
+  const columns = Math.max(...groups.map((group) => group.columns ?? 1));
+  const optionElements = () => [...list.current!.querySelectorAll<HTMLElement>('[role="option"]')];
+
+  useLayoutEffect(() => {
+    const options = optionElements();
+    (options.find((option) => option.ariaSelected === 'true') ?? options[0])?.focus();
+  }, []);
+
+  const onKeyDown = (event: KeyboardEvent) => {
+    const { id } = (event.target as HTMLElement).dataset;
+    if ((event.key === ' ' || event.key === 'Enter') && id !== undefined) {
+      event.preventDefault();
+      return onChoose(id);
+    }
+    stepThrough(event, optionElements(), columns);
+    seekByLetter(event, optionElements());
+  };
+
+  const options = (group: ListGroup) =>
+    group.options.map(({ id, label }) => (
+      <div key={id} role="option" tabIndex={-1} aria-selected={isChosen(id)} data-id={id} onClick={() => onChoose(id)}>
+        {label}
+      </div>
+    ));
+
+  return (
+    <div
+      ref={list}
+      role="listbox"
+      aria-labelledby={labelledBy}
+      aria-multiselectable={multiple || undefined}
+      onKeyDown={onKeyDown}
+    >
+      {groups.map((group, position) =>
+        group.label === undefined ? (
+          options(group)
+        ) : (
+          <div key={position} role="group" aria-label={group.label} className="list-group">
+            <div className="list-group-label" aria-hidden="true">
+              {group.label}
+            </div>
+            <div
+              role="presentation"
+              className="list-group-options"
+              style={{ gridTemplateColumns: `repeat(${group.columns ?? 1}, auto)` }}
+            >
+              {options(group)}
+            </div>
+          </div>
+        ),
+      )}
+    </div>
+  );
+}
+
+/** Goes to the next option that begins with a typed character. */
+function seekByLetter(event: KeyboardEvent, options: readonly HTMLElement[]): void {
+  if (event.key.length !== 1 || event.ctrlKey || event.metaKey || event.altKey) return;
+  const at = options.indexOf(event.target as HTMLElement);
+  const following = [...options.slice(at + 1), ...options.slice(0, at + 1)];
+  following.find(({ textContent }) => textContent.toLowerCase().startsWith(event.key.toLowerCase()))?.focus();
+}

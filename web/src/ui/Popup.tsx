@@ -1,0 +1,63 @@
+import { useEffect, useLayoutEffect, useRef, type KeyboardEvent, type ReactNode, type RefObject } from 'react';
+import { createPortal } from 'react-dom';
+import { SHEET_PANEL_ID } from '../components/sheetPanel';
+
+interface PopupProps {
+  /** What opened the popup: it appears below, and the focus goes back there. */
+  anchor: RefObject<HTMLElement | null>;
+  className: string;
+  onClose: () => void;
+  children: ReactNode;
+}
+
+const EDGE = 4;
+
+/** Something over the page that closes with Escape, with Tab and with a press elsewhere. */
+export function Popup({ anchor, className, onClose, children }: PopupProps) {
+  const popup = useRef<HTMLDivElement>(null);
+  useLayoutEffect(() => place(popup.current!, anchor.current!));
+
+  useEffect(() => {
+    const onPointerDown = ({ target }: PointerEvent) => {
+      const isInside = popup.current?.contains(target as Node) || anchor.current?.contains(target as Node);
+      if (!isInside) onClose();
+    };
+    addEventListener('pointerdown', onPointerDown, true);
+    addEventListener('resize', onClose);
+    return () => {
+      removeEventListener('pointerdown', onPointerDown, true);
+      removeEventListener('resize', onClose);
+    };
+  }, [anchor, onClose]);
+
+  const onKeyDown = (event: KeyboardEvent) => {
+    // The popup lies within a word or toolbar for React, whose keys it must not reach.
+    event.stopPropagation();
+    if (event.key === 'Escape') event.preventDefault();
+    if (event.key !== 'Escape' && event.key !== 'Tab') return;
+    anchor.current?.focus();
+    onClose();
+  };
+
+  return createPortal(
+    <div
+      ref={popup}
+      className={`popup ${className}`}
+      onKeyDown={onKeyDown}
+      onPointerDown={(event) => event.stopPropagation()}
+      onFocus={(event) => event.stopPropagation()}
+    >
+      {children}
+    </div>,
+    // Within the panel, so that it belongs to the page's main part.
+    document.getElementById(SHEET_PANEL_ID) ?? document.body,
+  );
+}
+
+function place(popup: HTMLElement, anchor: HTMLElement): void {
+  const { left, top, bottom } = anchor.getBoundingClientRect();
+  const { width, height } = popup.getBoundingClientRect();
+  const below = bottom + EDGE + height <= innerHeight;
+  popup.style.left = `${Math.max(EDGE, Math.min(left, innerWidth - width - EDGE))}px`;
+  popup.style.top = `${Math.max(EDGE, below ? bottom + 2 : top - height - 2)}px`;
+}

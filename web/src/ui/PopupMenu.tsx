@@ -1,0 +1,39 @@
+import { useLayoutEffect, useRef, type KeyboardEvent, type RefObject } from 'react';
+import { Popup } from './Popup';
+import { stepThrough } from './rovingFocus';
+
+interface PopupMenuProps {
+  anchor: RefObject<HTMLElement | null>;
+  name: string;
+  items: readonly { id: string; icon: string; label: string }[];
+  onChoose: (id: string) => void;
+  onClose: () => void;
+}
+
+/** A menu of actions. Exists only while it is open. */
+export function PopupMenu({ anchor, name, items, onChoose, onClose }: PopupMenuProps) {
+  const menu = useRef<HTMLDivElement>(null);
+  useLayoutEffect(() => menu.current!.querySelector('button')!.focus(), []);
+
+  const choose = (id: string) => {
+    anchor.current?.focus();
+    onClose();
+    onChoose(id);
+  };
+  const onKeyDown = (event: KeyboardEvent) => stepThrough(event, [...menu.current!.querySelectorAll('button')]);
+
+  return (
+    <Popup anchor={anchor} className="menu" onClose={onClose}>
+      <div ref={menu} role="menu" aria-label={name} onKeyDown={onKeyDown}>
+        {items.map(({ id, icon, label }) => (
+          <button key={id} type="button" role="menuitem" tabIndex={-1} data-operation={id} onClick={() => choose(id)}>
+            <span className="menu-icon" aria-hidden="true">
+              {icon}
+            </span>
+            {label}
+          </button>
+        ))}
+      </div>
+    </Popup>
+  );
+}
