@@ -1,6 +1,6 @@
 import { hslFromRgb, hwbFromRgb, rgbFromHsl, rgbFromHwb } from './hueColors';
 import { labFromRgb, oklabFromRgb, polar, rectangular, rgbFromLab, rgbFromOklab } from './labColors';
-import { mapTriple, type Triple } from './vec3';
+import { mapVec3, type Vec3 } from './vec3';
 
 /** One of the three numbers of a colour in a functional notation such as hsl(...). */
 export interface ColorComponent {
@@ -15,14 +15,15 @@ export interface ColorComponent {
   readonly refusal: (value: number, isPercentage: boolean) => string | undefined;
 }
 
-/** A functional notation and its conversions. Triples are in the units in which they are written. */
+/** A functional notation and its conversions. Vec3s are in the units in which they are written. */
 export interface ColorSpace {
-  readonly name: 'RGB' | 'HSL' | 'HWB' | 'LAB' | 'LCH' | 'OKLAB' | 'OKLCH';
+  /** As it is offered; its functional notation is written in lower case. */
+  readonly name: string;
   readonly components: readonly [ColorComponent, ColorComponent, ColorComponent];
   /** The notation's customary separator. Both are read. */
   readonly separator: ', ' | ' ';
-  readonly toRgb: (components: Triple) => Triple;
-  readonly fromRgb: (rgb: Triple) => Triple;
+  readonly toRgb: (components: Vec3) => Vec3;
+  readonly fromRgb: (rgb: Vec3) => Vec3;
 }
 
 const anyNumber = () => undefined;
@@ -60,58 +61,55 @@ function chroma(space: string, hundredPercent: number, places: number): ColorCom
   return { isHue: false, hundredPercent, places, suffix: '', refusal };
 }
 
-export const RGB: ColorSpace = {
-  name: 'RGB',
-  components: [CHANNEL, CHANNEL, CHANNEL],
-  separator: ', ',
-  toRgb: (channels) => mapTriple(channels, (channel) => channel / 255),
-  fromRgb: (rgb) => mapTriple(rgb, (channel) => channel * 255),
-};
-
-export const HSL: ColorSpace = {
-  name: 'HSL',
-  components: [hue(2), percentage('HSL saturation'), percentage('HSL lightness')],
-  separator: ', ',
-  toRgb: rgbFromHsl,
-  fromRgb: hslFromRgb,
-};
-
-export const HWB: ColorSpace = {
-  name: 'HWB',
-  components: [hue(2), percentage('HWB whiteness'), percentage('HWB blackness')],
-  separator: ' ',
-  toRgb: rgbFromHwb,
-  fromRgb: hwbFromRgb,
-};
-
-export const LAB: ColorSpace = {
-  name: 'LAB',
-  components: [lightness('LAB', 100, 3), axis(125, 3), axis(125, 3)],
-  separator: ' ',
-  toRgb: rgbFromLab,
-  fromRgb: labFromRgb,
-};
-
-export const LCH: ColorSpace = {
-  name: 'LCH',
-  components: [lightness('LCH', 100, 3), chroma('LCH', 150, 3), hue(3)],
-  separator: ' ',
-  toRgb: (lch) => rgbFromLab(rectangular(lch)),
-  fromRgb: (rgb) => polar(labFromRgb(rgb)),
-};
-
-export const OKLAB: ColorSpace = {
-  name: 'OKLAB',
-  components: [lightness('OKLAB', 1, 5), axis(0.4, 5), axis(0.4, 5)],
-  separator: ' ',
-  toRgb: rgbFromOklab,
-  fromRgb: oklabFromRgb,
-};
-
-export const OKLCH: ColorSpace = {
-  name: 'OKLCH',
-  components: [lightness('OKLCH', 1, 5), chroma('OKLCH', 0.4, 5), hue(3)],
-  separator: ' ',
-  toRgb: (lch) => rgbFromOklab(rectangular(lch)),
-  fromRgb: (rgb) => polar(oklabFromRgb(rgb)),
-};
+/** Every colour space that can be read and written, in the order in which they are offered. */
+export const COLOR_SPACES = [
+  {
+    name: 'RGB',
+    components: [CHANNEL, CHANNEL, CHANNEL],
+    separator: ', ',
+    toRgb: (channels) => mapVec3(channels, (channel) => channel / 255),
+    fromRgb: (rgb) => mapVec3(rgb, (channel) => channel * 255),
+  },
+  {
+    name: 'HSL',
+    components: [hue(2), percentage('HSL saturation'), percentage('HSL lightness')],
+    separator: ', ',
+    toRgb: rgbFromHsl,
+    fromRgb: hslFromRgb,
+  },
+  {
+    name: 'LCH',
+    components: [lightness('LCH', 100, 3), chroma('LCH', 150, 3), hue(3)],
+    separator: ' ',
+    toRgb: (lch) => rgbFromLab(rectangular(lch)),
+    fromRgb: (rgb) => polar(labFromRgb(rgb)),
+  },
+  {
+    name: 'LAB',
+    components: [lightness('LAB', 100, 3), axis(125, 3), axis(125, 3)],
+    separator: ' ',
+    toRgb: rgbFromLab,
+    fromRgb: labFromRgb,
+  },
+  {
+    name: 'HWB',
+    components: [hue(2), percentage('HWB whiteness'), percentage('HWB blackness')],
+    separator: ' ',
+    toRgb: rgbFromHwb,
+    fromRgb: hwbFromRgb,
+  },
+  {
+    name: 'OKLCH',
+    components: [lightness('OKLCH', 1, 5), chroma('OKLCH', 0.4, 5), hue(3)],
+    separator: ' ',
+    toRgb: (lch) => rgbFromOklab(rectangular(lch)),
+    fromRgb: (rgb) => polar(oklabFromRgb(rgb)),
+  },
+  {
+    name: 'OKLAB',
+    components: [lightness('OKLAB', 1, 5), axis(0.4, 5), axis(0.4, 5)],
+    separator: ' ',
+    toRgb: rgbFromOklab,
+    fromRgb: oklabFromRgb,
+  },
+] as const satisfies readonly ColorSpace[];

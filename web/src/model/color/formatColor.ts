@@ -1,30 +1,14 @@
-import { HSL, HWB, LAB, LCH, OKLAB, OKLCH, RGB, type ColorSpace } from './colorSpaces';
+import { COLOR_SPACES, type ColorSpace } from './colorSpaces';
 import type { Rgba } from './colorWord';
-import type { Triple } from './vec3';
+import type { Vec3 } from './vec3';
+
+type NotationFamily = 'HEX' | (typeof COLOR_SPACES)[number]['name'];
+export type ColorNotation = NotationFamily | `${NotationFamily}A`;
+
+const FAMILIES: readonly NotationFamily[] = ['HEX', ...COLOR_SPACES.map(({ name }) => name)];
 
 /** The notations to choose from, in their order. Those that end in A write the alpha too. */
-export const COLOR_NOTATIONS = [
-  'HEX',
-  'HEXA',
-  'RGB',
-  'RGBA',
-  'HSL',
-  'HSLA',
-  'LCH',
-  'LCHA',
-  'LAB',
-  'LABA',
-  'HWB',
-  'HWBA',
-  'OKLCH',
-  'OKLCHA',
-  'OKLAB',
-  'OKLABA',
-] as const;
-
-export type ColorNotation = (typeof COLOR_NOTATIONS)[number];
-
-const SPACES: Record<string, ColorSpace> = { RGB, HSL, HWB, LAB, LCH, OKLAB, OKLCH };
+export const COLOR_NOTATIONS: readonly ColorNotation[] = FAMILIES.flatMap((family) => [family, `${family}A` as const]);
 
 export function notationHasAlpha(notation: ColorNotation): boolean {
   return notation.endsWith('A');
@@ -38,7 +22,11 @@ export function formatColor(color: Rgba, notation: ColorNotation): string {
   const hasAlpha = notationHasAlpha(notation);
   const family = hasAlpha ? notation.slice(0, -1) : notation;
   if (family === 'HEX') return formatHex(color, hasAlpha);
-  return formatFunction(color, SPACES[family]!, hasAlpha);
+  return formatFunction(
+    color,
+    COLOR_SPACES.find(({ name }) => name === family)!,
+    hasAlpha,
+  );
 }
 
 function formatHex({ red, green, blue, alpha }: Rgba, hasAlpha: boolean): string {
@@ -55,7 +43,7 @@ function formatFunction(color: Rgba, space: ColorSpace, hasAlpha: boolean): stri
   return space.separator === ', ' ? `${name}a(${written}, ${alpha})` : `${name}(${written} / ${alpha})`;
 }
 
-function writeComponents(values: Triple, { components }: ColorSpace): string[] {
+function writeComponents(values: Vec3, { components }: ColorSpace): string[] {
   const written = components.map(({ places, isHue }, position) => {
     const rounded = Number(values[position]!.toFixed(places));
     return isHue ? rounded % 360 : rounded;

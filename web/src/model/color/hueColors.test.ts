@@ -1,8 +1,8 @@
 import { expect, test } from 'vitest';
 import { hslFromRgb, hwbFromRgb, rgbFromHsl, rgbFromHwb } from './hueColors';
-import type { Triple } from './vec3';
+import type { Vec3 } from './vec3';
 
-const rounded = (triple: Triple) => triple.map((number) => Number(number.toFixed(3)));
+const rounded = (vector: Vec3) => vector.map((number) => Number(number.toFixed(3)));
 
 test.each([
   { name: 'red', rgb: [1, 0, 0], hsl: [0, 100, 50], hwb: [0, 0, 0] },

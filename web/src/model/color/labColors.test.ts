@@ -1,9 +1,9 @@
 import { describe, expect, test } from 'vitest';
 import { labFromRgb, oklabFromRgb, polar, rectangular, rgbFromLab, rgbFromOklab } from './labColors';
-import type { Triple } from './vec3';
+import type { Vec3 } from './vec3';
 
-const lch = (rgb: Triple) => polar(labFromRgb(rgb));
-const oklch = (rgb: Triple) => polar(oklabFromRgb(rgb));
+const lch = (rgb: Vec3) => polar(labFromRgb(rgb));
+const oklch = (rgb: Vec3) => polar(oklabFromRgb(rgb));
 
 // Values as style sheet references print them.
 test.each([
@@ -26,7 +26,7 @@ describe.each([
 ])('$name and back', ({ to, from }) => {
   test('gives the same colour over a grid of the gamut', () => {
     for (let step = 0; step < 17 ** 3; step++) {
-      const rgb: Triple = [(step % 17) / 16, (Math.floor(step / 17) % 17) / 16, Math.floor(step / 289) / 16];
+      const rgb: Vec3 = [(step % 17) / 16, (Math.floor(step / 17) % 17) / 16, Math.floor(step / 289) / 16];
       const back = rectangular(polar(to(rgb)));
       for (const [position, channel] of from(back).entries()) expect(channel).toBeCloseTo(rgb[position]!, 6);
     }

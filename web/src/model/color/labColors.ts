@@ -1,4 +1,4 @@
-import { mapTriple, transform, type Matrix, type Triple } from './vec3';
+import { mapVec3, transform, type Matrix, type Vec3 } from './vec3';
 
 /*
  * CIE LAB and Oklab after the sample code of CSS Color 4: sRGB with its D65 white to XYZ, for CIE LAB on to the D50
@@ -46,45 +46,45 @@ const LMS_FROM_OKLAB: Matrix = [
   [1, -0.0894841775298119, -1.2914855480194092],
 ];
 
-const D50_WHITE: Triple = [0.3457 / 0.3585, 1, (1 - 0.3457 - 0.3585) / 0.3585];
+const D50_WHITE: Vec3 = [0.3457 / 0.3585, 1, (1 - 0.3457 - 0.3585) / 0.3585];
 const EPSILON = 216 / 24389;
 const KAPPA = 24389 / 27;
 
-export function labFromRgb(rgb: Triple): Triple {
-  const [x, y, z] = transform(D50_FROM_D65, transform(XYZ_FROM_LINEAR, mapTriple(rgb, linear)));
-  const [fx, fy, fz] = mapTriple([x / D50_WHITE[0], y / D50_WHITE[1], z / D50_WHITE[2]], (part) =>
+export function labFromRgb(rgb: Vec3): Vec3 {
+  const [x, y, z] = transform(D50_FROM_D65, transform(XYZ_FROM_LINEAR, mapVec3(rgb, linear)));
+  const [fx, fy, fz] = mapVec3([x / D50_WHITE[0], y / D50_WHITE[1], z / D50_WHITE[2]], (part) =>
     part > EPSILON ? Math.cbrt(part) : (KAPPA * part + 16) / 116,
   );
   return [116 * fy - 16, 500 * (fx - fy), 200 * (fy - fz)];
 }
 
-export function rgbFromLab([lightness, a, b]: Triple): Triple {
+export function rgbFromLab([lightness, a, b]: Vec3): Vec3 {
   const fy = (lightness + 16) / 116;
-  const [x, y, z] = mapTriple([fy + a / 500, fy, fy - b / 200], (part) =>
+  const [x, y, z] = mapVec3([fy + a / 500, fy, fy - b / 200], (part) =>
     part ** 3 > EPSILON ? part ** 3 : (116 * part - 16) / KAPPA,
   );
-  const d50: Triple = [x * D50_WHITE[0], y * D50_WHITE[1], z * D50_WHITE[2]];
-  return mapTriple(transform(LINEAR_FROM_XYZ, transform(D65_FROM_D50, d50)), gammaEncoded);
+  const d50: Vec3 = [x * D50_WHITE[0], y * D50_WHITE[1], z * D50_WHITE[2]];
+  return mapVec3(transform(LINEAR_FROM_XYZ, transform(D65_FROM_D50, d50)), gammaEncoded);
 }
 
-export function oklabFromRgb(rgb: Triple): Triple {
-  const lms = transform(LMS_FROM_XYZ, transform(XYZ_FROM_LINEAR, mapTriple(rgb, linear)));
-  return transform(OKLAB_FROM_LMS, mapTriple(lms, Math.cbrt));
+export function oklabFromRgb(rgb: Vec3): Vec3 {
+  const lms = transform(LMS_FROM_XYZ, transform(XYZ_FROM_LINEAR, mapVec3(rgb, linear)));
+  return transform(OKLAB_FROM_LMS, mapVec3(lms, Math.cbrt));
 }
 
-export function rgbFromOklab(oklab: Triple): Triple {
-  const lms = mapTriple(transform(LMS_FROM_OKLAB, oklab), (part) => part ** 3);
-  return mapTriple(transform(LINEAR_FROM_XYZ, transform(XYZ_FROM_LMS, lms)), gammaEncoded);
+export function rgbFromOklab(oklab: Vec3): Vec3 {
+  const lms = mapVec3(transform(LMS_FROM_OKLAB, oklab), (part) => part ** 3);
+  return mapVec3(transform(LINEAR_FROM_XYZ, transform(XYZ_FROM_LMS, lms)), gammaEncoded);
 }
 
 /** The lightness, chroma and hue of a colour given by lightness and two axes. Hue in degrees from 0 to 360. */
-export function polar([lightness, a, b]: Triple): Triple {
+export function polar([lightness, a, b]: Vec3): Vec3 {
   const hue = (Math.atan2(b, a) * 180) / Math.PI;
   return [lightness, Math.hypot(a, b), hue < 0 ? hue + 360 : hue];
 }
 
 /** Undoes `polar`. */
-export function rectangular([lightness, chroma, hue]: Triple): Triple {
+export function rectangular([lightness, chroma, hue]: Vec3): Vec3 {
   const angle = (hue * Math.PI) / 180;
   return [lightness, chroma * Math.cos(angle), chroma * Math.sin(angle)];
 }

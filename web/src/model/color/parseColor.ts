@@ -1,13 +1,6 @@
-import type { Rgba } from './colorWord';
-import { HSL, HWB, LAB, LCH, OKLAB, OKLCH, RGB } from './colorSpaces';
-import { parseColorFunction } from './parseColorFunction';
+import { COLOR_SPACES } from './colorSpaces';
+import { parseColorFunction, type ParsedColor } from './parseColorFunction';
 import { failure, success, type Result } from '../result';
-
-/** A colour that was read. Without an alpha in the text it is opaque. */
-export interface ParsedColor {
-  readonly color: Rgba;
-  readonly hasAlpha: boolean;
-}
 
 /**
  * Reads a colour in any notation, whichever one the field shows: #RGB, #RGBA, #RRGGBB, #RRGGBBAA, or the functions rgb,
@@ -18,8 +11,7 @@ export function parseColor(text: string): Result<ParsedColor> {
   const normal = text.toLowerCase().replace(/\s+/g, ' ').trim();
   if (normal === '') return failure('Input must be a non-empty string');
   if (normal.startsWith('#')) return parseHex(normal.slice(1));
-  const spaces = [RGB, HSL, HWB, LAB, LCH, OKLAB, OKLCH];
-  const space = spaces.find(({ name }) => normal.startsWith(name.toLowerCase()));
+  const space = COLOR_SPACES.find(({ name }) => normal.startsWith(name.toLowerCase()));
   return space ? parseColorFunction(normal, space) : failure('Unknown or invalid color format');
 }
 

@@ -1,6 +1,12 @@
 import type { ColorComponent, ColorSpace } from './colorSpaces';
-import type { ParsedColor } from './parseColor';
+import type { Rgba } from './colorWord';
 import { failure, success, type Result } from '../result';
+
+/** A colour that was read. Without an alpha in the text it is opaque. */
+export interface ParsedColor {
+  readonly color: Rgba;
+  readonly hasAlpha: boolean;
+}
 
 const NUMBER = /^([+-]?(?:\d+\.?\d*|\.\d+)(?:e[+-]?\d+)?)(%|deg|grad|rad|turn)?$/;
 

@@ -22,18 +22,18 @@ export function displayFloat(word: bigint, format: FloatFormat): string {
   if (parts.kind === 'zero') return '0.0';
   const sign = parts.negative ? '-' : '';
   if (parts.kind === 'infinity') return `${sign}Infinity`;
-  return sign + (parts.scale >= 0 ? displayWhole(parts) : displayMixed(parts));
+  return sign + (parts.scale >= 0 ? formatIntegral(parts) : formatFractional(parts));
 }
 
 type Finite = Extract<FloatParts, { kind: 'finite' }>;
 
-function displayWhole({ significand, scale }: Finite): string {
+function formatIntegral({ significand, scale }: Finite): string {
   const { digits, count } = leadingDigits(significand, scale, MOST_INTEGER_DIGITS);
   if (count <= MOST_INTEGER_DIGITS) return `${digits}.0`;
   return withExponent(digits.slice(1, DIGITS_WITH_EXPONENT), digits, count);
 }
 
-function displayMixed({ significand, scale, normal }: Finite): string {
+function formatFractional({ significand, scale, normal }: Finite): string {
   const places = BigInt(-scale);
   const integer = (significand >> places).toString();
   const fraction = fractionDigits(BigInt.asUintN(-scale, significand), places);

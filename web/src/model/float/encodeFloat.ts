@@ -2,8 +2,8 @@ import { floatFormatFor, type FloatFormat } from './floatFormats';
 import { floatParts } from './floatParts';
 
 /**
- * Encodes a number in a format, rounding to the nearest float and, halfway between two, to the one with the even
- * mantissa. What is too small for a normal number becomes subnormal or a zero that keeps the sign.
+ * Encodes a number in a format with IEEE 754's roundTiesToEven: to the nearest float and, halfway between two, to the one
+ * with the even mantissa. What is too small for a normal number becomes subnormal or a zero that keeps the sign.
  * @param value - finite
  * @returns the float's bits, or 'overflow' for a number beyond the largest finite float
  */

@@ -1,3 +1,8 @@
+/*
+ * binary16 to binary256 are the interchange formats of IEEE 754-2019, table 3.5. E5M2 and E4M3 have the layouts of
+ * Micikevicius et al., "FP8 Formats for Deep Learning" (2022).
+ */
+
 /** A binary floating-point format: one sign bit at the top, then the exponent, then the mantissa. */
 export interface FloatFormat {
   readonly name: string;

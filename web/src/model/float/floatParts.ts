@@ -7,7 +7,11 @@ export type FloatParts =
   | { kind: 'zero'; negative: boolean }
   | { kind: 'finite'; negative: boolean; normal: boolean; significand: bigint; scale: number };
 
-/** An exponent of all ones means infinity or NaN in every format, the 8-bit ones included. */
+/**
+ * Takes a float apart by the encoding rules of IEEE 754-2019, section 3.4. An exponent of all ones means infinity or NaN
+ * in every format: E4M3 follows the same rule here, unlike the E4M3 of the Open Compute Project's 8-bit Floating Point
+ * Specification, which has no infinity and whose exponent of all ones encodes numbers and one NaN.
+ */
 export function floatParts(word: bigint, { exponentBits, mantissaBits, bias }: FloatFormat): FloatParts {
   const mantissa = BigInt.asUintN(mantissaBits, word);
   const exponent = Number(BigInt.asUintN(exponentBits, word >> BigInt(mantissaBits)));

@@ -1,5 +1,4 @@
 import { badBaseReason, isBase, LARGEST_CASELESS_BASE } from './digitAlphabets';
-import { writeBase64 } from './writeBase64';
 import { writeDigits } from './writeDigits';
 
 /**
@@ -21,7 +20,6 @@ export function formatNumber(value: bigint, base: number): string {
 }
 
 function formatMagnitude(magnitude: bigint, base: number): string {
-  if (base === 64) return writeBase64(magnitude);
   if (base > LARGEST_CASELESS_BASE) return writeDigits(magnitude, base);
   return base > 10 ? magnitude.toString(base).toUpperCase() : magnitude.toString(base);
 }

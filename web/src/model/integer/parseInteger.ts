@@ -28,8 +28,8 @@ export function parseInteger(text: string, base: number, width: number, signed =
 
   const digits = withoutPrefix(unsigned, base);
   if (digits === '') return failure('Empty input after removing prefix');
-  const stranger = firstInvalidCharacter(digits, base);
-  if (stranger !== undefined) return failure(invalidCharacterReason(stranger, base));
+  const invalidCharacter = firstInvalidCharacter(digits, base);
+  if (invalidCharacter !== undefined) return failure(invalidCharacterReason(invalidCharacter, base));
 
   const magnitude = readDigits(digits, base);
   return checkRange(negative ? -magnitude : magnitude, base, width, signed);

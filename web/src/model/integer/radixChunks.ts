@@ -2,7 +2,7 @@
  * Long numbers are taken apart, and put together, in chunks of digits that a JavaScript number holds exactly.
  * Halving by powers of a chunk needs far fewer long divisions than going digit by digit.
  */
-export interface BaseChunks {
+export interface RadixChunks {
   readonly base: number;
   /** Digits in a chunk. */
   readonly digits: number;
@@ -10,15 +10,15 @@ export interface BaseChunks {
   readonly powers: Map<number, bigint>;
 }
 
-const cache: (BaseChunks | undefined)[] = [];
+const cache: (RadixChunks | undefined)[] = [];
 
 /** Cached for each base. */
-export function baseChunks(base: number): BaseChunks {
+export function radixChunks(base: number): RadixChunks {
   return (cache[base] ??= { base, digits: Math.floor(53 / Math.log2(base)), powers: new Map() });
 }
 
 /** What a digit is worth that has `count` chunks of digits after it. Kept for the next time. */
-export function chunkPower({ base, digits, powers }: BaseChunks, count: number): bigint {
+export function chunkPower({ base, digits, powers }: RadixChunks, count: number): bigint {
   const known = powers.get(count);
   if (known !== undefined) return known;
   const power = BigInt(base) ** BigInt(digits * count);

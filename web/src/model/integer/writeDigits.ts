@@ -1,5 +1,5 @@
 import { WRITTEN_DIGITS } from './digitAlphabets';
-import { baseChunks, chunkPower, type BaseChunks } from './radixChunks';
+import { radixChunks, chunkPower, type RadixChunks } from './radixChunks';
 
 const decoder = new TextDecoder();
 const DIGIT_BYTES = new TextEncoder().encode(WRITTEN_DIGITS);
@@ -11,7 +11,7 @@ const ZERO = DIGIT_BYTES[0];
  * @returns digits of WRITTEN_DIGITS without leading zeros
  */
 export function writeDigits(magnitude: bigint, base: number): string {
-  const chunks = baseChunks(base);
+  const chunks = radixChunks(base);
   const bits = magnitude.toString(16).length * 4;
   const count = Math.ceil(bits / Math.log2(base) / chunks.digits);
   const bytes = new Uint8Array(count * chunks.digits);
@@ -22,7 +22,7 @@ export function writeDigits(magnitude: bigint, base: number): string {
 }
 
 // Fills the digits of `count` chunks before `end`.
-function writeChunks(number: bigint, count: number, chunks: BaseChunks, bytes: Uint8Array, end: number): void {
+function writeChunks(number: bigint, count: number, chunks: RadixChunks, bytes: Uint8Array, end: number): void {
   if (count === 1) return writeChunk(Number(number), chunks, bytes, end);
   const lowerCount = count >> 1;
   const power = chunkPower(chunks, lowerCount);
@@ -31,11 +31,11 @@ function writeChunks(number: bigint, count: number, chunks: BaseChunks, bytes: U
   writeChunks(number - upper * power, lowerCount, chunks, bytes, end);
 }
 
-function writeChunk(number: number, { base, digits }: BaseChunks, bytes: Uint8Array, end: number): void {
+function writeChunk(number: number, { base, digits }: RadixChunks, bytes: Uint8Array, end: number): void {
   let rest = number;
-  for (let at = end - 1; at >= end - digits; at--) {
+  for (let index = end - 1; index >= end - digits; index--) {
     const upper = Math.floor(rest / base);
-    bytes[at] = DIGIT_BYTES[rest - upper * base]!;
+    bytes[index] = DIGIT_BYTES[rest - upper * base]!;
     rest = upper;
   }
 }
