@@ -9,7 +9,8 @@ import { UNTITLED_FILE_NAME, WORDS_FILE_TYPE } from '../document/fileType';
 import { withLoading } from '../document/loading';
 import { parseToolDocumentInSteps } from '../document/parseToolDocument';
 
-type Navigate = (route: string) => void | Promise<void>;
+/** The router's way to a route of the page. */
+export type Navigate = (route: string) => void | Promise<void>;
 
 /** Starts a new document with one sheet. Asks first when changes would be lost. */
 export async function newDocument(navigate: Navigate): Promise<void> {

@@ -22,22 +22,16 @@ export function onBeforeUnload(event: BeforeUnloadEvent): void {
   if (hasUnsavedWork()) event.preventDefault();
 }
 
-/** Keys that reload: unsaved work is asked for first, and the native host, which serves "/" alone, starts there again. */
-export function onReloadKey(event: KeyboardEvent): void {
-  if (!isReloadKey(event)) return;
-  const isAway = isCppBackend && location.pathname !== '/';
-  if (!hasUnsavedWork() && !isAway) return;
-  event.preventDefault();
-  if (event.repeat) return;
-  void startAgain();
+/**
+ * Whether a reload has to go through `startAgain`: unsaved work is asked for first, and the native host serves "/" alone.
+ */
+export function mustStartAgain(): boolean {
+  return hasUnsavedWork() || (isCppBackend && location.pathname !== '/');
 }
 
-async function startAgain(): Promise<void> {
+/** Loads the page anew at "/", unless the user wants to keep unsaved work. */
+export async function startAgain(): Promise<void> {
   if (hasUnsavedWork() && !(await discardOrStay())) return;
   useSheetsStore.getState().persistState();
   location.replace('/');
-}
-
-function isReloadKey({ key, ctrlKey, metaKey, altKey }: KeyboardEvent): boolean {
-  return key === 'F5' || key === 'BrowserRefresh' || ((ctrlKey || metaKey) && !altKey && key.toLowerCase() === 'r');
 }

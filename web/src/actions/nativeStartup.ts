@@ -1,31 +1,27 @@
 import { displayName } from '../../package.json';
 import { withLoading, type Loading } from '../document/loading';
 import { parseToolDocumentInSteps } from '../document/parseToolDocument';
-import type { WordsDocumentData } from '../document/schema';
 import { i18next } from '../i18n';
-import { getFileNameFromPath, type FileHandle } from '../host/fileHandle';
+import { failure, success, type Result } from '../model/result';
+import { useSheetsStore } from '../stores/sheetsStore';
+import type { Navigate } from './documentActions';
+import { getFileNameFromPath } from '../host/fileHandle';
 
-/** What becomes of a document that the host hands over at start. */
-export interface StartupTarget {
-  load(data: WordsDocumentData, file: FileHandle | undefined, loading: Loading): Promise<void>;
-  navigate(route: string): void | Promise<void>;
-}
-
-/** Whether a document was opened, or what to tell the user; neither when the host names none. */
-export type StartupOutcome = { opened: true } | { opened: false; error?: string };
-
-/** Opens the document that the native host was started with. Never rejects. */
-export async function openLaunchDocument(target: StartupTarget): Promise<StartupOutcome> {
+/**
+ * Opens the document that the native host was started with. Never rejects.
+ * @returns whether the host named one, which is then shown; or the text of what went wrong
+ */
+export async function openLaunchDocument(navigate: Navigate): Promise<Result<boolean>> {
   const args = window.tessary?.args;
-  if (!args) return { opened: false };
+  if (!args) return success(false);
   if (args.error) {
-    return { opened: false, error: i18next.t('messages.startup.failed', { app: displayName, reason: args.error }) };
+    return failure(i18next.t('messages.startup.failed', { app: displayName, reason: args.error }));
   }
-  if (!args.filePath || !window.readFile) return { opened: false };
+  if (!args.filePath || !window.readFile) return success(false);
   try {
     const { filePath } = args;
     const { readFile } = window;
-    return await withLoading((loading) => openFile(filePath, readFile, target, loading));
+    return await withLoading((loading) => openFile(filePath, readFile, navigate, loading));
   } catch (error) {
     return unreadable(error instanceof Error ? error.message : String(error));
   }
@@ -34,20 +30,20 @@ export async function openLaunchDocument(target: StartupTarget): Promise<Startup
 async function openFile(
   path: string,
   readFile: NonNullable<Window['readFile']>,
-  target: StartupTarget,
+  navigate: Navigate,
   loading: Loading,
-): Promise<StartupOutcome> {
+): Promise<Result<boolean>> {
   const answer = await readFile(path);
   if (!answer.success || !answer.data) {
     return unreadable(answer.error || i18next.t('messages.startup.unknownError'));
   }
   const parsed = await parseToolDocumentInSteps(answer.data, loading, false);
-  if (!parsed.success) return { opened: false, error: parsed.error };
-  await target.load(parsed.data, { path, name: getFileNameFromPath(path) }, loading);
-  await target.navigate(parsed.navigationRoute);
-  return { opened: true };
+  if (!parsed.success) return failure(parsed.error);
+  await useSheetsStore.getState().loadWordsDocument(parsed.data, { path, name: getFileNameFromPath(path) }, loading);
+  await navigate(parsed.navigationRoute);
+  return success(true);
 }
 
-function unreadable(reason: string): StartupOutcome {
-  return { opened: false, error: i18next.t('messages.startup.unreadable', { reason }) };
+function unreadable(reason: string): Result<never> {
+  return failure(i18next.t('messages.startup.unreadable', { reason }));
 }

@@ -1,23 +1,23 @@
-import { create } from 'zustand';
+import { proxy } from 'valtio';
 import { useSheetsStore } from '../stores/sheetsStore';
 
-interface DiscardPromptState {
+/** The question on the screen before unsaved changes are lost. */
+export const unsavedChangesPrompt = proxy<{
   /** Takes the user's answer while the question is on the screen, else null. */
-  readonly answer: ((discard: boolean) => void) | null;
-}
+  answer: ((discard: boolean) => void) | null;
+}>({ answer: null });
 
-export const useDiscardPrompt = create<DiscardPromptState>()(() => ({ answer: null }));
-
-/** Whether the open document may go: it is saved, or the user lets its changes go. While the question is open, a second one is answered with no. */
+/**
+ * Asks before unsaved changes are lost. While the question is open, a second one is answered with no.
+ * @returns whether the open document may go: it is saved, or the user lets its changes go
+ */
 export async function mayDiscardChanges(): Promise<boolean> {
   if (!useSheetsStore.getState().isUnsaved) return true;
-  if (useDiscardPrompt.getState().answer) return false;
+  if (unsavedChangesPrompt.answer) return false;
   return new Promise((resolve) => {
-    useDiscardPrompt.setState({
-      answer(discard) {
-        useDiscardPrompt.setState({ answer: null });
-        resolve(discard);
-      },
-    });
+    unsavedChangesPrompt.answer = (discard) => {
+      unsavedChangesPrompt.answer = null;
+      resolve(discard);
+    };
   });
 }

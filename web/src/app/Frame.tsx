@@ -1,8 +1,8 @@
 import Box from '@mui/joy/Box';
-import { DiscardDialog } from '../components/UnsavedChangesDialog';
+import { UnsavedChangesDialog } from '../components/UnsavedChangesDialog';
 import { LoadingProgress } from '../components/LoadingProgress';
 import { useDocumentDrop } from '../components/useDocumentDrop';
-import { useShortcuts } from '../commands/useShortcuts';
+import { useDocumentKeys } from '../commands/useDocumentCommands';
 import { isVsCode } from '../host/hostFlags';
 import { FadingOutlet } from './FadingOutlet';
 import { Rail } from './Rail';
@@ -10,7 +10,7 @@ import { useLeaveGuards } from './useLeaveGuards';
 
 /** The full window: the rail at the left, the route's content beside it. An editor brings a rail of its own. */
 export function Frame() {
-  useShortcuts();
+  useDocumentKeys();
   useDocumentDrop();
   useLeaveGuards();
   return (
@@ -26,7 +26,7 @@ export function Frame() {
     >
       {!isVsCode && <Rail />}
       <FadingOutlet />
-      <DiscardDialog />
+      <UnsavedChangesDialog />
       <LoadingProgress />
     </Box>
   );

@@ -5,15 +5,14 @@ import Typography from '@mui/joy/Typography';
 import { useTranslation } from 'react-i18next';
 import { isVsCode } from '../host/hostFlags';
 import { useSheetsStore } from '../stores/sheetsStore';
-import { shortcutLabel, type DocumentAction } from '../commands/shortcuts';
-import { useDocumentActions } from '../commands/useDocumentActions';
-
-const ACTIONS: readonly DocumentAction[] = ['new', 'open', 'save', 'saveAs', 'close'];
+import { shortcutLabel, type Command } from '../commands/command';
+import { DOCUMENT_COMMANDS, type DocumentTarget } from '../commands/documentCommands';
+import { useDocumentTarget } from '../commands/useDocumentCommands';
 
 /** What can be done with the open document, and its file's name. An editor has its own commands for that. */
 export function DocumentBar() {
   const { t } = useTranslation();
-  const actions = useDocumentActions();
+  const target = useDocumentTarget();
   const hasDocument = useSheetsStore((store) => store.documentFile !== null);
   const isUnsaved = useSheetsStore((store) => store.isUnsaved);
   if (!hasDocument || isVsCode) return null;
@@ -23,12 +22,12 @@ export function DocumentBar() {
       aria-label={t('frame.documentBar')}
       sx={{ display: 'flex', alignItems: 'center', gap: 0.25, paddingInline: 1, paddingBlock: 0.5 }}
     >
-      {ACTIONS.map((action) => (
-        <ActionButton
-          key={action}
-          action={action}
-          disabled={action === 'save' && !isUnsaved}
-          onClick={actions[action]}
+      {DOCUMENT_COMMANDS.map((command) => (
+        <CommandButton
+          key={command.id}
+          command={command}
+          disabled={command.id === 'document.save' && !isUnsaved}
+          onClick={() => command.run(target)}
         />
       ))}
       <FileName />
@@ -36,24 +35,25 @@ export function DocumentBar() {
   );
 }
 
-interface ActionButtonProps {
-  action: DocumentAction;
+interface CommandButtonProps {
+  command: Command<DocumentTarget>;
   disabled: boolean;
   onClick: () => void;
 }
 
-function ActionButton({ action, disabled, onClick }: ActionButtonProps) {
+function CommandButton({ command, disabled, onClick }: CommandButtonProps) {
   const { t } = useTranslation();
+  const label = t(command.label);
   const button = (
     <Button size="sm" variant="plain" color="neutral" disabled={disabled} onClick={onClick}>
-      {t(`ui.${action}`)}
+      {label}
     </Button>
   );
-  const keys = shortcutLabel(action);
+  const keys = shortcutLabel(command);
   if (!keys) return button;
   return (
-    <Tooltip disableInteractive describeChild title={t('frame.shortcut', { action: t(`ui.${action}`), keys })}>
-      {/* A disabled button tells nobody that the pointer is over it; its wrapper does. */}
+    <Tooltip disableInteractive describeChild title={t('frame.shortcut', { action: label, keys })}>
+      {/* A disabled button reports no pointer over it; its wrapper does. */}
       <span>{button}</span>
     </Tooltip>
   );

@@ -2,12 +2,13 @@ import Box from '@mui/joy/Box';
 import Typography from '@mui/joy/Typography';
 import { Trans, useTranslation } from 'react-i18next';
 import { ActionLink } from '../ui/ActionLink';
-import { useDocumentActions } from '../commands/useDocumentActions';
+import { newDocument, openDocument } from '../actions/documentActions';
+import { useDocumentTarget } from '../commands/useDocumentCommands';
 
 /** What the Words tool shows while there is no sheet. */
 export function EmptyTool() {
   const { t } = useTranslation();
-  const actions = useDocumentActions();
+  const { navigate } = useDocumentTarget();
   return (
     <Box sx={{ display: 'grid', placeContent: 'center', justifyItems: 'center', gap: 1, height: '100%', padding: 2 }}>
       <Typography level="h2" component="h1">
@@ -17,7 +18,10 @@ export function EmptyTool() {
       <Typography>
         <Trans
           i18nKey="tools.words.createOrOpen"
-          components={{ create: <ActionLink onAct={actions.new} />, open: <ActionLink onAct={actions.open} /> }}
+          components={{
+            create: <ActionLink onActivate={() => void newDocument(navigate)} />,
+            open: <ActionLink onActivate={() => void openDocument(navigate)} />,
+          }}
         />
       </Typography>
     </Box>

@@ -13,7 +13,7 @@ export function ExternalLink({ href, children }: ExternalLinkProps) {
   if (hasExternalUrlOpener) {
     // The host shows the outcome itself, in the program that it starts; its answer is of no use here.
     const open = () => void window.openExternalUrl?.(new URL(href, document.baseURI).href);
-    return <ActionLink onAct={open}>{children}</ActionLink>;
+    return <ActionLink onActivate={open}>{children}</ActionLink>;
   }
   return (
     <JoyLink href={href} target="_blank" rel="noopener noreferrer">

@@ -3,14 +3,15 @@ import LinearProgress from '@mui/joy/LinearProgress';
 import Typography from '@mui/joy/Typography';
 import { useId } from 'react';
 import { useTranslation } from 'react-i18next';
-import { useLoadingStore } from '../document/loading';
+import { useSnapshot } from 'valtio';
+import { loadingState } from '../document/loading';
 import { colors } from '../ui/theme';
 
 /** How far a document is that takes its time to load; covers the page, because its sheets are about to be replaced. */
 export function LoadingProgress() {
   const { t } = useTranslation();
   const labelId = useId();
-  const fraction = useLoadingStore((loading) => loading.fraction);
+  const { fraction } = useSnapshot(loadingState);
   if (fraction === null) return null;
   return (
     <Box

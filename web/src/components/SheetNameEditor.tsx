@@ -3,6 +3,8 @@ import { useRef, type KeyboardEvent } from 'react';
 import { useTranslation } from 'react-i18next';
 import { showWarning } from '../ui/notifications';
 import { colors } from '../ui/theme';
+import { runCommand } from '../commands/command';
+import { FIELD_COMMANDS } from '../commands/fieldCommands';
 import { parseSheetName } from '../model/sheet/sheetNames';
 import { useSheetsStore } from '../stores/sheetsStore';
 
@@ -29,8 +31,9 @@ export function SheetNameEditor({ sheetId, name, onDone }: SheetNameEditorProps)
     onDone();
   };
   const onKeyDown = (event: KeyboardEvent<HTMLInputElement>) => {
-    if (event.key === 'Enter') finish(event.currentTarget.value);
-    if (event.key === 'Escape') finish(undefined);
+    const field = event.currentTarget;
+    const target = { isAltered: () => true, commit: () => finish(field.value), restore: () => finish(undefined) };
+    runCommand(FIELD_COMMANDS, event, target);
   };
   const onBlur = (text: string) => finish(text.trim() === '' ? undefined : text);
 

@@ -3,6 +3,8 @@ import { memo, useRef, useState, type KeyboardEvent } from 'react';
 import { useTranslation } from 'react-i18next';
 import { VscClose } from 'react-icons/vsc';
 import { colors } from '../ui/theme';
+import { runCommand } from '../commands/command';
+import { TAB_COMMANDS, type TabTarget } from '../commands/tabCommands';
 import { useSheetsStore } from '../stores/sheetsStore';
 import { SheetNameEditor } from './SheetNameEditor';
 import { SHEET_PANEL_ID } from './sheetPanel';
@@ -18,6 +20,7 @@ interface SheetTabProps {
   isActive: boolean;
   isClosable: boolean;
   onClose: (sheetId: string) => void;
+  onShow: TabTarget['show'];
   /** Counted from 1 among all tabs, also those that are not on the page. */
   position: number;
   count: number;
@@ -25,7 +28,7 @@ interface SheetTabProps {
 
 /** One sheet's tab with its close button. A double click or F2 renames the sheet, Delete closes it. */
 export const SheetTab = memo(function SheetTab(props: SheetTabProps) {
-  const { tabId, sheetId, name, isActive, isClosable, onClose, position, count } = props;
+  const { tabId, sheetId, name, isActive, isClosable, onClose, onShow, position, count } = props;
   const { t } = useTranslation();
   const [isEditing, setEditing] = useState(false);
   const tab = useRef<HTMLButtonElement>(null);
@@ -33,8 +36,8 @@ export const SheetTab = memo(function SheetTab(props: SheetTabProps) {
 
   const { setActiveSheet } = useSheetsStore.getState();
   const onKeyDown = (event: KeyboardEvent) => {
-    if (event.key === 'F2') setEditing(true);
-    if (event.key === 'Delete' && isClosable) onClose(sheetId);
+    const target = { isClosable, rename: () => setEditing(true), close: () => onClose(sheetId), show: onShow };
+    runCommand(TAB_COMMANDS, event, target);
   };
   const stopEditing = () => {
     setEditing(false);

@@ -1,11 +1,11 @@
 import Box from '@mui/joy/Box';
-import { useCallback, useEffect, useId, useMemo, useRef, useState, type KeyboardEvent, type WheelEvent } from 'react';
+import { useCallback, useEffect, useId, useMemo, useRef, useState, type WheelEvent } from 'react';
 import { useTranslation } from 'react-i18next';
 import { isVsCode } from '../host/hostFlags';
 import { useSheetsStore } from '../stores/sheetsStore';
 import { SheetTab } from './SheetTab';
 import { createTitleSelector } from './sheetTitles';
-import { scrollToTab, tabWindow } from './tabVirtualizer';
+import { scrollToTab, visibleTabs } from './tabVirtualizer';
 
 /** The strip with a tab for every sheet and a button that adds one. */
 export function SheetTabs() {
@@ -15,9 +15,9 @@ export function SheetTabs() {
   const strip = useRef<HTMLDivElement>(null);
   const [view, setView] = useState({ scrollLeft: 0, width: 0 });
   const idBase = useId();
-  const activeAt = titles.findIndex(({ id }) => id === activeKey);
-  const { first, end, left, width } = tabWindow(titles.length, view.scrollLeft, view.width);
-  const tabId = (at: number) => `${idBase}-${at}`;
+  const activeIndex = titles.findIndex(({ id }) => id === activeKey);
+  const { first, end, left, width } = visibleTabs(titles.length, view.scrollLeft, view.width);
+  const tabId = (index: number) => `${idBase}-${index}`;
   const isClosable = titles.length > 1 || !isVsCode;
 
   const measure = () => {
@@ -31,9 +31,9 @@ export function SheetTabs() {
   }, []);
   useEffect(() => {
     const element = strip.current!;
-    const target = scrollToTab(activeAt, titles.length, element.scrollLeft, element.clientWidth);
-    if (activeAt >= 0 && target !== undefined) element.scrollLeft = target;
-  }, [activeAt, titles.length]);
+    const target = scrollToTab(activeIndex, titles.length, element.scrollLeft, element.clientWidth);
+    if (activeIndex >= 0 && target !== undefined) element.scrollLeft = target;
+  }, [activeIndex, titles.length]);
 
   // A tab that is closed or scrolled out of the page takes the focus with it; the tab that is shown next gets it.
   const takesFocus = useRef(false);
@@ -42,34 +42,29 @@ export function SheetTabs() {
     useSheetsStore.getState().removeSheet(id);
   }, []);
   useEffect(() => {
-    const tab = takesFocus.current ? document.getElementById(tabId(activeAt)) : null;
+    const tab = takesFocus.current ? document.getElementById(tabId(activeIndex)) : null;
     if (!tab) return;
     takesFocus.current = false;
     tab.focus({ preventScroll: true });
   });
 
-  const show = (at: number) => {
-    const title = titles[at];
-    if (!title || at === activeAt) return;
+  const show = (place: 'previous' | 'next' | 'first' | 'last') => {
+    const index = { previous: activeIndex - 1, next: activeIndex + 1, first: 0, last: titles.length - 1 }[place];
+    const title = titles[index];
+    if (!title || index === activeIndex) return;
     takesFocus.current = true;
     useSheetsStore.getState().setActiveSheet(title.id);
-  };
-  const onKeyDown = (event: KeyboardEvent) => {
-    const target = { ArrowLeft: activeAt - 1, ArrowRight: activeAt + 1, Home: 0, End: titles.length - 1 }[event.key];
-    if (target === undefined || (event.target as Element).getAttribute('role') !== 'tab') return;
-    event.preventDefault();
-    show(target);
   };
   const scrollSideways = (event: WheelEvent) => {
     if (event.deltaX === 0) strip.current!.scrollLeft += event.deltaY;
   };
-  const owned = Array.from({ length: end - first }, (_, at) => tabId(first + at)).join(' ');
+  const owned = Array.from({ length: end - first }, (_, offset) => tabId(first + offset)).join(' ');
 
   return (
     <Box sx={{ display: 'flex', alignItems: 'flex-start', minWidth: 0 }}>
       {/* Close buttons stand beside their tabs, and a list of tabs may hold nothing but tabs: it owns them by name. */}
       <div role="tablist" aria-label={t('sheets.tabs')} aria-owns={owned || undefined} />
-      <Box ref={strip} onScroll={measure} onKeyDown={onKeyDown} onWheel={scrollSideways} sx={STRIP}>
+      <Box ref={strip} onScroll={measure} onWheel={scrollSideways} sx={STRIP}>
         <div style={{ position: 'relative', width, height: '100%' }}>
           <div style={{ position: 'absolute', left, display: 'flex' }}>
             {titles.slice(first, end).map(({ id, name }, offset) => (
@@ -81,6 +76,7 @@ export function SheetTabs() {
                 isActive={id === activeKey}
                 isClosable={isClosable}
                 onClose={close}
+                onShow={show}
                 position={first + offset + 1}
                 count={titles.length}
               />

@@ -5,12 +5,13 @@ import DialogTitle from '@mui/joy/DialogTitle';
 import Modal from '@mui/joy/Modal';
 import ModalDialog from '@mui/joy/ModalDialog';
 import { useTranslation } from 'react-i18next';
-import { useDiscardPrompt } from '../actions/unsavedChangesPrompt';
+import { useSnapshot } from 'valtio';
+import { unsavedChangesPrompt } from '../actions/unsavedChangesPrompt';
 
 /** The question before unsaved changes are lost. */
-export function DiscardDialog() {
+export function UnsavedChangesDialog() {
   const { t } = useTranslation();
-  const answer = useDiscardPrompt((prompt) => prompt.answer);
+  const { answer } = useSnapshot(unsavedChangesPrompt);
   if (!answer) return null;
   return (
     <Modal open onClose={() => answer(false)}>

@@ -8,7 +8,7 @@ const BESIDE = 20;
 /** Browsers lay out nothing wider than some ten million pixels. */
 const WIDEST_STRIP = 8_000_000;
 
-export interface TabWindow {
+export interface VisibleTabs {
   /** First tab on the page. */
   first: number;
   /** The tab after the last one on the page. */
@@ -24,7 +24,7 @@ export interface TabWindow {
  * @param scrollLeft - how far the strip is scrolled, in CSS pixels
  * @param viewWidth - how much of the strip is in view, in CSS pixels
  */
-export function tabWindow(count: number, scrollLeft: number, viewWidth: number): TabWindow {
+export function visibleTabs(count: number, scrollLeft: number, viewWidth: number): VisibleTabs {
   const width = Math.min(count * TAB_WIDTH, WIDEST_STRIP);
   if (count <= ALL_MOUNTED) return { first: 0, end: count, left: 0, width };
   const inView = Math.ceil(viewWidth / TAB_WIDTH);
@@ -36,14 +36,14 @@ export function tabWindow(count: number, scrollLeft: number, viewWidth: number):
 }
 
 /** Where to scroll the strip so that a tab is in view; undefined when it already is. */
-export function scrollToTab(at: number, count: number, scrollLeft: number, viewWidth: number): number | undefined {
+export function scrollToTab(index: number, count: number, scrollLeft: number, viewWidth: number): number | undefined {
   const width = Math.min(count * TAB_WIDTH, WIDEST_STRIP);
   const scrollable = Math.max(0, width - viewWidth);
   const tabsAtLeft = Math.max(0, count - viewWidth / TAB_WIDTH);
   if (scrollable === 0 || tabsAtLeft === 0) return undefined;
   const atLeft = (scrollLeft / scrollable) * tabsAtLeft;
-  if (at < atLeft) return (at / tabsAtLeft) * scrollable;
-  const atLeftToShow = at + 1 - viewWidth / TAB_WIDTH;
+  if (index < atLeft) return (index / tabsAtLeft) * scrollable;
+  const atLeftToShow = index + 1 - viewWidth / TAB_WIDTH;
   if (atLeftToShow > atLeft) return (atLeftToShow / tabsAtLeft) * scrollable;
   return undefined;
 }

@@ -1,5 +1,6 @@
 import { afterEach, beforeEach, expect, test, vi } from 'vitest';
-import { useLoadingStore, withLoading } from './loading';
+import { subscribe } from 'valtio';
+import { loadingState, withLoading } from './loading';
 
 let now = 0;
 beforeEach(() => {
@@ -13,7 +14,7 @@ const items = Array.from({ length: 200 }, (_, at) => at);
 /** Visits every item at 10 ms each; gives what the user saw of the progress, and how often others got a turn. */
 async function loadSlowly(milliseconds: number) {
   const shown: (number | null)[] = [];
-  const unsubscribe = useLoadingStore.subscribe(({ fraction }) => shown.push(fraction));
+  const unsubscribe = subscribe(loadingState, () => shown.push(loadingState.fraction), true);
   const pauses = vi.spyOn(globalThis, 'setTimeout');
   await withLoading((loading) =>
     loading.visitAll(items, 0.5, 1, () => {
@@ -56,9 +57,9 @@ test('takes the progress off the screen after a failure', async () => {
     await loading.visitAll(items, 0, 1, () => {
       now += 20;
     });
-    expect(useLoadingStore.getState().fraction).not.toBeNull();
+    expect(loadingState.fraction).not.toBeNull();
     throw new Error('broken');
   });
   await expect(failing).rejects.toThrow('broken');
-  expect(useLoadingStore.getState().fraction).toBeNull();
+  expect(loadingState.fraction).toBeNull();
 });

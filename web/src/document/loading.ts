@@ -1,17 +1,15 @@
-import { create } from 'zustand';
+import { proxy } from 'valtio';
 
 /** Longest stretch of work without letting the browser paint, in milliseconds. */
 const LONGEST_STRETCH = 12;
 /** Loading that takes longer than this shows its progress, in milliseconds. */
 const PATIENCE = 1000;
 
-interface LoadingState {
-  /** From 0 to 1 while a long loading is under way, else null. */
-  readonly fraction: number | null;
-}
-
 /** What the user sees of a document that takes its time to load. */
-export const useLoadingStore = create<LoadingState>()(() => ({ fraction: null }));
+export const loadingState = proxy<{
+  /** From 0 to 1 while a long loading is under way, else null. */
+  fraction: number | null;
+}>({ fraction: null });
 
 /** One document on its way into the page. Cuts long work into stretches between which the browser can paint. */
 export class Loading {
@@ -25,21 +23,21 @@ export class Loading {
    * @returns whether every item was visited
    */
   async visitAll<T>(items: readonly T[], from: number, to: number, visit: (item: T) => boolean | void) {
-    for (let at = 0; at < items.length; at++) {
-      if (visit(items[at]!) === false) return false;
+    for (let index = 0; index < items.length; index++) {
+      if (visit(items[index]!) === false) return false;
       if (performance.now() - this.stretchBegin > LONGEST_STRETCH) {
-        await this.pause(from + ((to - from) * (at + 1)) / items.length);
+        await this.pause(from + ((to - from) * (index + 1)) / items.length);
       }
     }
     return true;
   }
 
   finish(): void {
-    if (useLoadingStore.getState().fraction !== null) useLoadingStore.setState({ fraction: null });
+    loadingState.fraction = null;
   }
 
   private async pause(fraction: number): Promise<void> {
-    if (performance.now() - this.begin > PATIENCE) useLoadingStore.setState({ fraction });
+    if (performance.now() - this.begin > PATIENCE) loadingState.fraction = fraction;
     await new Promise((resolve) => setTimeout(resolve));
     this.stretchBegin = performance.now();
   }

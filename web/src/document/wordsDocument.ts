@@ -1,3 +1,4 @@
+import cloneDeep from 'lodash.clonedeep';
 import { writeDocumentInt } from '../model/integer/documentInt';
 import type { BitsSheet } from '../model/sheet/bitsSheet';
 import { headerSchema, sheetSchema, type SheetData, type Tool, type WordsDocumentData } from './schema';
@@ -84,7 +85,7 @@ function sheetDataOf(sheet: BitsSheet): SheetData {
     int: writeDocumentInt(sheet.int, sheet.intResolution),
     intResolution: sheet.intResolution as SheetData['intResolution'],
     signMap: Object.fromEntries(sheet.signMap),
-    numberDefinitions: sheet.numberDefinitions.map(({ type, bits, visible }) => ({ type, bits, visible })),
-    ...(sheet.converters && { converters: [...sheet.converters] }),
+    numberDefinitions: cloneDeep([...sheet.numberDefinitions]),
+    ...(sheet.converters && { converters: cloneDeep([...sheet.converters]) }),
   };
 }

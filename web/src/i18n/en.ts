@@ -1,3 +1,4 @@
+import { commandTexts } from './commandTexts';
 import { wordsTexts } from './wordsTexts';
 
 /** Every text of the page. Texts that only name a key in "@( )" repeat that key's text. */
@@ -73,6 +74,7 @@ export const en = {
     support: 'Support',
     privacyPolicy: 'Privacy policy',
   },
+  commands: commandTexts,
   words: wordsTexts,
   sheets: {
     tabs: 'Sheets',

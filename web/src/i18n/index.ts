@@ -1,4 +1,4 @@
-import i18next from 'i18next';
+import i18next, { type ParseKeys } from 'i18next';
 import { initReactI18next } from 'react-i18next';
 import { en } from './en';
 
@@ -14,3 +14,6 @@ void i18next.use(initReactI18next).init({
 });
 
 export { i18next };
+
+/** Key of a text that names something to do; it has no places to fill in. */
+export type LabelKey = Extract<ParseKeys, `commands.${string}` | `ui.${string}` | `words.operations.${string}`>;

@@ -25,15 +25,7 @@ export const wordsTexts = {
   clear: 'Clear',
   minimap: 'Rows',
   goToRow: '{{shortLabel}}, go to {{label}}',
-  keys: {
-    title: 'Keys',
-    words: { keys: 'Alt + arrow keys', effect: 'go to the word beside, above or below' },
-    commit: { keys: 'Enter', effect: 'takes over the text of a field' },
-    restore: { keys: 'Escape', effect: 'brings the text back' },
-    bits: { keys: 'Arrow keys, Home, End', effect: 'in a bit field: choose a bit; with Ctrl by bytes' },
-    toggle: { keys: 'Space', effect: 'in a bit field: flips the bit' },
-    write: { keys: '0, 1', effect: 'in a bit field: writes the bit and goes on to the next' },
-  },
+  keys: 'Keys',
   weight: 'weight {{weight}}',
   operations: {
     group: 'Operations',

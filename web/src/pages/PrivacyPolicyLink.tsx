@@ -15,7 +15,7 @@ export function PrivacyPolicyLink() {
   const [isOpen, setOpen] = useState(false);
   return (
     <>
-      <ActionLink onAct={() => setOpen(true)}>{t('welcome.privacyPolicy')}</ActionLink>
+      <ActionLink onActivate={() => setOpen(true)}>{t('welcome.privacyPolicy')}</ActionLink>
       <Modal open={isOpen} onClose={() => setOpen(false)}>
         <ModalDialog aria-labelledby={titleId} sx={{ maxWidth: '36rem', overflow: 'auto' }}>
           <ModalClose aria-label={t('ui.close')} />

@@ -1,9 +1,10 @@
 import { useEffect, useRef, useState } from 'react';
 import { useNavigate } from 'react-router';
+import type { Navigate } from '../actions/documentActions';
 import { followEditor } from '../actions/editorStartup';
 import { isVsCode } from '../host/hostFlags';
-import { openLaunchDocument, type StartupOutcome, type StartupTarget } from '../actions/nativeStartup';
-import { useSheetsStore } from '../stores/sheetsStore';
+import { openLaunchDocument } from '../actions/nativeStartup';
+import { success, type Result } from '../model/result';
 
 /** Time for the start page to fade out after a document was opened, in milliseconds. */
 const LEAVING_TIME = 1000;
@@ -21,11 +22,10 @@ export function useStartupLoader(): { loadingError: string | undefined; isReady:
   useEffect(() => {
     let left = false;
     let timer: ReturnType<typeof setTimeout> | undefined;
-    const load = useSheetsStore.getState().loadWordsDocument;
-    void openStartDocument({ load, navigate: navigate.current }).then((outcome) => {
+    void openStartDocument(navigate.current).then((outcome) => {
       if (left) return;
-      setLoadingError(outcome.opened ? undefined : outcome.error);
-      if (outcome.opened) timer = setTimeout(() => setReady(true), LEAVING_TIME);
+      setLoadingError(outcome.ok ? undefined : outcome.reason);
+      if (outcome.ok && outcome.value) timer = setTimeout(() => setReady(true), LEAVING_TIME);
       else setReady(true);
     });
     return () => {
@@ -38,8 +38,8 @@ export function useStartupLoader(): { loadingError: string | undefined; isReady:
 }
 
 /** An editor hands its document over by itself, so the page waits for it as if it were opening one. */
-async function openStartDocument(target: StartupTarget): Promise<StartupOutcome> {
-  if (!isVsCode) return openLaunchDocument(target);
-  followEditor(target);
-  return { opened: true };
+async function openStartDocument(navigate: Navigate): Promise<Result<boolean>> {
+  if (!isVsCode) return openLaunchDocument(navigate);
+  followEditor(navigate);
+  return success(true);
 }

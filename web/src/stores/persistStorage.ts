@@ -1,6 +1,6 @@
 import type { PersistStorage } from 'zustand/middleware';
 import { readRecord, RECORD_VERSION, writeRecord, type PersistedState } from './persistedState';
-import { recordPlace } from './storageBackend';
+import { storageBackend } from './storageBackend';
 
 export const RECORD_KEY = 'bits-sheets-storage';
 /** Holds the text of a record that could not be read, so that nothing is lost by starting afresh. */
@@ -21,16 +21,16 @@ let lastCost = 0;
 let pending: { key: string; state: PersistedState } | undefined;
 
 /** Keeps the record of the sheets store. Changes within one task are written together after it, before leaving at last. */
-export const recordKeeper: PersistStorage<PersistedState> = {
+export const persistStorage: PersistStorage<PersistedState> = {
   getItem(key) {
-    const text = recordPlace.read(key);
+    const text = storageBackend.read(key);
     if (text === null) return null;
     try {
       return { state: readRecord(text), version: RECORD_VERSION };
     } catch (error) {
       console.warn('The kept state could not be read and was set aside.', error);
-      recordPlace.write(SET_ASIDE_KEY, text);
-      recordPlace.remove(key);
+      storageBackend.write(SET_ASIDE_KEY, text);
+      storageBackend.remove(key);
       return null;
     }
   },
@@ -40,7 +40,7 @@ export const recordKeeper: PersistStorage<PersistedState> = {
   },
   removeItem(key) {
     pending = undefined;
-    recordPlace.remove(key);
+    storageBackend.remove(key);
   },
 };
 
@@ -52,7 +52,7 @@ export function flushRecord(): void {
   const begin = performance.now();
   const fits = state.sheets.size * SMALLEST_SHEET <= LARGEST_RECORD;
   // A record that could not be written must go: it would bring back another document.
-  if (!fits || !recordPlace.write(key, writeRecord(state))) recordPlace.remove(key);
+  if (!fits || !storageBackend.write(key, writeRecord(state))) storageBackend.remove(key);
   lastCost = performance.now() - begin;
 }
 

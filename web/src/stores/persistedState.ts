@@ -2,7 +2,7 @@ import SuperJSON from 'superjson';
 import { BitInt } from '../model/integer/bitInt';
 import { BitsSheet, type BitsSheetFields } from '../model/sheet/bitsSheet';
 import { ScrollMap } from '../model/sheet/scrollMap';
-import type { SheetsState } from './sheetsStore';
+import type { SheetsState } from './sheetsState';
 
 export const RECORD_VERSION = 1;
 

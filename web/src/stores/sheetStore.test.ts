@@ -7,6 +7,7 @@ import { sheetOf } from '../model/sheet/bitsSheet';
 import { ScrollMap } from '../model/sheet/scrollMap';
 import { useSheetsStore } from './sheetsStore';
 import { useSheetStore } from './sheetStore';
+import './sheetSync';
 
 const sheets = () => useSheetsStore.getState();
 const sheet = () => useSheetStore.getState();

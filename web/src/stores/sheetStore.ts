@@ -9,25 +9,16 @@ import {
   type NumberType,
 } from '../model/sheet/numberDefinitions';
 import { DEFAULT_RESOLUTION } from '../model/sheet/resolutions';
-import { filledSignMap, toggleSign, type SignMap } from '../model/sheet/signMap';
-import type { BitsSheet, FocusedBlock, SheetChanges } from '../model/sheet/bitsSheet';
+import { filledSignMap, toggleSign } from '../model/sheet/signMap';
+import type { BitsSheet, BitsSheetFields, FocusedBlock } from '../model/sheet/bitsSheet';
 import { ScrollMap } from '../model/sheet/scrollMap';
-import { useSheetsStore } from './sheetsStore';
 
 /** The sheet being shown. Everything in it is replaced, never changed in place. */
-export interface SheetState {
+export interface SheetState extends Omit<BitsSheetFields, 'id' | 'int' | 'intResolution'> {
   /** Null while no sheet is shown. */
   readonly id: string | null;
-  readonly displayName: string;
   /** The value, always within its resolution. */
   readonly int: BitInt;
-  readonly focusedBlock: FocusedBlock;
-  readonly signMap: SignMap;
-  readonly scrollMap: ScrollMap;
-  readonly numberDefinitions: readonly NumberDefinition[];
-  /** Absent means the default ones. */
-  readonly converters: readonly string[] | undefined;
-  readonly flagOptions: FlagOptions;
   /** Grows with every operation. */
   readonly revision: number;
 }
@@ -85,7 +76,6 @@ function emptyState(): Omit<SheetState, 'revision'> {
 export const useSheetStore = create<SheetState & SheetOperations>()((set, get) => {
   function apply(changes: Changes): void {
     set(({ revision }) => ({ ...changes, revision: revision + 1 }));
-    passOn(get().id, changes);
   }
 
   function edit(change: (int: BitInt) => BitInt): void {
@@ -132,17 +122,11 @@ export const useSheetStore = create<SheetState & SheetOperations>()((set, get) =
     setScrollMap: (scrollMap) => apply({ scrollMap }),
 
     setSheet(sheet) {
-      const { id, displayName, focusedBlock, signMap, scrollMap, converters, flagOptions, intResolution } = sheet;
+      const { int, intResolution, numberDefinitions, ...shown } = sheet;
       set({
-        id,
-        displayName,
-        int: new BitInt(sheet.int, intResolution),
-        focusedBlock,
-        signMap,
-        scrollMap,
-        numberDefinitions: keptIfSame(get().numberDefinitions, definitionsFor(intResolution, sheet.numberDefinitions)),
-        converters,
-        flagOptions,
+        ...shown,
+        int: new BitInt(int, intResolution),
+        numberDefinitions: keptIfSame(get().numberDefinitions, definitionsFor(intResolution, numberDefinitions)),
         revision: get().revision + 1,
       });
     },
@@ -160,8 +144,8 @@ export const useSheetStore = create<SheetState & SheetOperations>()((set, get) =
 
 // The same rows as before stay the same list, so that nothing is laid out again for another sheet of the same shape.
 function keptIfSame(before: readonly NumberDefinition[], after: readonly NumberDefinition[]) {
-  const isSame = ({ type, bits, visible }: NumberDefinition, at: number) => {
-    const old = before[at];
+  const isSame = ({ type, bits, visible }: NumberDefinition, index: number) => {
+    const old = before[index];
     return old?.type === type && old.bits === bits && old.visible === visible;
   };
   return before.length === after.length && after.every(isSame) ? before : after;
@@ -170,42 +154,3 @@ function keptIfSame(before: readonly NumberDefinition[], after: readonly NumberD
 export function isFocused({ focusedBlock }: SheetState, type: NumberType, width: number, index: number): boolean {
   return focusedBlock[0] === type && focusedBlock[1] === width && focusedBlock[2] === index;
 }
-
-/** The active sheet as the sheets store last held it, to tell our own changes from those of others. */
-let known: BitsSheet | undefined;
-let isPassingOn = false;
-
-function passOn(id: string | null, changes: Changes): void {
-  if (id === null) return;
-  const stored = useSheetsStore.getState().sheets.get(id);
-  const fields = sheetChanges(changes);
-  if (stored && !differs(stored, fields)) return;
-  isPassingOn = true;
-  try {
-    useSheetsStore.getState().updateSheet(id, fields);
-  } finally {
-    isPassingOn = false;
-  }
-}
-
-function sheetChanges({ int, ...others }: Changes): SheetChanges {
-  return int ? { ...others, int: int.value, intResolution: int.resolution } : others;
-}
-
-// An edit that leaves everything as it was, such as Enter in an untouched field, makes no document unsaved.
-function differs(sheet: BitsSheet, changes: SheetChanges): boolean {
-  return (Object.keys(changes) as (keyof SheetChanges)[]).some((field) => sheet[field] !== changes[field]);
-}
-
-/** Shows the active sheet whenever it is another one or was changed by someone else. */
-function follow(): void {
-  const sheet = useSheetsStore.getState().getActiveSheet();
-  if (sheet === known) return;
-  known = sheet;
-  if (isPassingOn) return;
-  if (sheet) useSheetStore.getState().setSheet(sheet);
-  else useSheetStore.getState().reset();
-}
-
-useSheetsStore.subscribe(follow);
-follow();

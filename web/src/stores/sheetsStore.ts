@@ -8,19 +8,11 @@ import { Loading } from '../document/loading';
 import type { WordsDocumentData } from '../document/schema';
 import { postDocumentUpdate, resumeDocumentUpdates, suspendDocumentUpdates } from '../host/editorExtension';
 import { isVsCode } from '../host/hostFlags';
-import { BitsSheet, createSheet, type SheetChanges } from '../model/sheet/bitsSheet';
+import { createSheet, isDocumentChange, type BitsSheet, type SheetChanges } from '../model/sheet/bitsSheet';
 import { RECORD_VERSION } from './persistedState';
-import { flushRecord, RECORD_KEY, recordKeeper } from './persistStorage';
+import { flushRecord, persistStorage, RECORD_KEY } from './persistStorage';
+import type { SheetsState } from './sheetsState';
 import { sheetsFromDocument } from './sheetsFromDocument';
-
-export interface SheetsState {
-  /** In the order of the tabs. */
-  readonly sheets: ReadonlyMap<string, BitsSheet>;
-  readonly activeSheetKey: string | null;
-  /** The open document's file; null while no document is open. */
-  readonly documentFile: FileHandle | null;
-  readonly isUnsaved: boolean;
-}
 
 export interface SheetsOperations {
   /** Adds a sheet with a free name and shows it. Opens an untitled document where none is open. */
@@ -49,16 +41,6 @@ export interface SheetsOperations {
 }
 
 const EMPTY: SheetsState = { sheets: new Map(), activeSheetKey: null, documentFile: null, isUnsaved: false };
-
-/** Fields that a document holds; the others are only kept between visits. */
-const DOCUMENT_FIELDS: readonly (keyof SheetChanges)[] = [
-  'displayName',
-  'int',
-  'intResolution',
-  'signMap',
-  'numberDefinitions',
-  'converters',
-];
 
 /** What a change of the document means: it is unsaved, or the editor is told about it soon. */
 function changed(get: () => SheetsOperations): Partial<SheetsState> {
@@ -95,8 +77,7 @@ const createStore: StateCreator<SheetsState & SheetsOperations> = (set, get) => 
       console.error(`Sheet with id ${id} not found for update.`);
       return;
     }
-    const isDocumentChange = DOCUMENT_FIELDS.some((field) => field in changes);
-    set({ sheets: new Map(sheets).set(id, sheet.with(changes)), ...(isDocumentChange && changed(get)) });
+    set({ sheets: new Map(sheets).set(id, sheet.with(changes)), ...(isDocumentChange(changes) && changed(get)) });
   },
 
   setActiveSheet(id) {
@@ -147,7 +128,7 @@ export const useSheetsStore = create<SheetsState & SheetsOperations>()(
   persist(createStore, {
     name: RECORD_KEY,
     version: RECORD_VERSION,
-    storage: recordKeeper,
+    storage: persistStorage,
     partialize: ({ sheets, activeSheetKey, documentFile, isUnsaved }) => ({
       sheets,
       activeSheetKey,

@@ -1,20 +1,20 @@
 import { vsCodeApi } from '../host/hostFlags';
 
 /** Where the record is kept. Nothing here throws: a browser may refuse storage, and then nothing is kept. */
-export interface RecordPlace {
+export interface StorageBackend {
   read(key: string): string | null;
   write(key: string, text: string): boolean;
   remove(key: string): void;
 }
 
-const browserStorage: RecordPlace = {
+const browserStorage: StorageBackend = {
   read: (key) => attempt(() => localStorage.getItem(key), null),
   write: (key, text) => attempt(() => (localStorage.setItem(key, text), true), false),
   remove: (key) => attempt(() => localStorage.removeItem(key), undefined),
 };
 
 /** The editor extension keeps one state object for the page; the record is one of its members. */
-const extensionState: RecordPlace = {
+const extensionState: StorageBackend = {
   read(key) {
     const text = extensionMembers()[key];
     return typeof text === 'string' ? text : null;
@@ -29,7 +29,7 @@ const extensionState: RecordPlace = {
   },
 };
 
-export const recordPlace: RecordPlace = vsCodeApi ? extensionState : browserStorage;
+export const storageBackend: StorageBackend = vsCodeApi ? extensionState : browserStorage;
 
 function extensionMembers(): Record<string, unknown> {
   const state = vsCodeApi?.getState();

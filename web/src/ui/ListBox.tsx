@@ -1,5 +1,5 @@
 import { useLayoutEffect, useRef, type KeyboardEvent } from 'react';
-import { stepThrough } from './rovingFocus';
+import { moveRovingFocus } from './rovingFocus';
 
 export interface ListGroup {
   /** Shown above the group; a group without one is the whole list. */
@@ -34,7 +34,7 @@ export function ListBox({ labelledBy, groups, isChosen, onChoose, multiple }: Li
       event.preventDefault();
       return onChoose(id);
     }
-    stepThrough(event, optionElements(), columns);
+    moveRovingFocus(event, optionElements(), columns);
     seekByLetter(event, optionElements());
   };
 

@@ -1,6 +1,6 @@
 import { useLayoutEffect, useRef, type KeyboardEvent, type RefObject } from 'react';
 import { Popup } from './Popup';
-import { stepThrough } from './rovingFocus';
+import { moveRovingFocus } from './rovingFocus';
 
 interface PopupMenuProps {
   anchor: RefObject<HTMLElement | null>;
@@ -20,7 +20,7 @@ export function PopupMenu({ anchor, name, items, onChoose, onClose }: PopupMenuP
     onClose();
     onChoose(id);
   };
-  const onKeyDown = (event: KeyboardEvent) => stepThrough(event, [...menu.current!.querySelectorAll('button')]);
+  const onKeyDown = (event: KeyboardEvent) => moveRovingFocus(event, [...menu.current!.querySelectorAll('button')]);
 
   return (
     <Popup anchor={anchor} className="menu" onClose={onClose}>

@@ -3,7 +3,7 @@ import type { ColorNotation } from '../../model/color/formatColor';
 import { useSheetStore } from '../../stores/sheetStore';
 import type { MoveFocus } from './word/BlockFrame';
 import { ColorBlock } from './word/ColorBlock';
-import type { RowScrolls } from './scrollSync';
+import type { ScrollSync } from './scrollSync';
 import { rowTexts } from './word/rowTexts';
 import { partsInView, type RowGeometry } from './layout/sheetGeometry';
 import { WordBlock } from './word/WordBlock';
@@ -14,7 +14,7 @@ interface RowViewProps {
   isNear: boolean;
   viewWidth: number;
   pixelRatio: number;
-  scrolls: RowScrolls;
+  scrollSync: ScrollSync;
   onMove: MoveFocus;
 }
 
@@ -40,22 +40,22 @@ interface RowBlocksProps extends RowViewProps {
   onNotation: (notation: ColorNotation) => void;
 }
 
-function RowBlocks({ row, viewWidth, pixelRatio, scrolls, onMove, notation, onNotation }: RowBlocksProps) {
+function RowBlocks({ row, viewWidth, pixelRatio, scrollSync, onMove, notation, onNotation }: RowBlocksProps) {
   const { key, type, bits, count, blockWidth } = row;
   const texts = useMemo(() => rowTexts(row), [row]);
   const scroller = useRef<HTMLDivElement>(null);
-  const [scrolled, setScrolled] = useState(() => scrolls.position(key));
+  const [scrolled, setScrolled] = useState(() => scrollSync.position(key));
   const focusedIndex = useSheetStore(({ focusedBlock }) =>
     focusedBlock[0] === type && focusedBlock[1] === bits && focusedBlock[2] < count ? focusedBlock[2] : -1,
   );
-  useLayoutEffect(() => scrolls.attachRow(key, scroller.current!), [scrolls, key]);
+  useLayoutEffect(() => scrollSync.attachRow(key, scroller.current!), [scrollSync, key]);
 
   const placesAt = (position: number) => partsInView(count, blockWidth, position, viewWidth, MARGIN);
   const onScroll = useCallback(() => {
     const position = scroller.current!.scrollLeft;
-    scrolls.rowScrolled(key, position);
+    scrollSync.rowScrolled(key, position);
     setScrolled((before) => (`${placesAt(before)}` === `${placesAt(position)}` ? before : position));
-  }, [scrolls, row, viewWidth]);
+  }, [scrollSync, row, viewWidth]);
 
   const [first, last] = placesAt(Math.min(scrolled, Math.max(0, count * blockWidth - viewWidth)));
   return (

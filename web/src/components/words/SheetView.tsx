@@ -2,7 +2,7 @@ import { useCallback, useLayoutEffect, useMemo, useRef, useState, type PointerEv
 import { useSheetStore } from '../../stores/sheetStore';
 import { Minimap } from './Minimap';
 import { focusWord, neighbour } from './wordNavigation';
-import { RowScrolls } from './scrollSync';
+import { ScrollSync } from './scrollSync';
 import { RowView } from './RowView';
 import { sheetGeometry, type RowGeometry, type SheetGeometry } from './layout/sheetGeometry';
 import { digitWidth, usePixelRatio, useViewSize } from './layout/useViewport';
@@ -31,7 +31,7 @@ export function SheetView({ onOverflow }: SheetViewProps) {
   const definitions = useSheetStore((sheet) => sheet.numberDefinitions);
   const converters = useSheetStore((sheet) => sheet.converters);
   const sheetId = useSheetStore((sheet) => sheet.id);
-  const [scrolls] = useState(() => new RowScrolls());
+  const [scrollSync] = useState(() => new ScrollSync());
 
   const viewWidth = (size?.width ?? 0) - LABELS_WIDTH - SIDE;
   const geometry = useMemo(
@@ -43,15 +43,15 @@ export function SheetView({ onOverflow }: SheetViewProps) {
 
   useLayoutEffect(() => onOverflow(geometry.overflows), [geometry.overflows, onOverflow]);
   useLayoutEffect(() => {
-    scrolls.attachView(view.current);
-    scrolls.restore(sheetId, useSheetStore.getState().scrollMap);
+    scrollSync.attachView(view.current);
+    scrollSync.restore(sheetId, useSheetStore.getState().scrollMap);
     setScrolled(view.current!.scrollTop);
-  }, [scrolls, sheetId, size !== undefined]);
-  useLayoutEffect(() => () => scrolls.store(), [scrolls]);
+  }, [scrollSync, sheetId, size !== undefined]);
+  useLayoutEffect(() => () => scrollSync.store(), [scrollSync]);
 
   const onScroll = () => {
     const position = view.current!.scrollTop;
-    scrolls.viewScrolled(position);
+    scrollSync.viewScrolled(position);
     setScrolled((before) => (sameRows(geometry, before, position, viewHeight) ? before : position));
   };
 
@@ -76,7 +76,7 @@ export function SheetView({ onOverflow }: SheetViewProps) {
               isNear={isNear(row, top, viewHeight) || row.key === focusedRow}
               viewWidth={viewWidth}
               pixelRatio={pixelRatio}
-              scrolls={scrolls}
+              scrollSync={scrollSync}
               onMove={onMove}
             />
           ))}

@@ -12,7 +12,7 @@ const SAME_POSITION = 1;
  * Scroll positions of the sheet that is shown. The elements know them best; here is what outlives them, and what is
  * stored once the scrolling has come to rest.
  */
-export class RowScrolls {
+export class ScrollSync {
   private readonly rows = new Map<string, HTMLElement>();
   private view: HTMLElement | null = null;
   private sheetId: string | null = null;

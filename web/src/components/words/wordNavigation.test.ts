@@ -1,6 +1,7 @@
 import { expect, test } from 'vitest';
 import { definitionsFor } from '../../model/sheet/numberDefinitions';
-import { neighbour, type Direction } from './wordNavigation';
+import type { Direction } from '../../commands/wordCommands';
+import { neighbour } from './wordNavigation';
 import { sheetGeometry } from './layout/sheetGeometry';
 
 const definitions = definitionsFor(64);

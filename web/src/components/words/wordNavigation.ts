@@ -1,8 +1,7 @@
+import type { Direction } from '../../commands/wordCommands';
 import { flushSync } from 'react-dom';
 import { useSheetStore } from '../../stores/sheetStore';
 import type { RowGeometry } from './layout/sheetGeometry';
-
-export type Direction = 'left' | 'right' | 'up' | 'down';
 
 /** Identifier of a word's element. */
 export function blockId(rowKey: string, index: number): string {
@@ -19,14 +18,14 @@ export function neighbour(
   index: number,
   direction: Direction,
 ): { rowKey: string; index: number } | undefined {
-  const at = rows.findIndex(({ key }) => key === rowKey);
-  const row = rows[at];
+  const position = rows.findIndex(({ key }) => key === rowKey);
+  const row = rows[position];
   if (!row) return undefined;
   if (direction === 'left' || direction === 'right') {
     const next = index + (direction === 'left' ? 1 : -1);
     return next >= 0 && next < row.count ? { rowKey, index: next } : undefined;
   }
-  const target = rows[at + (direction === 'down' ? 1 : -1)];
+  const target = rows[position + (direction === 'down' ? 1 : -1)];
   if (!target) return undefined;
   const topBit = (index + 1) * row.bits - 1;
   return { rowKey: target.key, index: Math.floor(topBit / target.bits) };

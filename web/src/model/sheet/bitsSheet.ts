@@ -27,32 +27,36 @@ export interface BitsSheetFields {
 /** What can change in a sheet; its identifier cannot. */
 export type SheetChanges = Partial<Omit<BitsSheetFields, 'id'>>;
 
-/** One sheet. It never changes: an edit puts a new sheet with the same `id` into the store. */
-export class BitsSheet implements BitsSheetFields {
-  readonly id: string;
-  readonly displayName: string;
-  readonly int: bigint;
-  readonly intResolution: number;
-  readonly focusedBlock: FocusedBlock;
-  readonly signMap: SignMap;
-  readonly scrollMap: ScrollMap;
-  readonly numberDefinitions: readonly NumberDefinition[];
-  readonly converters: readonly string[] | undefined;
-  readonly flagOptions: readonly string[];
+/** Whether documents hold a field, or only the record of this visit does. */
+const HOLDERS: Readonly<Record<keyof SheetChanges, 'document' | 'record'>> = {
+  displayName: 'document',
+  int: 'document',
+  intResolution: 'document',
+  focusedBlock: 'record',
+  signMap: 'document',
+  scrollMap: 'record',
+  numberDefinitions: 'document',
+  converters: 'document',
+  flagOptions: 'record',
+};
 
+/** The fields that can change. */
+export const SHEET_FIELDS = Object.keys(HOLDERS) as readonly (keyof SheetChanges)[];
+
+/** Whether a change touches what documents hold. */
+export function isDocumentChange(changes: SheetChanges): boolean {
+  return SHEET_FIELDS.some((field) => field in changes && HOLDERS[field] === 'document');
+}
+
+// A class of its own, so that the record of the open document can name it, with the fields that the interface lists.
+const WithFields = class {
   constructor(fields: BitsSheetFields) {
-    this.id = fields.id;
-    this.displayName = fields.displayName;
-    this.int = fields.int;
-    this.intResolution = fields.intResolution;
-    this.focusedBlock = fields.focusedBlock;
-    this.signMap = fields.signMap;
-    this.scrollMap = fields.scrollMap;
-    this.numberDefinitions = fields.numberDefinitions;
-    this.converters = fields.converters;
-    this.flagOptions = fields.flagOptions;
+    Object.assign(this, fields);
   }
+} as new (fields: BitsSheetFields) => BitsSheetFields;
 
+/** One sheet. It never changes: an edit puts a new sheet with the same `id` into the store. */
+export class BitsSheet extends WithFields {
   /** This sheet with some fields changed. */
   with(changes: SheetChanges): BitsSheet {
     return new BitsSheet({ ...this, ...changes });

@@ -6,7 +6,9 @@ import { useSheetStore } from '../../../stores/sheetStore';
 import { bitAt, cellOf, type BitFieldLayout } from '../layout/bitFieldLayout';
 import { useBitFieldPalette } from './bitFieldPalette';
 import { BitFieldPainter } from './bitFieldPainter';
-import { showBit, useBitReadout } from './activeBit';
+import { activeBitState, showBit } from './activeBit';
+import { BIT_FIELD_COMMANDS } from '../../../commands/bitFieldCommands';
+import { runCommand } from '../../../commands/command';
 
 export const READOUT_ID = 'bit-readout';
 
@@ -31,9 +33,8 @@ export const BitField = memo(function BitField({ name, layout, pixelRatio, index
 
   useLayoutEffect(() => {
     painter.show(canvas.current!, { layout, pixelRatio, palette, digits });
-    const { readout } = useBitReadout.getState();
-    const isShown = readout && painter.isMarked && readout.width === width && readout.index === index;
-    if (isShown) read(readout.bit);
+    const { bit } = activeBitState;
+    if (bit && painter.isMarked && bit.width === width && bit.index === index) read(bit.bit);
   }, [layout, pixelRatio, palette, digits, signed]);
   useLayoutEffect(() => () => void (painter.isMarked && showBit(undefined)), []);
 
@@ -85,14 +86,14 @@ export const BitField = memo(function BitField({ name, layout, pixelRatio, index
   };
 
   const onKeyDown = (event: KeyboardEvent) => {
-    if (event.altKey || event.metaKey) return;
-    const at = cursor.current;
-    const next = cursorAfter(event, at, layout);
-    if (next === undefined && event.key !== ' ') return;
-    event.preventDefault();
-    if (event.key === ' ') setBit(at, !isSet(at));
-    if (event.key === '0' || event.key === '1') setBit(at, event.key === '1');
-    moveCursor(next ?? at);
+    runCommand(BIT_FIELD_COMMANDS, event, {
+      bits: width,
+      bitsPerLine: layout.bitsPerLine,
+      cursor: () => cursor.current,
+      moveCursor,
+      toggle: (bit) => setBit(bit, !isSet(bit)),
+      write: setBit,
+    });
   };
   const onFocus = ({ currentTarget }: FocusEvent) => {
     if (currentTarget.matches(':focus-visible')) moveCursor(cursor.current);
@@ -125,30 +126,6 @@ export const BitField = memo(function BitField({ name, layout, pixelRatio, index
     />
   );
 });
-
-/** Where a key moves the cursor to; undefined for keys that do not. The most significant bit is at the left. */
-function cursorAfter(event: KeyboardEvent, at: number, { bits, bitsPerLine }: BitFieldLayout): number | undefined {
-  const step = event.ctrlKey ? 8 : 1;
-  switch (event.key) {
-    case 'ArrowLeft':
-      return at + step;
-    case 'ArrowRight':
-      return at - step;
-    case 'ArrowUp':
-      return at + bitsPerLine < bits ? at + bitsPerLine : at;
-    case 'ArrowDown':
-      return at - bitsPerLine >= 0 ? at - bitsPerLine : at;
-    case 'Home':
-      return bits - 1;
-    case 'End':
-      return 0;
-    case '0':
-    case '1':
-      return at - 1;
-    default:
-      return undefined;
-  }
-}
 
 /** The bits that a stroke passes from one to another: those between them when they share a line. */
 function bitsBetween({ bits, bitsPerLine }: BitFieldLayout, from: number, to: number): number[] {

@@ -1,19 +1,18 @@
 import { useTranslation } from 'react-i18next';
+import { useSnapshot } from 'valtio';
 import { READOUT_ID } from './BitField';
-import { bitWeight, useBitReadout } from './activeBit';
+import { activeBitState, bitWeight } from './activeBit';
 
 /** Says the bit under the pointer or the keyboard's cursor, also to screen readers. */
 export function BitStatus() {
   const { t } = useTranslation();
-  const readout = useBitReadout((state) => state.readout);
+  const { bit } = useSnapshot(activeBitState);
   return (
     <div id={READOUT_ID} className="bit-status" role="status">
-      {readout && (
+      {bit && (
         <>
-          <span>
-            {t('words.bit', { bit: readout.bit, number: readout.index + 1, value: readout.isSet ? '1' : '0' })}
-          </span>{' '}
-          <span className="bit-weight">{t('words.weight', { weight: bitWeight(readout) })}</span>
+          <span>{t('words.bit', { bit: bit.bit, number: bit.index + 1, value: bit.isSet ? '1' : '0' })}</span>{' '}
+          <span className="bit-weight">{t('words.weight', { weight: bitWeight(bit) })}</span>
         </>
       )}
     </div>

@@ -1,7 +1,7 @@
-import { create } from 'zustand';
+import { proxy } from 'valtio';
 
 /** The bit under the pointer or the keyboard's cursor. */
-export interface BitReadout {
+export interface ActiveBit {
   readonly width: number;
   /** Of the word, counted from 0. */
   readonly index: number;
@@ -10,14 +10,14 @@ export interface BitReadout {
   readonly signed: boolean;
 }
 
-export const useBitReadout = create<{ readout: BitReadout | undefined }>()(() => ({ readout: undefined }));
+export const activeBitState = proxy<{ bit: ActiveBit | undefined }>({ bit: undefined });
 
-export function showBit(readout: BitReadout | undefined): void {
-  useBitReadout.setState({ readout });
+export function showBit(bit: ActiveBit | undefined): void {
+  activeBitState.bit = bit;
 }
 
 /** What a set bit adds to its word's value, such as 2^7 = 128; the top bit of a signed word takes away. */
-export function bitWeight({ width, bit, signed }: BitReadout): string {
+export function bitWeight({ width, bit, signed }: ActiveBit): string {
   const sign = signed && bit === width - 1 ? '−' : '';
   const power = `${sign}2^${bit}`;
   return bit < LONGEST_WRITTEN_WEIGHT ? `${power} = ${sign}${(1n << BigInt(bit)).toLocaleString('en')}` : power;

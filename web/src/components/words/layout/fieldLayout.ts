@@ -18,7 +18,7 @@ export interface FieldPlace {
   readonly lines: number;
 }
 
-export interface FieldFlow {
+export interface FieldLayout {
   /** The main field, then one per converter. */
   readonly places: readonly FieldPlace[];
   readonly height: number;
@@ -35,12 +35,12 @@ export function convertersFor(converters: readonly Converter[], bits: number): C
  * @param boxWidth - pixels for both columns
  * @param charWidth - pixels of one digit
  */
-export function flowFields(
+export function layoutFields(
   bits: number,
   converters: readonly Converter[],
   boxWidth: number,
   charWidth: number,
-): FieldFlow {
+): FieldLayout {
   const half = (boxWidth - FIELD_GAP) / 2;
   const lengths = [decimalLength(bits), ...converters.map((converter) => longestText(converter, bits))];
   const fields = lengths.map((length, position) => {

@@ -4,7 +4,7 @@ import { definitionLabel, definitionShortLabel, shownDefinitions } from '../../.
 import type { NumberDefinition, NumberType } from '../../../model/sheet/numberDefinitions';
 import { wordCount } from '../../../model/integer/wordLayout';
 import { bitFieldLayout, type BitFieldLayout } from './bitFieldLayout';
-import { convertersFor, flowFields, type FieldFlow } from './fieldLayout';
+import { convertersFor, layoutFields, type FieldLayout } from './fieldLayout';
 
 /** Width of a byte in every row, in pixels: words below each other are aligned. */
 const NARROWEST_BYTE = 140;
@@ -32,7 +32,7 @@ export interface RowGeometry {
   /** The part of a block that stays in view while the row scrolls. */
   readonly boxWidth: number;
   readonly converters: readonly Converter[];
-  readonly fields: FieldFlow;
+  readonly fields: FieldLayout;
   readonly bitField: BitFieldLayout;
 }
 
@@ -97,7 +97,7 @@ function rowGeometry(definition: NumberDefinition, count: number, top: number, s
   const blockWidth = (bits / 8) * shared.byteWidth;
   const boxWidth = Math.min(blockWidth, Math.max(shared.viewWidth, NARROWEST_BYTE)) - 2 * BLOCK_PADDING_X;
   const converters = convertersFor(shared.active, bits);
-  const fields = flowFields(bits, converters, boxWidth, shared.charWidth);
+  const fields = layoutFields(bits, converters, boxWidth, shared.charWidth);
   const labelled = converters.some(({ kind }) => kind === 'float') && floatFormatFor(bits) !== undefined;
   const bitField = bitFieldLayout(bits, blockWidth, boxWidth, labelled);
   const body = type === 'color32' ? colorHeight(boxWidth) : headerHeight(bits) + fields.height + bitField.height;

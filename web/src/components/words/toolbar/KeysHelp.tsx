@@ -1,10 +1,9 @@
 import { useLayoutEffect, useRef, useState } from 'react';
 import { useTranslation } from 'react-i18next';
 import { Popup } from '../../../ui/Popup';
+import { KEY_GROUPS } from '../../../commands/keyList';
 
-const KEYS = ['words', 'commit', 'restore', 'bits', 'toggle', 'write'] as const;
-
-/** Tells the keys that cannot be seen on the page. */
+/** Lists every key that the page acts on. */
 export function KeysHelp() {
   const { t } = useTranslation();
   const button = useRef<HTMLButtonElement>(null);
@@ -12,7 +11,7 @@ export function KeysHelp() {
   return (
     <>
       <button ref={button} type="button" aria-haspopup="dialog" aria-expanded={isOpen} onClick={() => setOpen(!isOpen)}>
-        {t('words.keys.title')}
+        {t('words.keys')}
       </button>
       {isOpen && (
         <Popup anchor={button} className="keys" onClose={() => setOpen(false)}>
@@ -28,15 +27,20 @@ function KeysList() {
   const dialog = useRef<HTMLDivElement>(null);
   useLayoutEffect(() => dialog.current!.focus(), []);
   return (
-    <div ref={dialog} role="dialog" tabIndex={-1} aria-label={t('words.keys.title')}>
-      <dl>
-        {KEYS.map((key) => (
-          <div key={key}>
-            <dt>{t(`words.keys.${key}.keys`)}</dt>
-            <dd>{t(`words.keys.${key}.effect`)}</dd>
-          </div>
-        ))}
-      </dl>
+    <div ref={dialog} role="dialog" tabIndex={-1} aria-label={t('words.keys')}>
+      {KEY_GROUPS.map(({ title, entries }) => (
+        <section key={title} aria-label={t(title)}>
+          <h2>{t(title)}</h2>
+          <dl>
+            {entries.map(({ id, keys, label }) => (
+              <div key={id}>
+                <dt>{keys}</dt>
+                <dd>{t(label)}</dd>
+              </div>
+            ))}
+          </dl>
+        </section>
+      ))}
     </div>
   );
 }

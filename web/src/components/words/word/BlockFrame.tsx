@@ -1,6 +1,8 @@
 import { type FocusEvent, type KeyboardEvent, type ReactNode } from 'react';
 import { isFocused, useSheetStore } from '../../../stores/sheetStore';
-import { blockId, type Direction } from '../wordNavigation';
+import { runCommand } from '../../../commands/command';
+import { WORD_COMMANDS, type Direction } from '../../../commands/wordCommands';
+import { blockId } from '../wordNavigation';
 import { blockName } from './rowTexts';
 import { BLOCK_PADDING_X, type RowGeometry } from '../layout/sheetGeometry';
 
@@ -17,13 +19,6 @@ interface BlockFrameProps {
   children?: ReactNode;
 }
 
-const DIRECTIONS: Record<string, Direction> = {
-  ArrowLeft: 'left',
-  ArrowRight: 'right',
-  ArrowUp: 'up',
-  ArrowDown: 'down',
-};
-
 /** The place of one word in its row. A press or the focus in it makes it the focused word. */
 export function BlockFrame({ row, index, onMove, box, children }: BlockFrameProps) {
   const { type, bits, count, blockWidth, boxWidth } = row;
@@ -31,11 +26,8 @@ export function BlockFrame({ row, index, onMove, box, children }: BlockFrameProp
   const focus = () => useSheetStore.getState().focus(type, bits, index);
 
   const onKeyDown = (event: KeyboardEvent) => {
-    const direction = DIRECTIONS[event.key];
-    if (!direction || !event.altKey || event.ctrlKey || event.metaKey || event.shiftKey) return;
-    event.preventDefault();
     const part = (event.target as Element).closest('[data-part]')?.getAttribute('data-part') ?? 'value';
-    onMove(row.key, index, direction, part);
+    runCommand(WORD_COMMANDS, event, { move: (direction) => onMove(row.key, index, direction, part) });
   };
 
   return (

@@ -1,4 +1,6 @@
 import { useLayoutEffect, useRef, type FocusEvent, type KeyboardEvent } from 'react';
+import { runCommand } from '../../../commands/command';
+import { FIELD_COMMANDS } from '../../../commands/fieldCommands';
 import type { FieldPlace } from '../layout/fieldLayout';
 
 interface DigitsFieldProps {
@@ -42,15 +44,14 @@ export function DigitsField(props: DigitsFieldProps) {
     const isChord = event.ctrlKey || event.metaKey || event.altKey;
     if (readOnly && !isChord && !ALWAYS_ACTING.has(event.key)) return swallow(event);
     if (event.nativeEvent.isComposing) return;
-    if (event.key === 'Enter') {
-      event.preventDefault();
+    const field = event.currentTarget;
+    const isTaken = runCommand(FIELD_COMMANDS, event, {
+      isAltered: () => field.value !== unaltered.current,
       // No change of the word will bring our own way of writing it.
-      if (onCommit(event.currentTarget.value)) show(shown);
-    }
-    if (event.key === 'Escape' && event.currentTarget.value !== unaltered.current) {
-      event.stopPropagation();
-      show(restored);
-    }
+      commit: () => void (onCommit(field.value) && show(shown)),
+      restore: () => show(restored),
+    });
+    if (isTaken) event.stopPropagation();
   };
 
   const shared = {

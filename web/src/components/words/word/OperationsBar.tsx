@@ -1,7 +1,6 @@
 import { memo, useRef, useState } from 'react';
 import { i18next } from '../../../i18n';
-import { useSheetStore } from '../../../stores/sheetStore';
-import { directOperations, WORD_OPERATIONS, type WordOperation } from '../../../commands/wordOperations';
+import { directOperations, WORD_OPERATIONS, type WordOperation } from '../../../commands/wordCommands';
 import { PopupMenu } from '../../../ui/PopupMenu';
 
 interface OperationsBarProps {
@@ -22,7 +21,7 @@ export const OperationsBar = memo(function OperationsBar({ width, index }: Opera
           data-part={operation.id}
           aria-label={operationName(operation)}
           title={operationName(operation)}
-          onClick={() => operation.run(useSheetStore.getState(), index, width)}
+          onClick={() => operation.run({ width, index })}
         >
           {operation.icon}
         </button>
@@ -60,7 +59,7 @@ function MoreOperations({ width, index, operations }: OperationsBarProps & { ope
             icon: operation.icon,
             label: operationName(operation),
           }))}
-          onChoose={(id) => WORD_OPERATIONS.find((each) => each.id === id)!.run(useSheetStore.getState(), index, width)}
+          onChoose={(id) => WORD_OPERATIONS.find((each) => each.id === id)!.run({ width, index })}
           onClose={() => setOpen(false)}
         />
       )}
@@ -68,6 +67,6 @@ function MoreOperations({ width, index, operations }: OperationsBarProps & { ope
   );
 }
 
-function operationName({ id }: WordOperation): string {
-  return i18next.t(`words.operations.${id}`);
+function operationName({ label }: WordOperation): string {
+  return i18next.t(label);
 }

@@ -1,0 +1,96 @@
+// @vitest-environment jsdom
+import { describe, expect, test, vi } from 'vitest';
+import { BIT_FIELD_COMMANDS } from './bitFieldCommands';
+import { isOffered, runCommand, shortcutLabel, type Command } from './command';
+import { DOCUMENT_COMMANDS, PAGE_COMMANDS } from './documentCommands';
+import { FIELD_COMMANDS } from './fieldCommands';
+import { KEY_GROUPS } from './keyList';
+import { TAB_COMMANDS } from './tabCommands';
+import { WORD_COMMANDS } from './wordCommands';
+
+function press(key: string, repeat = false) {
+  const modifiers = { ctrlKey: false, metaKey: false, altKey: false, shiftKey: false };
+  return { ...modifiers, key, repeat, preventDefault: vi.fn() };
+}
+
+function command(changes: Partial<Command<string>> = {}) {
+  const run = vi.fn();
+  return { run, commands: [{ id: 'x', keys: ['F2', 'F3'], label: 'ui.new', run, ...changes }] as Command<string>[] };
+}
+
+describe('a pressed key', () => {
+  test('runs its command on the target and is kept from the browser', () => {
+    const { run, commands } = command();
+    const event = press('F3');
+    expect(runCommand(commands, event, 'target')).toBe(true);
+    expect(run).toHaveBeenCalledExactlyOnceWith('target', 'F3');
+    expect(event.preventDefault).toHaveBeenCalledOnce();
+  });
+
+  test('of no command is left alone', () => {
+    const { run, commands } = command();
+    const event = press('F4');
+    expect(runCommand(commands, event, 'target')).toBe(false);
+    expect(run).not.toHaveBeenCalled();
+    expect(event.preventDefault).not.toHaveBeenCalled();
+  });
+
+  test('is kept from the browser also where its command cannot be done now', () => {
+    const { run, commands } = command({ when: () => false });
+    const event = press('F2');
+    expect(runCommand(commands, event, 'target')).toBe(true);
+    expect(run).not.toHaveBeenCalled();
+    expect(event.preventDefault).toHaveBeenCalledOnce();
+  });
+
+  test('is left to the browser by a command that yields', () => {
+    const { commands } = command({ when: () => false, yields: true });
+    const event = press('F2');
+    expect(runCommand(commands, event, 'target')).toBe(false);
+    expect(event.preventDefault).not.toHaveBeenCalled();
+  });
+
+  test.each([
+    { repeats: false, runs: 0 },
+    { repeats: true, runs: 1 },
+  ])('that is held runs a command with repeats $repeats $runs more times', ({ repeats, runs }) => {
+    const { run, commands } = command({ repeats });
+    expect(runCommand(commands, press('F2', true), 'target')).toBe(true);
+    expect(run).toHaveBeenCalledTimes(runs);
+  });
+
+  test('belongs to the host where the command names other hosts', () => {
+    const { run, commands } = command({ hosts: ['native', 'editor'] });
+    expect(runCommand(commands, press('F2'), 'target')).toBe(false);
+    expect(run).not.toHaveBeenCalled();
+    expect(shortcutLabel(commands[0]!)).toBeUndefined();
+  });
+});
+
+describe('the list of keys', () => {
+  const all = [
+    DOCUMENT_COMMANDS,
+    PAGE_COMMANDS,
+    TAB_COMMANDS,
+    WORD_COMMANDS,
+    FIELD_COMMANDS,
+    BIT_FIELD_COMMANDS,
+  ] as const;
+
+  test('names every command that has keys in this host', () => {
+    const offered = all.flat().filter((each) => each.keys.length > 0 && isOffered(each));
+    expect(KEY_GROUPS.flatMap(({ entries }) => entries.map(({ id }) => id))).toEqual(offered.map(({ id }) => id));
+  });
+
+  test('has no key twice among commands that can act at the same place', () => {
+    const everywhere = [...DOCUMENT_COMMANDS, ...PAGE_COMMANDS];
+    for (const local of [
+      TAB_COMMANDS,
+      [...WORD_COMMANDS, ...FIELD_COMMANDS],
+      [...WORD_COMMANDS, ...BIT_FIELD_COMMANDS],
+    ]) {
+      const keys = [...everywhere, ...local].flatMap((each) => each.keys as readonly string[]);
+      expect(new Set(keys).size).toBe(keys.length);
+    }
+  });
+});

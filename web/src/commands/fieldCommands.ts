@@ -1,0 +1,20 @@
+import type { Command } from './command';
+
+/** A text field that takes effect only when it is told to. */
+export interface FieldTarget {
+  readonly isAltered: () => boolean;
+  readonly commit: () => void;
+  readonly restore: () => void;
+}
+
+export const FIELD_COMMANDS: readonly Command<FieldTarget>[] = [
+  { id: 'field.commit', keys: ['Enter'], label: 'commands.field.commit', run: ({ commit }) => commit() },
+  {
+    id: 'field.restore',
+    keys: ['Escape'],
+    label: 'commands.field.restore',
+    when: ({ isAltered }) => isAltered(),
+    yields: true,
+    run: ({ restore }) => restore(),
+  },
+];

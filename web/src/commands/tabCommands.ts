@@ -1,0 +1,31 @@
+import type { Command } from './command';
+
+/** One sheet's tab in the strip of tabs. */
+export interface TabTarget {
+  readonly isClosable: boolean;
+  readonly rename: () => void;
+  readonly close: () => void;
+  /** Shows a neighbour of the active tab, or the first or last of all tabs. */
+  readonly show: (place: 'previous' | 'next' | 'first' | 'last') => void;
+}
+
+const PLACES = { ArrowLeft: 'previous', ArrowRight: 'next', Home: 'first', End: 'last' } as const;
+
+export const TAB_COMMANDS: readonly Command<TabTarget>[] = [
+  {
+    id: 'tab.show',
+    keys: Object.keys(PLACES),
+    label: 'commands.tab.show',
+    repeats: true,
+    run: ({ show }, chord) => show(PLACES[chord as keyof typeof PLACES]),
+  },
+  { id: 'tab.rename', keys: ['F2'], label: 'commands.tab.rename', run: ({ rename }) => rename() },
+  {
+    id: 'tab.close',
+    keys: ['Delete'],
+    label: 'commands.tab.close',
+    when: ({ isClosable }) => isClosable,
+    repeats: true,
+    run: ({ close }) => close(),
+  },
+];

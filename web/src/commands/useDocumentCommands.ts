@@ -1,0 +1,21 @@
+import { useEffect, useMemo, useRef } from 'react';
+import { useNavigate } from 'react-router';
+import { runCommand } from './command';
+import { DOCUMENT_COMMANDS, PAGE_COMMANDS, type DocumentTarget } from './documentCommands';
+
+/** What the document's commands act on. The same object for as long as the component lives. */
+export function useDocumentTarget(): DocumentTarget {
+  const navigate = useRef(useNavigate());
+  return useMemo(() => ({ navigate: (route) => navigate.current(route) }), []);
+}
+
+/** Lets the keyboard do what the document bar does, wherever the focus is. */
+export function useDocumentKeys(): void {
+  const target = useDocumentTarget();
+  useEffect(() => {
+    const onKeyDown = (event: KeyboardEvent) =>
+      void runCommand([...DOCUMENT_COMMANDS, ...PAGE_COMMANDS], event, target);
+    window.addEventListener('keydown', onKeyDown, { capture: true });
+    return () => window.removeEventListener('keydown', onKeyDown, { capture: true });
+  }, [target]);
+}
