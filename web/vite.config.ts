@@ -8,6 +8,7 @@ import { treePlugin } from './build/treePlugin.ts';
 import metadata from './package.json' with { type: 'json' };
 
 const iconFile = fileURLToPath(new URL('../resources/icon.svg', import.meta.url));
+const decodeEntities = fileURLToPath(new URL('./src/ui/decodeEntities.ts', import.meta.url));
 const packagesFile = fileURLToPath(new URL('../build/page-packages.json', import.meta.url));
 
 // For web servers the page registers its worker. The desktop program's page never does: its port, and with it the
@@ -19,6 +20,7 @@ const cachedToo = ['registerSW.js', '**/*.{ico,png,svg}'];
 
 export default defineConfig({
   base: '/',
+  resolve: { alias: { 'html-entities': decodeEntities } },
   plugins: [
     react(),
     iconPlugin(iconFile),
