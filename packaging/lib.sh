@@ -1,3 +1,4 @@
+# shellcheck shell=bash disable=SC2034
 # Shared by the scripts that make packages: what is packed, where it goes, and how it is told.
 . "$(dirname "${BASH_SOURCE[0]}")/../scripts/lib.sh"
 umask 022

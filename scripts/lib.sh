@@ -1,3 +1,4 @@
+# shellcheck shell=bash disable=SC2034
 # Shared by the scripts in this folder: where things are, and how to say what went wrong.
 set -euo pipefail
 

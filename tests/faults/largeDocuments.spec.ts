@@ -1,7 +1,7 @@
 import { closeSync, openSync, readdirSync, statSync, writeSync } from 'node:fs';
 import { proportionalSize, treeOf } from '../bench/processTree';
 import { sheet } from '../e2e/support/documents';
-import { expect, test, type Place } from '../e2e/support/hostFixtures';
+import { expect, type Place, test } from '../e2e/support/hostFixtures';
 import type { Program } from '../e2e/support/program';
 import { until } from '../e2e/support/until';
 
@@ -95,5 +95,5 @@ async function outcomeOf(program: Program): Promise<string | undefined> {
     /Failed to [^\n]{1,200}|The provided document[^\n]{1,200}/.exec(document.body.innerText)?.[0] ?? '',
   ]);
   if (told) return `told: ${told}`;
-  return bar?.endsWith(NAME) ? 'opened' : undefined;
+  return bar.endsWith(NAME) ? 'opened' : undefined;
 }

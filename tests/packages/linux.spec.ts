@@ -127,7 +127,7 @@ test("a document is recognised, and opening it from the desktop shows it in the 
   const program = await until('the program', () => processOf(join(tree, 'usr/lib/tessary/tessary')));
   try {
     const page = await Inspector.connect(port, () => existsSync(`/proc/${program}`));
-    const text = () => page.evaluate(() => document.body?.innerText ?? '').catch(() => '');
+    const text = () => page.evaluate(() => (document.body as HTMLElement | null)?.innerText ?? '').catch(() => '');
     await until('the document in the window', async () => (await text()).includes('SHA-256 initial hash'));
     page.disconnect();
     expect(readFileSync(logFile, 'utf8')).toContain(`\n[Backend] Opening file: ${file}\n`);

@@ -1,8 +1,8 @@
-import { chromium, expect, test as base, type Page } from '@playwright/test';
+import { chromium, expect, type Page, test as base } from '@playwright/test';
 import { existsSync, mkdtempSync, readFileSync, rmSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
-import { servePage, type PageServer } from '../e2e/support/pageServer';
+import { type PageServer, servePage } from '../e2e/support/pageServer';
 import { dist } from '../e2e/support/paths';
 import { filesIn, run, version, webZip, withoutLicence } from './packages';
 

@@ -101,7 +101,7 @@ const test = base.extend<Fixtures>({
         outputFolder: place.folder,
       });
       processes.push(started);
-      const text = () => page.evaluate(() => document.body?.innerText ?? '').catch(() => '');
+      const text = () => page.evaluate(() => (document.body as HTMLElement | null)?.innerText ?? '').catch(() => '');
       return {
         shows: async (wanted) => {
           await until(`"${wanted}" in the window`, async () => (await text()).includes(wanted));

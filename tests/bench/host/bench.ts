@@ -2,7 +2,7 @@ import { copyFileSync, mkdtempSync, readdirSync, rmSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import { putUnderLoad } from './load.ts';
-import { Served, Session, type Sample } from './session.ts';
+import { type Sample, Served, Session } from './session.ts';
 
 const [root = '.', roundsText = '10'] = process.argv.slice(2);
 const rounds = Number(roundsText);

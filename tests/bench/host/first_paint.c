@@ -1,6 +1,8 @@
-/* Starts a program and tells when its window of 800 by 600 pixels first shows something: first_paint COMMAND ARGUMENT...
-   Prints the process id and the milliseconds since its start, then ends the program when its own input ends.
-   An empty page is of one colour, whatever that is; the first row of pixels with two colours is the first paint. */
+/* Usage: first_paint COMMAND ARGUMENT...
+
+   Starts a program and reports when its window of 800 by 600 pixels first shows something: prints the process id and
+   the milliseconds since its start, then ends the program when its own input ends. An empty page is of one colour,
+   whatever that is; the first row of pixels with two colours is the first paint. */
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <signal.h>

@@ -1,10 +1,9 @@
 // A screen and a home that nobody else uses, and the programs that run there.
-import { spawn, type ChildProcess } from 'node:child_process';
+import { type ChildProcess, spawn } from 'node:child_process';
 import { once } from 'node:events';
 import { copyFileSync, mkdirSync, readdirSync, readFileSync } from 'node:fs';
 import { join } from 'node:path';
 import { createInterface } from 'node:readline';
-import type { Readable } from 'node:stream';
 import { setTimeout as pause } from 'node:timers/promises';
 import { proportionalSize, treeOf } from '../processTree.ts';
 
@@ -16,7 +15,7 @@ interface Speaking {
 
 async function startSpeaking(command: string, options: string[], env: NodeJS.ProcessEnv): Promise<Speaking> {
   const process = spawn(command, options, { env, stdio: ['pipe', 'pipe', 'ignore'] });
-  const lines = createInterface({ input: process.stdout as Readable });
+  const lines = createInterface({ input: process.stdout });
   const [firstLine] = (await once(lines, 'line', { signal: AbortSignal.timeout(60_000) })) as [string];
   return { process, firstLine };
 }

@@ -1,9 +1,9 @@
 // How long the built page takes from its start until it can be used, in Chromium and in the program's own window.
-import { chromium, type Browser } from '@playwright/test';
+import { type Browser, chromium } from '@playwright/test';
 import { execFileSync, spawn } from 'node:child_process';
 import { once } from 'node:events';
 import { copyFileSync, mkdtempSync, rmSync, writeFileSync } from 'node:fs';
-import { createServer, type AddressInfo } from 'node:net';
+import { type AddressInfo, createServer } from 'node:net';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import { fileURLToPath } from 'node:url';
@@ -56,7 +56,7 @@ function shownAt(selector: string): Promise<number> {
 async function inChromium(browser: Browser, url: string, { selector, documentText }: Start): Promise<number> {
   const context = await browser.newContext({ viewport: { width: 800, height: 600 } });
   const page = await context.newPage();
-  await page.addInitScript((text) => {
+  await page.addInitScript((text: string | undefined) => {
     const args = { error: null, filePath: text === undefined ? null : '/bench' };
     Object.assign(window, {
       readFile: async () => ({ success: true, data: text }),

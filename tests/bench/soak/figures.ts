@@ -91,7 +91,7 @@ export function tableOf(samples: Sample[]): string {
     const middle = (figure: (sample: Sample) => number, digits: number, width: number) =>
       median(of.map(figure)).toFixed(digits).padStart(width);
     lines.push(
-      `${String(minute).padStart(8)}` +
+      String(minute).padStart(8) +
         middle(({ host }) => host, 1, 9) +
         middle(({ web }) => web, 1, 9) +
         middle(({ total }) => total, 1, 10) +

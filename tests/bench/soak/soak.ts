@@ -4,7 +4,7 @@ import { fileURLToPath } from 'node:url';
 import { documentText } from '../../e2e/support/documents';
 import { expect, test } from '../../e2e/support/hostFixtures';
 import { Chance } from './chance';
-import { sampleOf, tableOf, verdictOn, type Sample } from './figures';
+import { type Sample, sampleOf, tableOf, verdictOn } from './figures';
 import { User } from './user';
 
 const minutes = Number(process.env.TESSARY_SOAK_MINUTES ?? 30);

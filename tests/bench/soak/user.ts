@@ -4,8 +4,8 @@ import { FileDialog } from '../../e2e/support/dialog';
 import type { Program } from '../../e2e/support/program';
 import { until } from '../../e2e/support/until';
 import type { Chance } from './chance';
-import { ExpectedDocument, sheetsOnDisk, wordNamed, type Word } from './expectedDocument';
-import { reachable, readScreen, watchForRelease, whenReleased, type Screen, type Target } from './screen';
+import { ExpectedDocument, sheetsOnDisk, type Word, wordNamed } from './expectedDocument';
+import { reachable, readScreen, type Screen, type Target, watchForRelease, whenReleased } from './screen';
 
 const FIELD = '[aria-label="Value"]';
 const SHEET = '.sheet-view';

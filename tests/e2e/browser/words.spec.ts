@@ -180,11 +180,11 @@ test.describe('floats', () => {
     await tool.setConverters('FLOAT');
     const { float, value } = tool.word(16, 1);
     await enterText(float, '65504');
-    await expect(value).toHaveValue(`${0x7bff}`);
+    await expect(value).toHaveValue(String(0x7bff));
     await expect(float).toHaveValue('65504.0');
     await enterText(float, '65520');
     await expect(tool.warning).toHaveText('Value 65520 cannot be represented in 16-bit IEEE754 format (overflow)');
-    await expect(value).toHaveValue(`${0x7bff}`);
+    await expect(value).toHaveValue(String(0x7bff));
   });
 
   test('after Escape or leaving the decimal integer is shown until the value changes', async ({ page, enter }) => {
@@ -195,13 +195,13 @@ test.describe('floats', () => {
     await expect(word.float).toHaveValue('1.0');
     await word.float.fill('2');
     await word.float.press('Escape');
-    await expect(word.float).toHaveValue(`${0x3f800000}`);
+    await expect(word.float).toHaveValue(String(0x3f800000));
     await expect(word.float).toBeFocused();
     await enterText(word.base(16), '40000000');
     await expect(word.float).toHaveValue('2.0');
     await word.float.focus();
     await word.value.focus();
-    await expect(word.float).toHaveValue(`${0x40000000}`);
+    await expect(word.float).toHaveValue(String(0x40000000));
   });
 
   test('Escape leaves an unaltered float as it is', async ({ page, enter }) => {

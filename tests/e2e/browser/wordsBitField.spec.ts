@@ -110,10 +110,15 @@ test.describe('bit fields', () => {
     const context = await browser.newContext({ deviceScaleFactor: 2, viewport: { width: 1280, height: 800 } });
     const page = await context.newPage();
     const tool = new WordsTool(page);
-    await tool.open(async () => void (await page.goto(server.url)), { int: 5 });
+    await tool.open(
+      async () => {
+        await page.goto(server.url);
+      },
+      { int: 5 },
+    );
     const { bits } = tool.word(8, 1);
     const [drawn, shown] = await bits.evaluate((canvas: HTMLCanvasElement) => [canvas.width, canvas.clientWidth]);
-    expect(drawn).toBe(2 * shown!);
+    expect(drawn).toBe(2 * shown);
     await context.close();
   });
 });

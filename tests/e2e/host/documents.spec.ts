@@ -3,8 +3,8 @@ import { join } from 'node:path';
 import { FileDialog } from '../support/dialog';
 import { documentText } from '../support/documents';
 import { expect, test } from '../support/hostFixtures';
-import { until } from '../support/until';
 import { barShows, enterValue, savedValues, shown } from '../support/nativeDocument';
+import { until } from '../support/until';
 
 const filters = ['Tessary Files (*.words.tessary;*.tessary)', 'All Files (*.*)'];
 

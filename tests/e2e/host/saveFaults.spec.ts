@@ -1,7 +1,7 @@
 import { copyOf, expectWholeAfterKill, savedLengths } from '../stories/cutOffSaves';
 import { documentText } from '../support/documents';
+import { expect, type Place, test } from '../support/hostFixtures';
 import { barShows, enterValue, savedValues, shown } from '../support/nativeDocument';
-import { expect, test, type Place } from '../support/hostFixtures';
 import type { Program } from '../support/program';
 
 /** A place whose documents are on a disk of their own, of so many KiB, with one document on it. */

@@ -1,6 +1,6 @@
+import type { Page } from '@playwright/test';
 import { readFileSync } from 'node:fs';
 import { fileURLToPath } from 'node:url';
-import type { Page } from '@playwright/test';
 import { test } from '../support/fixtures';
 import { stubNativeHost } from '../support/nativeHost';
 

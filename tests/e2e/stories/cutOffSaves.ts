@@ -1,5 +1,5 @@
-import { existsSync, readFileSync } from 'node:fs';
 import { expect } from '@playwright/test';
+import { existsSync, readFileSync } from 'node:fs';
 import type { RunningProgram } from '../support/runningProgram';
 import { until } from '../support/until';
 

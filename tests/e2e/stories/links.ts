@@ -1,9 +1,9 @@
+import { expect } from '@playwright/test';
 import { createServer, type Server } from 'node:http';
 import type { AddressInfo } from 'node:net';
-import { expect } from '@playwright/test';
 import type { LinkRecorder } from '../support/linkRecorder';
-import type { RunningProgram } from '../support/runningProgram';
 import { sampleDocument } from '../support/paths';
+import type { RunningProgram } from '../support/runningProgram';
 
 type LinkStoryTest = (
   title: string,
@@ -14,7 +14,7 @@ type LinkStoryTest = (
 export function complaint(program: RunningProgram, ...given: unknown[]): Promise<string> {
   return program.call('openExternalUrl', ...given).then(
     () => 'no complaint',
-    (error: Error) => error.message,
+    (error: unknown) => (error as Error).message,
   );
 }
 

@@ -1,8 +1,8 @@
+import { expect, test as running } from '@playwright/test';
 import { readdirSync, readFileSync } from 'node:fs';
-import { Agent, request, type IncomingHttpHeaders } from 'node:http';
+import { Agent, type IncomingHttpHeaders, request } from 'node:http';
 import { join } from 'node:path';
 import { brotliDecompressSync } from 'node:zlib';
-import { expect, test as running } from '@playwright/test';
 import { dist } from '../support/paths';
 import type { RunningProgram } from '../support/runningProgram';
 import type { StoryTest } from '../support/storyTest';

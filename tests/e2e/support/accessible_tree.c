@@ -1,5 +1,7 @@
-/* Prints what a screen reader is told of a process's windows, without what a web page in them holds: accessible_tree PID
-   One line for each object, with tabs between depth, state (hidden, shown or focused), role, name and text. */
+/* Usage: accessible_tree PID
+
+   Prints what a screen reader gets of a process's windows, without what a web page in them holds: one line for each
+   object, with tabs between depth, state (hidden, shown or focused), role, name and text. */
 #include <atspi/atspi.h>
 #include <stdio.h>
 #include <stdlib.h>

@@ -1,4 +1,4 @@
-import { execFileSync, spawn, type ChildProcessByStdio } from 'node:child_process';
+import { type ChildProcessByStdio, execFileSync, spawn } from 'node:child_process';
 import { once } from 'node:events';
 import { mkdtempSync, rmSync } from 'node:fs';
 import { tmpdir } from 'node:os';

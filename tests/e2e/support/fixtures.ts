@@ -1,7 +1,7 @@
 import AxeBuilder from '@axe-core/playwright';
-import { test as base, expect } from '@playwright/test';
+import { expect, test as base } from '@playwright/test';
 import { fileURLToPath } from 'node:url';
-import { servePage, type PageServer } from './pageServer';
+import { type PageServer, servePage } from './pageServer';
 
 const DIST = fileURLToPath(new URL('../../../web/dist', import.meta.url));
 

@@ -1,4 +1,4 @@
-import { test as base, expect } from '@playwright/test';
+import { expect, test as base } from '@playwright/test';
 import { copyFileSync, linkSync, mkdirSync, mkdtempSync, rmSync, writeFileSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import { dirname, join } from 'node:path';
@@ -6,7 +6,7 @@ import { Desktop } from './desktop';
 import { LinkRecorder } from './linkRecorder';
 import { executable, toolSources } from './paths';
 import { Program } from './program';
-import { ProgramProcess, type Launch } from './programProcess';
+import { type Launch, ProgramProcess } from './programProcess';
 
 /** For a build with sanitizers. The quick way to unwind stops at libraries without frame pointers, whoever called them. */
 const sanitizerOptions = {

@@ -65,11 +65,11 @@ export class HostedPage {
     work: (...given: Arguments) => Result | Promise<Result>,
     ...given: Arguments
   ): Promise<Result> {
-    const expression = `(async () => JSON.stringify([await (${work})(...${JSON.stringify(given)})]))()`;
+    const expression = `(async () => JSON.stringify([await (${String(work)})(...${JSON.stringify(given)})]))()`;
     const { result, exceptionDetails } = await this.#evaluate(expression, true);
     if (exceptionDetails) {
       const { text, exception } = exceptionDetails;
-      throw new Error(exception?.description ?? String(exception?.value ?? text));
+      throw new Error(exception?.description ?? (typeof exception?.value === 'string' ? exception.value : text));
     }
     return (JSON.parse(result?.value as string) as [Result])[0];
   }

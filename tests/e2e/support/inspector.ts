@@ -67,7 +67,7 @@ export class Inspector {
     work: (...given: Arguments) => Result | Promise<Result>,
     ...given: Arguments
   ): Promise<Result> {
-    const call = `(async () => JSON.stringify([await (${work})(...${JSON.stringify(given)})]))()`;
+    const call = `(async () => JSON.stringify([await (${String(work)})(...${JSON.stringify(given)})]))()`;
     const promise = await this.#ask('Runtime.evaluate', { expression: call, emulateUserGesture: true });
     try {
       const asked = { promiseObjectId: promise.objectId, returnByValue: true };

@@ -37,7 +37,7 @@ export function shown(program: Program, value: string) {
 export const barShows = (program: Program, text: string) =>
   until(`"${text}" in the document bar`, () =>
     program.page.evaluate(
-      (wanted) => document.querySelector('[role=toolbar][aria-label=Document]')?.textContent?.endsWith(wanted) ?? false,
+      (wanted) => document.querySelector('[role=toolbar][aria-label=Document]')?.textContent.endsWith(wanted) ?? false,
       text,
     ),
   );

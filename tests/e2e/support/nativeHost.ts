@@ -37,13 +37,13 @@ export async function stubNativeHost(page: Page, options: NativeHostOptions = {}
       showOpenDialog: choose,
       showSaveDialog: choose,
       readFile(path) {
-        const data = files[path!];
+        const data = files[path];
         if (data === undefined) return { success: false, error: 'file-not-found' };
         return data === '' ? { success: true } : { success: true, data };
       },
       writeFile(path, content) {
-        if (given.readOnly?.includes(path!)) return { success: false, error: 'file-write-failed' };
-        files[path!] = content!;
+        if (given.readOnly?.includes(path)) return { success: false, error: 'file-write-failed' };
+        files[path] = content!;
         return { success: true };
       },
       openExternalUrl: () => null,

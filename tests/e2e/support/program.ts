@@ -1,6 +1,6 @@
-import { createServer, type AddressInfo } from 'node:net';
+import { type AddressInfo, createServer } from 'node:net';
 import { Inspector } from './inspector';
-import { ProgramProcess, type Launch } from './programProcess';
+import { type Launch, ProgramProcess } from './programProcess';
 import { loadedPage, RunningProgram } from './runningProgram';
 import { until } from './until';
 

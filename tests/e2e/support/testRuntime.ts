@@ -1,4 +1,4 @@
-import { createServer, type AddressInfo, type Server, type Socket } from 'node:net';
+import { type AddressInfo, createServer, type Server, type Socket } from 'node:net';
 import { createInterface } from 'node:readline';
 import { until } from './until';
 

@@ -1,13 +1,13 @@
-import { test as base, expect } from '@playwright/test';
+import { expect, test as base } from '@playwright/test';
 import { chmodSync, linkSync, mkdirSync, mkdtempSync, rmSync, writeFileSync } from 'node:fs';
 import { dirname, join } from 'node:path';
 import { Chromium } from './chromium';
-import { HostedPage } from './hostedPage';
 import { Desktop } from './desktop';
+import { HostedPage } from './hostedPage';
 import { LinkRecorder } from './linkRecorder';
+import { type Launch, ProgramProcess } from './programProcess';
 import { TestRuntime } from './testRuntime';
 import { executable } from './windowsPaths';
-import { ProgramProcess, type Launch } from './programProcess';
 import { WindowsProgram } from './windowsProgram';
 import { WinePrefix } from './winePrefix';
 

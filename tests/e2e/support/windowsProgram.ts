@@ -1,9 +1,9 @@
 import type { HostedPage } from './hostedPage';
-import { ProgramProcess, type Launch } from './programProcess';
+import { type Launch, ProgramProcess } from './programProcess';
 import { loadedPage, RunningProgram } from './runningProgram';
 import type { TestRuntime } from './testRuntime';
 import { until } from './until';
-import { readDialog, type Control } from './windowReader';
+import { type Control, readDialog } from './windowReader';
 import type { WinePrefix } from './winePrefix';
 
 /** What the program is started in. */

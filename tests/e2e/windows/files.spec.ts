@@ -112,8 +112,8 @@ test('10 MB of text go through the page and come out the same', async ({ open, p
     async (from, to) => {
       type Bound = (...given: string[]) => Promise<{ success: boolean; data?: string }>;
       const { readFile, writeFile } = window as unknown as Record<'readFile' | 'writeFile', Bound>;
-      const { success, data = '' } = await readFile!(from);
-      return { read: success, units: data.length, written: (await writeFile!(to, data)).success };
+      const { success, data = '' } = await readFile(from);
+      return { read: success, units: data.length, written: (await writeFile(to, data)).success };
     },
     place.windowsPath('large.txt'),
     place.windowsPath('copy.txt'),

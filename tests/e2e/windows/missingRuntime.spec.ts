@@ -1,9 +1,9 @@
 import { copyFileSync, readFileSync } from 'node:fs';
 import { join } from 'node:path';
 import { until } from '../support/until';
+import { readWindows } from '../support/windowReader';
 import { expect, test, type WindowsPlace } from '../support/windowsFixtures';
 import { testRuntimeDll } from '../support/windowsPaths';
-import { readWindows } from '../support/windowReader';
 
 const advice =
   'Tessary needs the Microsoft Edge WebView2 Runtime, which is not installed here: get it from ' +

@@ -5,7 +5,7 @@
 import { DARK_PALETTE } from '../../../../web/src/components/words/bitField/bitFieldPalette';
 import { bitAt } from '../../../../web/src/components/words/layout/bitFieldLayout';
 import { BitFieldPainter } from '../../../../web/src/components/words/bitField/bitFieldPainter';
-import { directOperations, WORD_OPERATIONS } from '../../../../web/src/commands/wordOperations';
+import { directOperations, WORD_OPERATIONS } from '../../../../web/src/commands/wordCommands';
 import { sheetGeometry, type RowGeometry } from '../../../../web/src/components/words/layout/sheetGeometry';
 import { digitWidth } from '../../../../web/src/components/words/layout/useViewport';
 import { formatInteger } from '../../../../web/src/model/integer/formatInteger';

@@ -32,9 +32,8 @@ static HMODULE pinnedModule() {
     return module;
 }
 
-extern "C" __declspec(dllexport) HRESULT STDMETHODCALLTYPE
-    CreateWebViewEnvironmentWithOptionsInternal(bool checkRunningInstance, int runtimeType, PCWSTR userDataFolder,
-                                                IUnknown* options, IUnknown* completed) {
+extern "C" __declspec(dllexport) HRESULT STDMETHODCALLTYPE CreateWebViewEnvironmentWithOptionsInternal(
+    bool checkRunningInstance, int runtimeType, PCWSTR userDataFolder, IUnknown* options, IUnknown* completed) {
     becomeUiThread(pinnedModule());
     if (!connectDriver(obey)) {
         std::fputs("The test runtime found no driver at TESSARY_TEST_RUNTIME_PORT.\n", stderr);
