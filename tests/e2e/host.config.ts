@@ -4,11 +4,11 @@ import { defineConfig } from '@playwright/test';
 export default defineConfig({
   testDir: 'host',
   outputDir: '../../build/test-results/host',
-  globalSetup: './support/buildTools',
+  globalSetup: './support/linux/buildTools',
   fullyParallel: true,
   forbidOnly: true,
   workers: 2,
   retries: process.env.CI ? 2 : 0, // the keyboard of a busy desktop can be taken away between two keys
   timeout: 120_000,
-  reporter: [['list'], ['./support/closingLine', { part: 'host' }]],
+  reporter: [['list'], ['./support/shared/summaryReporter', { part: 'host' }]],
 });

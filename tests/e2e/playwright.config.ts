@@ -14,7 +14,7 @@ export default defineConfig({
   workers: 2,
   retries: process.env.CI ? 1 : 0, // told as flaky by the runner
   timeout: 120_000,
-  reporter: [['list'], ['./support/closingLine', { part: 'browser' }]],
+  reporter: [['list'], ['./support/shared/summaryReporter', { part: 'browser' }]],
   projects: [
     {
       name: 'browser',

@@ -4,11 +4,11 @@ import { defineConfig } from '@playwright/test';
 export default defineConfig({
   testDir: 'windows',
   outputDir: '../../build/test-results/windows',
-  globalSetup: './support/prepareWine',
+  globalSetup: './support/windows/prepareWine',
   fullyParallel: true,
   forbidOnly: true,
   workers: 2,
   retries: process.env.CI ? 2 : 0, // the keyboard of a busy desktop can be taken away between two keys
   timeout: 120_000,
-  reporter: [['list'], ['./support/closingLine', { part: 'windows' }]],
+  reporter: [['list'], ['./support/shared/summaryReporter', { part: 'windows' }]],
 });

@@ -1,9 +1,9 @@
 import { mkdirSync, readFileSync, statSync } from 'node:fs';
 import { dirname } from 'node:path';
-import { documentText } from '../e2e/support/documents';
-import { expect, test } from '../e2e/support/hostFixtures';
-import { barShows, enterValue, savedValues } from '../e2e/support/nativeDocument';
-import type { Program } from '../e2e/support/program';
+import { expect, test } from '../e2e/support/linux/fixtures';
+import { barShows, enterValue, savedValues } from '../e2e/support/linux/nativeDocument';
+import type { Program } from '../e2e/support/linux/program';
+import { documentText } from '../e2e/support/shared/documents';
 
 /** A command for a view of the system with disks of its own: first sets them up with a shell script, then runs a program. */
 const withOwnDisks = (setUp: string, program: string) => [
@@ -21,15 +21,15 @@ async function editAndSave(program: Program, file: string) {
   expect(savedValues(file)).toEqual(['0x6']);
 }
 
-test('without room for the log the program runs, and what fits of the log is there', async ({ open, place }) => {
-  const file = place.write('mine.words.tessary', documentText({ int: '0x5' }));
-  const folder = dirname(place.program);
-  const kept = `${place.folder}/kept`;
-  const room = Math.ceil(statSync(place.program).size / 1024) + 64;
+test('without room for the log the program runs, and what fits of the log is there', async ({ open, sandbox }) => {
+  const file = sandbox.write('mine.words.tessary', documentText({ int: '0x5' }));
+  const folder = dirname(sandbox.program);
+  const kept = `${sandbox.folder}/kept`;
+  const room = Math.ceil(statSync(sandbox.program).size / 1024) + 64;
   const setUp =
-    `ln '${place.program}' '${kept}'; mount -t tmpfs -o size=${room}k none '${folder}'; ` +
+    `ln '${sandbox.program}' '${kept}'; mount -t tmpfs -o size=${room}k none '${folder}'; ` +
     `cp '${kept}' '${folder}/tessary'; ${fill(folder)}`;
-  const program = await open([file], { command: withOwnDisks(setUp, place.program) });
+  const program = await open([file], { command: withOwnDisks(setUp, sandbox.program) });
   await editAndSave(program, file);
   const inside = `/proc/${program.process.pid}/root${folder}`;
   expect(statSync(`${inside}/filling`).size).toBeGreaterThan(0);
@@ -37,14 +37,14 @@ test('without room for the log the program runs, and what fits of the log is the
   expect(await program.close()).toBe(0);
 });
 
-test('without room in the home folder a document is edited and saved', async ({ open, place }) => {
-  const file = place.write('mine.words.tessary', documentText({ int: '0x5' }));
-  const setUp = `mount -t tmpfs -o size=64k none '${place.home}'; ${fill(place.home)}`;
-  const runtime = `${place.folder}/runtime`; // not in the home folder on desktops either
+test('without room in the home folder a document is edited and saved', async ({ open, sandbox }) => {
+  const file = sandbox.write('mine.words.tessary', documentText({ int: '0x5' }));
+  const setUp = `mount -t tmpfs -o size=64k none '${sandbox.home}'; ${fill(sandbox.home)}`;
+  const runtime = `${sandbox.folder}/runtime`; // not in the home folder on desktops either
   mkdirSync(runtime, { mode: 0o700 });
-  const command = withOwnDisks(setUp, place.program);
+  const command = withOwnDisks(setUp, sandbox.program);
   const program = await open([file], { command, env: { XDG_RUNTIME_DIR: runtime } });
   await editAndSave(program, file);
-  expect(statSync(`/proc/${program.process.pid}/root${place.home}/filling`).size).toBeGreaterThan(0);
+  expect(statSync(`/proc/${program.process.pid}/root${sandbox.home}/filling`).size).toBeGreaterThan(0);
   expect(await program.close()).toBe(0);
 });

@@ -1,9 +1,9 @@
 import { closeSync, openSync, readdirSync, statSync, writeSync } from 'node:fs';
 import { proportionalSize, treeOf } from '../bench/processTree';
-import { sheet } from '../e2e/support/documents';
-import { expect, type Place, test } from '../e2e/support/hostFixtures';
-import type { Program } from '../e2e/support/program';
-import { until } from '../e2e/support/until';
+import { expect, type ProgramSandbox, test } from '../e2e/support/linux/fixtures';
+import type { Program } from '../e2e/support/linux/program';
+import { sheet } from '../e2e/support/shared/documents';
+import { until } from '../e2e/support/shared/until';
 
 const SIZE = 200e6;
 const NAME = 'large.words.tessary';
@@ -39,12 +39,12 @@ function memoryOf(leader: number): number {
 }
 
 function writeLarge(
-  place: Place,
+  sandbox: ProgramSandbox,
   head: string,
   { piece, count }: { piece: string; count: number },
   tail: string,
 ): string {
-  const path = place.write(NAME);
+  const path = sandbox.write(NAME);
   const file = openSync(path, 'w');
   writeSync(file, head);
   for (let written = 0; written < count; written++) writeSync(file, piece);
@@ -58,17 +58,17 @@ const thousandSheets = `${`${widest},`.repeat(1000)}\n`;
 
 const [beforeName, afterName] = JSON.stringify(sheet({ displayName: 'NAME' })).split('NAME');
 
-const documents: Record<string, (place: Place) => string> = {
-  'one sheet among blanks': (place) =>
-    writeLarge(place, `${begin}${JSON.stringify(sheet())}`, padded(' '.repeat(PIECE)), ']}'),
-  'one sheet with a long name': (place) =>
-    writeLarge(place, `${begin}${beforeName}`, padded('n'.repeat(PIECE)), `${afterName}]}`),
-  'very many sheets': (place) => writeLarge(place, begin, padded(thousandSheets), `${widest}]}`),
+const documents: Record<string, (sandbox: ProgramSandbox) => string> = {
+  'one sheet among blanks': (sandbox) =>
+    writeLarge(sandbox, `${begin}${JSON.stringify(sheet())}`, padded(' '.repeat(PIECE)), ']}'),
+  'one sheet with a long name': (sandbox) =>
+    writeLarge(sandbox, `${begin}${beforeName}`, padded('n'.repeat(PIECE)), `${afterName}]}`),
+  'very many sheets': (sandbox) => writeLarge(sandbox, begin, padded(thousandSheets), `${widest}]}`),
 };
 
 for (const [kind, write] of Object.entries(documents)) {
-  test(`a document of 200 MB: ${kind}`, async ({ open, place, processes }) => {
-    const file = write(place);
+  test(`a document of 200 MB: ${kind}`, async ({ open, sandbox, processes }) => {
+    const file = write(sandbox);
     const { size } = statSync(file);
     expect(size).toBeGreaterThanOrEqual(SIZE);
     const peak = new Peak(() => processes[0]?.pid);
@@ -82,9 +82,9 @@ for (const [kind, write] of Object.entries(documents)) {
     peak.stop();
 
     expect(outcome).toMatch(/^(opened|told: .+)$/);
-    expect(await program.call('readFile', place.write('small', 'text'))).toEqual({ success: true, data: 'text' });
+    expect(await program.call('readFile', sandbox.write('small', 'text'))).toEqual({ success: true, data: 'text' });
     expect(statSync(file).size).toBe(size);
-    expect(readdirSync(place.documents).toSorted()).toEqual([NAME, 'small']);
+    expect(readdirSync(sandbox.documents).toSorted()).toEqual([NAME, 'small']);
     expect(await program.close()).toBe(0);
   });
 }

@@ -2,18 +2,18 @@ import { execFileSync, spawnSync } from 'node:child_process';
 import { copyFileSync, existsSync, readdirSync, readFileSync, readlinkSync, writeFileSync } from 'node:fs';
 import { join } from 'node:path';
 import { gunzipSync } from 'node:zlib';
-import { expect, test as base } from '../e2e/support/hostFixtures';
-import { Inspector } from '../e2e/support/inspector';
-import { sampleDocument } from '../e2e/support/paths';
-import { freePort } from '../e2e/support/program';
-import { ProgramProcess } from '../e2e/support/programProcess';
-import { until } from '../e2e/support/until';
+import { expect, test as base } from '../e2e/support/linux/fixtures';
+import { Inspector } from '../e2e/support/linux/inspector';
+import { freePort } from '../e2e/support/linux/program';
+import { sampleDocument } from '../e2e/support/shared/paths';
+import { ProgramProcess } from '../e2e/support/shared/programProcess';
+import { until } from '../e2e/support/shared/until';
 import { debianPackage, run, version, withoutLicence } from './packages';
 
 /** The package's files in a folder of their own. */
 const test = base.extend<{ tree: string }>({
-  tree: async ({ place }, use) => {
-    const tree = join(place.folder, 'tree');
+  tree: async ({ sandbox }, use) => {
+    const tree = join(sandbox.folder, 'tree');
     run('dpkg-deb', '--extract', debianPackage, tree);
     await use(tree);
   },
@@ -88,7 +88,7 @@ test('the program is stripped, knows its version and is started by its absolute 
 
 test("a document is recognised, and opening it from the desktop shows it in the program's window", async ({
   tree,
-  place,
+  sandbox,
   desktop,
   processes,
 }) => {
@@ -100,19 +100,19 @@ test("a document is recognised, and opening it from the desktop shows it in the 
   run('update-mime-database', join(share, 'mime'));
   run('update-desktop-database', join(share, 'applications'));
 
-  const file = join(place.documents, 'a document.words.tessary');
+  const file = join(sandbox.documents, 'a document.words.tessary');
   copyFileSync(sampleDocument, file);
-  copyFileSync(sampleDocument, join(place.documents, 'short.tessary'));
+  copyFileSync(sampleDocument, join(sandbox.documents, 'short.tessary'));
   const port = await freePort();
   const env = {
-    ...place.environment(desktop),
+    ...sandbox.environment(desktop),
     XDG_DATA_DIRS: `${share}:/usr/share`,
     XDG_CURRENT_DESKTOP: 'GNOME',
     WEBKIT_INSPECTOR_HTTP_SERVER: `127.0.0.1:${port}`,
   };
   for (const name of ['a document.words.tessary', 'short.tessary']) {
     const told = execFileSync('gio', ['info', '-a', 'standard::content-type,standard::icon', name], {
-      cwd: place.documents,
+      cwd: sandbox.documents,
       env,
       encoding: 'utf8',
     });
@@ -121,8 +121,8 @@ test("a document is recognised, and opening it from the desktop shows it in the 
   }
 
   const logFile = join(tree, 'usr/lib/tessary/debug.log');
-  const launch = { command: ['xdg-open', file], cwd: place.documents, env, desktop, logFile };
-  const opener = new ProgramProcess({ ...launch, outputFolder: place.folder });
+  const launch = { command: ['xdg-open', file], cwd: sandbox.documents, env, desktop, logFile };
+  const opener = new ProgramProcess({ ...launch, outputFolder: sandbox.folder });
   processes.push(opener);
   const program = await until('the program', () => processOf(join(tree, 'usr/lib/tessary/tessary')));
   try {

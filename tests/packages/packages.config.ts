@@ -1,11 +1,11 @@
 import { defineConfig } from '@playwright/test';
-import shared from '../e2e/playwright.config';
+import shared from '../e2e/playwright.config.ts';
 
 // What scripts/package made, as users install and start it.
 export default defineConfig({
   ...shared,
   outputDir: '../../build/test-results/packages',
-  globalSetup: ['../e2e/support/buildTools', '../e2e/support/prepareWine'],
-  reporter: [['list'], ['../e2e/support/closingLine', { part: 'packages' }]],
+  globalSetup: ['../e2e/support/linux/buildTools', '../e2e/support/windows/prepareWine'],
+  reporter: [['list'], ['../e2e/support/shared/summaryReporter', { part: 'packages' }]],
   projects: shared.projects!.map((project) => ({ ...project, name: 'packages', testDir: '.' })),
 });

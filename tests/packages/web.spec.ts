@@ -2,8 +2,8 @@ import { chromium, expect, type Page, test as base } from '@playwright/test';
 import { existsSync, mkdtempSync, readFileSync, rmSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
-import { type PageServer, servePage } from '../e2e/support/pageServer';
-import { dist } from '../e2e/support/paths';
+import { type PageServer, servePage } from '../e2e/support/browser/pageServer';
+import { dist } from '../e2e/support/shared/paths';
 import { filesIn, run, version, webZip, withoutLicence } from './packages';
 
 interface Fixtures {

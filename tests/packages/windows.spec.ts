@@ -1,12 +1,12 @@
 import { copyFileSync, existsSync, mkdirSync, readdirSync, readFileSync, statSync, writeFileSync } from 'node:fs';
 import { join } from 'node:path';
-import { HostedPage } from '../e2e/support/hostedPage';
-import { sampleDocument } from '../e2e/support/paths';
-import { ProgramProcess } from '../e2e/support/programProcess';
-import { TestRuntime } from '../e2e/support/testRuntime';
-import { until } from '../e2e/support/until';
-import { expect, test as base } from '../e2e/support/windowsFixtures';
-import type { WinePrefix } from '../e2e/support/winePrefix';
+import { sampleDocument } from '../e2e/support/shared/paths';
+import { ProgramProcess } from '../e2e/support/shared/programProcess';
+import { until } from '../e2e/support/shared/until';
+import { ChromiumWebView } from '../e2e/support/windows/chromiumWebView';
+import { FakeWebView2 } from '../e2e/support/windows/fakeWebView2';
+import { expect, test as base } from '../e2e/support/windows/fixtures';
+import type { WinePrefix } from '../e2e/support/windows/winePrefix';
 import { filesIn, run, version, windowsInstaller, windowsZip, withoutLicence } from './packages';
 
 const classes = 'Software\\Classes';
@@ -84,21 +84,21 @@ const test = base.extend<Fixtures>({
     await use(installation);
     if (existsSync(installation.folder)) await installation.uninstall();
   },
-  start: async ({ installation, prefix, place, desktop, chromium, processes, atEnd }, use) => {
+  start: async ({ installation, prefix, sandbox, desktop, chromium, processes, atEnd }, use) => {
     await use(async (...command) => {
-      const runtime = await TestRuntime.listen();
-      const page = await HostedPage.connect(await chromium.open(), runtime);
+      const runtime = await FakeWebView2.listen();
+      const page = await ChromiumWebView.connect(await chromium.open(), runtime);
       atEnd.push(async () => {
         await page.close();
         runtime.stop();
       });
       const started = new ProgramProcess({
         command: ['wine', ...command],
-        cwd: place.documents,
+        cwd: sandbox.documents,
         env: { ...prefix.environment, ...runtime.environment },
         desktop,
         logFile: join(installation.folder, 'debug.log'),
-        outputFolder: place.folder,
+        outputFolder: sandbox.folder,
       });
       processes.push(started);
       const text = () => page.evaluate(() => (document.body as HTMLElement | null)?.innerText ?? '').catch(() => '');
@@ -125,13 +125,13 @@ test('the zip holds the program and the licences of every library in it', () => 
 });
 
 test('unpacked from the zip, the program opens a document and keeps its log beside itself', async ({
-  place,
+  sandbox,
   prefix,
   open,
 }) => {
-  run('unzip', '-q', windowsZip, '-d', place.documents);
-  const folder = join(place.documents, `tessary-${version}`);
-  copyFileSync(sampleDocument, join(place.documents, 'mine.words.tessary'));
+  run('unzip', '-q', windowsZip, '-d', sandbox.documents);
+  const folder = join(sandbox.documents, `tessary-${version}`);
+  copyFileSync(sampleDocument, join(sandbox.documents, 'mine.words.tessary'));
   const program = await open(['mine.words.tessary'], { executable: prefix.windowsPath(join(folder, 'tessary.exe')) });
   await program.shows('SHA-256 initial hash');
   expect(await program.close()).toBe(0);
@@ -157,28 +157,28 @@ test('the installer puts the program into a folder of the user, and an entry int
 
 test('a document that is opened by its type is shown by the installed program, which keeps a log', async ({
   installation,
-  place,
+  sandbox,
   start,
 }) => {
   installation.showFileTypesToWine();
   for (const name of ['a document.words.tessary', 'short.tessary']) {
-    copyFileSync(sampleDocument, join(place.documents, name));
-    const program = await start('start', '/wait', place.windowsPath(name));
+    copyFileSync(sampleDocument, join(sandbox.documents, name));
+    const program = await start('start', '/wait', sandbox.windowsPath(name));
     await program.shows('SHA-256 initial hash');
     const log = readFileSync(join(installation.folder, 'debug.log'), 'utf8');
-    expect(log).toContain(`\n[Backend] Opening file: ${place.windowsPath(name)}\r\n`);
+    expect(log).toContain(`\n[Backend] Opening file: ${sandbox.windowsPath(name)}\r\n`);
     expect(await program.close()).toBe(0);
   }
 });
 
-test('the uninstaller leaves nothing behind, and the program can be installed again', async ({ prefix, place }) => {
+test('the uninstaller leaves nothing behind, and the program can be installed again', async ({ prefix, sandbox }) => {
   const installation = new Installation(prefix);
   const before = installation.userFiles();
   installation.install();
   writeFileSync(join(installation.folder, 'debug.log'), 'a log');
   mkdirSync(installation.data);
   writeFileSync(join(installation.data, 'cache'), "the browser runtime's");
-  place.write('mine.words.tessary');
+  sandbox.write('mine.words.tessary');
   await installation.uninstall();
   expect(installation.userFiles()).toEqual(before);
   expect(installation.registered()).toEqual([]);

@@ -2,7 +2,7 @@ import { chromium, type Page } from '@playwright/test';
 import { execFileSync } from 'node:child_process';
 import { readdirSync, statSync } from 'node:fs';
 import { fileURLToPath } from 'node:url';
-import { servePage } from '../../e2e/support/pageServer.ts';
+import { servePage } from '../../e2e/support/browser/pageServer.ts';
 
 const SAMPLES = 31;
 const WARM_UP = 20;

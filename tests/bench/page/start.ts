@@ -7,8 +7,8 @@ import { type AddressInfo, createServer } from 'node:net';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import { fileURLToPath } from 'node:url';
-import { Inspector } from '../../e2e/support/inspector.ts';
-import { servePage } from '../../e2e/support/pageServer.ts';
+import { servePage } from '../../e2e/support/browser/pageServer.ts';
+import { Inspector } from '../../e2e/support/linux/inspector.ts';
 import { Session } from '../host/session.ts';
 
 const ROUNDS = 9;

@@ -1,5 +1,5 @@
 // What the page shows, and where its controls are. These functions run in the page and know nothing of their surroundings.
-import type { Point } from '../../e2e/support/desktop';
+import type { Point } from '../../e2e/support/shared/desktop';
 
 /** What a user can read of the sheet that is shown. */
 export interface Screen {

@@ -6,7 +6,7 @@ const minutes = Number(process.env.TESSARY_SOAK_MINUTES ?? 30);
 export default defineConfig({
   testMatch: 'soak.ts',
   outputDir: '../../../build/test-results/bench-soak',
-  globalSetup: '../../e2e/support/buildTools',
+  globalSetup: '../../e2e/support/linux/buildTools',
   workers: 1,
   timeout: (minutes + 5) * 60_000,
   reporter: [['dot']],

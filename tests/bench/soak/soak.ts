@@ -1,8 +1,8 @@
 import { mkdirSync, statSync, writeFileSync } from 'node:fs';
 import { dirname, join } from 'node:path';
 import { fileURLToPath } from 'node:url';
-import { documentText } from '../../e2e/support/documents';
-import { expect, test } from '../../e2e/support/hostFixtures';
+import { expect, test } from '../../e2e/support/linux/fixtures';
+import { documentText } from '../../e2e/support/shared/documents';
 import { Chance } from './chance';
 import { type Sample, sampleOf, tableOf, verdictOn } from './figures';
 import { User } from './user';
@@ -28,11 +28,11 @@ type Work = Exclude<
   'begin' | 'startOver'
 >;
 
-test('memory stays where it is while somebody works for long', async ({ open, place }) => {
+test('memory stays where it is while somebody works for long', async ({ open, sandbox }) => {
   const two = { id: 'two', displayName: 'Number B', int: '0xff', intResolution: 256 };
   const text = documentText({ int: '0x5' }, two);
-  const mine = place.write('mine.words.tessary', text);
-  const other = join(place.documents, 'other.words.tessary');
+  const mine = sandbox.write('mine.words.tessary', text);
+  const other = join(sandbox.documents, 'other.words.tessary');
   const program = await open([mine]);
   const user = new User(program, new Chance(SEED), mine);
   await user.begin();
@@ -69,7 +69,7 @@ test('memory stays where it is while somebody works for long', async ({ open, pl
   } finally {
     clearInterval(sampling);
     const verdict = verdictOn(samples);
-    const logBytes = statSync(place.logFile).size;
+    const logBytes = statSync(sandbox.logFile).size;
     mkdirSync(dirname(results), { recursive: true });
     writeFileSync(results, JSON.stringify({ minutes, seed: SEED, operations, verdict, logBytes, samples }, null, 2));
     console.log(`${tableOf(samples)}\n  operations: ${JSON.stringify(operations)}\n  debug.log: ${logBytes} bytes`);

@@ -4,7 +4,7 @@ import { defineConfig } from '@playwright/test';
 export default defineConfig({
   testMatch: 'start.ts',
   outputDir: '../../../build/test-results/bench-windows',
-  globalSetup: '../../e2e/support/prepareWine',
+  globalSetup: '../../e2e/support/windows/prepareWine',
   workers: 1,
   timeout: 600_000,
   reporter: [['dot']],

@@ -1,7 +1,7 @@
 import { Agent, get } from 'node:http';
-import { until } from '../../e2e/support/until';
-import { test } from '../../e2e/support/windowsFixtures';
-import type { WindowsProgram } from '../../e2e/support/windowsProgram';
+import { until } from '../../e2e/support/shared/until';
+import { test } from '../../e2e/support/windows/fixtures';
+import type { WindowsProgram } from '../../e2e/support/windows/windowsProgram';
 
 interface Loading {
   /** Milliseconds from the start of the process until the page and all that it needs is loaded. */

@@ -1,7 +1,7 @@
 import type { Page } from '@playwright/test';
 import { readFile } from 'node:fs/promises';
-import { documentText } from '../support/documents';
-import { expect, test } from '../support/fixtures';
+import { expect, test } from '../support/browser/fixtures';
+import { documentText } from '../support/shared/documents';
 
 /** Takes the pickers away, as in browsers that hand out no lasting rights to files. */
 async function withoutPickers(page: Page): Promise<void> {

@@ -1,6 +1,6 @@
 import type { Page } from '@playwright/test';
-import { documentText } from '../support/documents';
-import { expect, test } from '../support/fixtures';
+import { expect, test } from '../support/browser/fixtures';
+import { documentText } from '../support/shared/documents';
 
 interface EditorWindow {
   posted: { type: string; data?: { sheets: unknown[] } }[];

@@ -1,6 +1,6 @@
-import { documentText, sheet } from '../support/documents';
-import { expect, test } from '../support/fixtures';
-import { hostFile, stubNativeHost } from '../support/nativeHost';
+import { expect, test } from '../support/browser/fixtures';
+import { hostFile, stubNativeHost } from '../support/browser/nativeHost';
+import { documentText, sheet } from '../support/shared/documents';
 
 const PATH = '/home/me/mine.words.tessary';
 const BAD = '/home/me/bad.tessary';

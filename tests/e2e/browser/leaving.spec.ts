@@ -1,6 +1,6 @@
-import { documentText } from '../support/documents';
-import { expect, test } from '../support/fixtures';
-import { hostCalls, stubNativeHost } from '../support/nativeHost';
+import { expect, test } from '../support/browser/fixtures';
+import { hostCalls, stubNativeHost } from '../support/browser/nativeHost';
+import { documentText } from '../support/shared/documents';
 
 const PATH = '/home/me/numbers.words.tessary';
 const KEY = 'bits-sheets-storage';

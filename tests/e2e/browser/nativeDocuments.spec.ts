@@ -1,6 +1,6 @@
-import { documentText } from '../support/documents';
-import { expect, test } from '../support/fixtures';
-import { hostCalls, hostFile, stubNativeHost } from '../support/nativeHost';
+import { expect, test } from '../support/browser/fixtures';
+import { hostCalls, hostFile, stubNativeHost } from '../support/browser/nativeHost';
+import { documentText } from '../support/shared/documents';
 
 const PATH = '/home/me/numbers.words.tessary';
 const OTHER = '/home/me/other.tessary';

@@ -1,4 +1,4 @@
-import { expect, test } from '../support/fixtures';
+import { expect, test } from '../support/browser/fixtures';
 
 test.describe('without a network', () => {
   test.beforeEach(async ({ page, enter }) => {

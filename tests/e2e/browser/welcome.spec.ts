@@ -1,5 +1,5 @@
-import { expect, test } from '../support/fixtures';
-import { hostCalls, stubNativeHost } from '../support/nativeHost';
+import { expect, test } from '../support/browser/fixtures';
+import { hostCalls, stubNativeHost } from '../support/browser/nativeHost';
 
 test.describe('the welcome page', () => {
   test('leads to the Words tool by its button, its heading and the rail', async ({ page, enter, expectAccessible }) => {

@@ -1,6 +1,6 @@
 import type { Locator } from '@playwright/test';
-import { expect, test } from '../support/fixtures';
-import { enterText, WordsTool } from '../support/words';
+import { expect, test } from '../support/browser/fixtures';
+import { enterText, WordsTool } from '../support/browser/words';
 
 test.use({ viewport: { width: 1280, height: 800 } });
 

@@ -1,5 +1,5 @@
-import { expect, test } from '../support/fixtures';
-import { WordsTool } from '../support/words';
+import { expect, test } from '../support/browser/fixtures';
+import { WordsTool } from '../support/browser/words';
 
 test.use({ viewport: { width: 1280, height: 800 } });
 

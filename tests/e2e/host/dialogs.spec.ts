@@ -1,6 +1,6 @@
 import { join } from 'node:path';
-import { FileDialog, MessageBox } from '../support/dialog';
-import { expect, test } from '../support/hostFixtures';
+import { FileDialog, MessageBox } from '../support/linux/dialog';
+import { expect, test } from '../support/linux/fixtures';
 
 test.setTimeout(120_000);
 
@@ -9,9 +9,9 @@ const json = ['JSON', '*.json;*.txt'];
 const jsonFilters = ['JSON (*.json;*.txt)', 'All Files (*.*)'];
 const allFiles = 'All Files (*.*)';
 
-test('the open dialog gives the path that is typed', async ({ open, place }) => {
+test('the open dialog gives the path that is typed', async ({ open, sandbox }) => {
   const program = await open();
-  const file = place.write('a document.json');
+  const file = sandbox.write('a document.json');
   const answer = program.call('showOpenDialog', ...json);
   const dialog = await FileDialog.shown(program, 'Open');
   expect(dialog.filters()).toEqual(jsonFilters);
@@ -21,9 +21,9 @@ test('the open dialog gives the path that is typed', async ({ open, place }) => 
   expect(await answer).toEqual({ success: true, path: file });
 });
 
-test('the open dialog gives a path that is not ASCII as UTF-8', async ({ open, place }) => {
+test('the open dialog gives a path that is not ASCII as UTF-8', async ({ open, sandbox }) => {
   const program = await open();
-  const file = place.write('Übung 漢字 😀.json');
+  const file = sandbox.write('Übung 漢字 😀.json');
   const answer = program.call('showOpenDialog', ...json);
   const dialog = await FileDialog.shown(program, 'Open');
   await dialog.type(file);
@@ -31,12 +31,12 @@ test('the open dialog gives a path that is not ASCII as UTF-8', async ({ open, p
   expect(await answer).toEqual({ success: true, path: file });
 });
 
-test('the open dialog refuses a name that does not exist', async ({ open, place }) => {
+test('the open dialog refuses a name that does not exist', async ({ open, sandbox }) => {
   const program = await open();
-  const file = place.write('there.json');
+  const file = sandbox.write('there.json');
   const answer = program.call('showOpenDialog', ...json);
   const dialog = await FileDialog.shown(program, 'Open');
-  await dialog.type(join(place.documents, 'gone.json'));
+  await dialog.type(join(sandbox.documents, 'gone.json'));
   await dialog.confirm();
   const message = await MessageBox.shown(program);
   expect(message.text).toContain('gone.json');
@@ -57,8 +57,8 @@ test('a dialog that is cancelled says so', async ({ open }) => {
   expect(await saving).toEqual(cancelled);
 });
 
-test('without arguments both dialogs offer all files twice, and mean all of them', async ({ open, place }) => {
-  place.write('no extension');
+test('without arguments both dialogs offer all files twice, and mean all of them', async ({ open, sandbox }) => {
+  sandbox.write('no extension');
   const program = await open();
   const opening = program.call('showOpenDialog');
   const openDialog = await FileDialog.shown(program, 'Open');
@@ -90,8 +90,8 @@ test('an argument that is missing, empty or of another kind has its default', as
   }
 });
 
-test('only files that match the filter are listed', async ({ open, place }) => {
-  for (const name of ['one.json', 'two.txt', 'three.words.tessary', 'four']) place.write(name);
+test('only files that match the filter are listed', async ({ open, sandbox }) => {
+  for (const name of ['one.json', 'two.txt', 'three.words.tessary', 'four']) sandbox.write(name);
   const program = await open();
   const answer = program.call('showSaveDialog', '', ...json, '');
   const dialog = await FileDialog.shown(program, 'Save As');
@@ -102,7 +102,7 @@ test('only files that match the filter are listed', async ({ open, place }) => {
   await answer;
 });
 
-test('the save dialog offers the given name', async ({ open, place }) => {
+test('the save dialog offers the given name', async ({ open, sandbox }) => {
   const program = await open();
   const name = 'é 漢字 😀.json';
   const answer = program.call('showSaveDialog', name, ...json, 'json');
@@ -110,10 +110,10 @@ test('the save dialog offers the given name', async ({ open, place }) => {
   expect(dialog.filters()).toEqual(jsonFilters);
   await expect.poll(() => dialog.typed()).toBe(name);
   await dialog.confirm();
-  expect(await answer).toEqual({ success: true, path: join(place.documents, name) });
+  expect(await answer).toEqual({ success: true, path: join(sandbox.documents, name) });
 });
 
-test('the save dialog completes a name that has no extension', async ({ open, place }) => {
+test('the save dialog completes a name that has no extension', async ({ open, sandbox }) => {
   const program = await open();
   for (const { typed, chosen } of [
     { typed: 'plain', chosen: 'plain.words.tessary' },
@@ -123,12 +123,12 @@ test('the save dialog completes a name that has no extension', async ({ open, pl
     const dialog = await FileDialog.shown(program, 'Save As');
     await dialog.type(typed);
     await dialog.confirm();
-    expect(await answer).toEqual({ success: true, path: join(place.documents, chosen) });
+    expect(await answer).toEqual({ success: true, path: join(sandbox.documents, chosen) });
   }
 });
 
-test('saving over a file is asked about, and can be declined or agreed to', async ({ open, place }) => {
-  const file = place.write('there.json');
+test('saving over a file is asked about, and can be declined or agreed to', async ({ open, sandbox }) => {
+  const file = sandbox.write('there.json');
   const program = await open();
   const answer = program.call('showSaveDialog', 'there.json', ...json, 'json');
   const dialog = await FileDialog.shown(program, 'Save As');
@@ -141,8 +141,8 @@ test('saving over a file is asked about, and can be declined or agreed to', asyn
   expect(await answer).toEqual({ success: true, path: file });
 });
 
-test('a file that only the extension finds is asked about as well', async ({ open, place }) => {
-  const file = place.write('there.json');
+test('a file that only the extension finds is asked about as well', async ({ open, sandbox }) => {
+  const file = sandbox.write('there.json');
   const program = await open();
   const answer = program.call('showSaveDialog', 'there', ...json, 'json');
   await (await FileDialog.shown(program, 'Save As')).confirm();
@@ -154,9 +154,9 @@ test('a file that only the extension finds is asked about as well', async ({ ope
   expect(await answer).toEqual({ success: true, path: file });
 });
 
-test('two dialogs asked for at once come one after the other, and other calls wait', async ({ open, place }) => {
+test('two dialogs asked for at once come one after the other, and other calls wait', async ({ open, sandbox }) => {
   const program = await open();
-  const file = place.write('read me', 'text');
+  const file = sandbox.write('read me', 'text');
   const order: string[] = [];
   const noting = <Answer>(name: string, answer: Promise<Answer>) => answer.finally(() => order.push(name));
   const opening = noting('open', program.call('showOpenDialog'));

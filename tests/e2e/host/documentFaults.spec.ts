@@ -1,12 +1,12 @@
 import { chmodSync, readdirSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
 import { join } from 'node:path';
-import { documentText } from '../support/documents';
-import { expect, test } from '../support/hostFixtures';
-import { barShows, enterValue, savedValues, shown } from '../support/nativeDocument';
-import { asOrdinaryUser } from '../support/ordinaryUser';
-import { tools } from '../support/paths';
-import type { Program } from '../support/program';
-import { untilReloaded } from '../support/reload';
+import { expect, test } from '../support/linux/fixtures';
+import { barShows, enterValue, savedValues, shown } from '../support/linux/nativeDocument';
+import { asOrdinaryUser } from '../support/linux/ordinaryUser';
+import type { Program } from '../support/linux/program';
+import { untilReloaded } from '../support/linux/reload';
+import { documentText } from '../support/shared/documents';
+import { tools } from '../support/shared/paths';
 
 const NAME = 'mine.words.tessary';
 const HOUR = 3600;
@@ -22,43 +22,43 @@ async function save(program: Program) {
   await barShows(program, NAME);
 }
 
-test('a read-only document is edited and stays as it is on disk', async ({ open, place }) => {
+test('a read-only document is edited and stays as it is on disk', async ({ open, sandbox }) => {
   const text = documentText({ int: '0x5' });
-  const file = place.write(NAME, text);
+  const file = sandbox.write(NAME, text);
   chmodSync(file, 0o444);
-  const program = await open([file], { command: asOrdinaryUser(place.program) });
+  const program = await open([file], { command: asOrdinaryUser(sandbox.program) });
   await edit(program, '6');
   await save(program);
   expect(await program.call('writeFile', file, 'x')).toEqual({ success: false, error: 'file-write-failed' });
   expect(readFileSync(file, 'utf8')).toBe(text);
-  expect(readdirSync(place.documents)).toEqual([NAME]);
+  expect(readdirSync(sandbox.documents)).toEqual([NAME]);
   await shown(program, '6');
   expect(await program.close()).toBe(0);
 });
 
-test('a document that was removed while it is open is whole again after a save', async ({ open, place }) => {
-  const file = place.write(NAME, documentText({ int: '0x5' }));
+test('a document that was removed while it is open is whole again after a save', async ({ open, sandbox }) => {
+  const file = sandbox.write(NAME, documentText({ int: '0x5' }));
   const program = await open([file]);
   await edit(program, '6');
   rmSync(file);
   await save(program);
   expect(savedValues(file)).toEqual(['0x6']);
-  expect(readdirSync(place.documents)).toEqual([NAME]);
+  expect(readdirSync(sandbox.documents)).toEqual([NAME]);
   expect(await program.close()).toBe(0);
 });
 
-test('a document stays on screen when its folder was removed', async ({ open, place }) => {
-  const file = place.write(`folder/${NAME}`, documentText({ int: '0x5' }));
+test('a document stays on screen when its folder was removed', async ({ open, sandbox }) => {
+  const file = sandbox.write(`folder/${NAME}`, documentText({ int: '0x5' }));
   const program = await open([file]);
   await edit(program, '6');
-  rmSync(join(place.documents, 'folder'), { recursive: true });
+  rmSync(join(sandbox.documents, 'folder'), { recursive: true });
   await save(program);
   await edit(program, '7');
   expect(await program.close()).toBe(0);
 });
 
-test('of two programs with one document the one that saves last is right', async ({ open, place }) => {
-  const file = place.write(NAME, documentText({ int: '0x5' }, { id: 'two', displayName: 'Number B', int: '0x5' }));
+test('of two programs with one document the one that saves last is right', async ({ open, sandbox }) => {
+  const file = sandbox.write(NAME, documentText({ int: '0x5' }, { id: 'two', displayName: 'Number B', int: '0x5' }));
   const first = await open([file]);
   const second = await open([file]);
   await edit(first, '18446744073709551615');
@@ -73,8 +73,8 @@ test('of two programs with one document the one that saves last is right', async
   expect([await first.close(), await second.close()]).toEqual([0, 0]);
 });
 
-test('two programs that save at the same moment leave one of both texts', async ({ open, place }) => {
-  const file = place.write(NAME, 'old');
+test('two programs that save at the same moment leave one of both texts', async ({ open, sandbox }) => {
+  const file = sandbox.write(NAME, 'old');
   const letters = ['a', 'b'];
   const lengths = [300_000, 100_000];
   const texts = letters.map((letter, at) => letter.repeat(lengths[at] ?? 0));
@@ -94,12 +94,12 @@ test('two programs that save at the same moment leave one of both texts', async 
   expect(Object.fromEntries(seen)).toEqual({ whole: 50 });
 });
 
-test('a document is edited, saved and loaded again while the clock jumps', async ({ open, place }) => {
-  const clock = join(place.folder, 'clock');
+test('a document is edited, saved and loaded again while the clock jumps', async ({ open, sandbox }) => {
+  const clock = join(sandbox.folder, 'clock');
   const setClock = (hours: number) => writeFileSync(clock, new BigInt64Array([BigInt(hours * HOUR)]), { flag: 'r+' });
   writeFileSync(clock, new BigInt64Array(1));
-  const file = place.write(NAME, documentText({ int: '0x5' }));
-  const env = { LD_PRELOAD: `${tools}/jumping_clock.so`, JUMPING_CLOCK: clock };
+  const file = sandbox.write(NAME, documentText({ int: '0x5' }));
+  const env = { LD_PRELOAD: `${tools}/fake_clock.so`, FAKE_CLOCK: clock };
   const program = await open([file], { env });
   let value = 5;
   for (const hours of [5, -7, 24 * 400, -24 * 400, 0]) {

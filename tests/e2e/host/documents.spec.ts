@@ -1,15 +1,15 @@
 import { mkdirSync, readFileSync, rmSync } from 'node:fs';
 import { join } from 'node:path';
-import { FileDialog } from '../support/dialog';
-import { documentText } from '../support/documents';
-import { expect, test } from '../support/hostFixtures';
-import { barShows, enterValue, savedValues, shown } from '../support/nativeDocument';
-import { until } from '../support/until';
+import { FileDialog } from '../support/linux/dialog';
+import { expect, test } from '../support/linux/fixtures';
+import { barShows, enterValue, savedValues, shown } from '../support/linux/nativeDocument';
+import { documentText } from '../support/shared/documents';
+import { until } from '../support/shared/until';
 
 const filters = ['Tessary Files (*.words.tessary;*.tessary)', 'All Files (*.*)'];
 
-test('a document from the command line is edited and saved without a dialog', async ({ open, place }) => {
-  const file = place.write('mine.words.tessary', documentText({ int: '0x5' }));
+test('a document from the command line is edited and saved without a dialog', async ({ open, sandbox }) => {
+  const file = sandbox.write('mine.words.tessary', documentText({ int: '0x5' }));
   const program = await open([file]);
   await enterValue(program, '1234567');
   await barShows(program, 'mine.words.tessary*');
@@ -22,18 +22,18 @@ test('a document from the command line is edited and saved without a dialog', as
   await shown(again, '1234567');
 });
 
-test('a document is saved under another name and opened again by dialog', async ({ open, place }) => {
-  const file = place.write('mine.words.tessary', documentText({ int: '0x5' }));
+test('a document is saved under another name and opened again by dialog', async ({ open, sandbox }) => {
+  const file = sandbox.write('mine.words.tessary', documentText({ int: '0x5' }));
   const program = await open([file]);
   await enterValue(program, '255');
   program.desktop.press('ctrl+shift+s');
   const saving = await FileDialog.shown(program, 'Save As');
   expect(saving.filters()).toEqual(filters);
   expect(saving.typed()).toBe('mine.words.tessary');
-  await saving.type(join(place.documents, 'other'));
+  await saving.type(join(sandbox.documents, 'other'));
   await saving.confirm();
   await barShows(program, 'other.words.tessary');
-  expect(savedValues(join(place.documents, 'other.words.tessary'))).toEqual(['0xff']);
+  expect(savedValues(join(sandbox.documents, 'other.words.tessary'))).toEqual(['0xff']);
   expect(savedValues(file)).toEqual(['0x5']);
 
   program.desktop.focus(program.window);
@@ -46,8 +46,8 @@ test('a document is saved under another name and opened again by dialog', async 
   await shown(program, '5');
 });
 
-test('a cancelled open dialog leaves the document as it is', async ({ open, place }) => {
-  const program = await open([place.write('mine.words.tessary', documentText({ int: '0x5' }))]);
+test('a cancelled open dialog leaves the document as it is', async ({ open, sandbox }) => {
+  const program = await open([sandbox.write('mine.words.tessary', documentText({ int: '0x5' }))]);
   await shown(program, '5');
   program.desktop.focus(program.window);
   program.desktop.press('ctrl+o');
@@ -56,20 +56,20 @@ test('a cancelled open dialog leaves the document as it is', async ({ open, plac
   await shown(program, '5');
 });
 
-test('a file that is no document is refused and the open one stays', async ({ open, place }) => {
-  const program = await open([place.write('mine.words.tessary', documentText({ int: '0x5' }))]);
+test('a file that is no document is refused and the open one stays', async ({ open, sandbox }) => {
+  const program = await open([sandbox.write('mine.words.tessary', documentText({ int: '0x5' }))]);
   await shown(program, '5');
   program.desktop.focus(program.window);
   program.desktop.press('ctrl+o');
   const dialog = await FileDialog.shown(program, 'Open');
-  await dialog.type(place.write('broken.tessary', '{"tool": "words"'));
+  await dialog.type(sandbox.write('broken.tessary', '{"tool": "words"'));
   await dialog.confirm();
   await program.shows('Failed to parse document data: Invalid JSON');
   await barShows(program, 'mine.words.tessary');
 });
 
-test('what is not saved is asked about before another document replaces it', async ({ open, place }) => {
-  const program = await open([place.write('mine.words.tessary', documentText({ int: '0x5' }))]);
+test('what is not saved is asked about before another document replaces it', async ({ open, sandbox }) => {
+  const program = await open([sandbox.write('mine.words.tessary', documentText({ int: '0x5' }))]);
   await enterValue(program, '6');
   program.desktop.press('ctrl+n');
   await program.shows('You have unsaved changes. Do you want to discard them?');
@@ -80,9 +80,9 @@ test('what is not saved is asked about before another document replaces it', asy
 
 test('a reload while something is not saved is asked about, and a target that cannot be written is not noticed', async ({
   open,
-  place,
+  sandbox,
 }) => {
-  const file = place.write('mine.words.tessary', documentText({ int: '0x5' }));
+  const file = sandbox.write('mine.words.tessary', documentText({ int: '0x5' }));
   const program = await open([file]);
   await enterValue(program, '6');
   program.desktop.press('F5');
@@ -97,9 +97,9 @@ test('a reload while something is not saved is asked about, and a target that ca
   await shown(program, '6');
 });
 
-test('a sheet name with a delete character is saved and opened again', async ({ open, place }) => {
+test('a sheet name with a delete character is saved and opened again', async ({ open, sandbox }) => {
   const name = 'odd \u007f name';
-  const file = place.write('odd.words.tessary', documentText({ displayName: name }));
+  const file = sandbox.write('odd.words.tessary', documentText({ displayName: name }));
   const program = await open([file]);
   await enterValue(program, '7');
   program.desktop.press('ctrl+s');
@@ -110,9 +110,9 @@ test('a sheet name with a delete character is saved and opened again', async ({ 
   expect(savedValues(file)).toEqual(['0x7']);
 });
 
-test('a document of a thousand sheets opens', async ({ open, place }) => {
+test('a document of a thousand sheets opens', async ({ open, sandbox }) => {
   const sheets = Array.from({ length: 1000 }, (_, i) => ({ displayName: `Sheet ${i}`, int: `0x${i.toString(16)}` }));
-  const program = await open([place.write('many.words.tessary', documentText(...sheets))]);
+  const program = await open([sandbox.write('many.words.tessary', documentText(...sheets))]);
   await program.shows('Sheet 0');
   await barShows(program, 'many.words.tessary');
 });

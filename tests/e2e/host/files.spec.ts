@@ -1,6 +1,6 @@
 import { readFileSync } from 'node:fs';
 import { join } from 'node:path';
-import { expect, test } from '../support/hostFixtures';
+import { expect, test } from '../support/linux/fixtures';
 
 const range = (first: number, last: number) =>
   String.fromCodePoint(...Array.from({ length: last - first + 1 }, (_, i) => first + i));
@@ -17,24 +17,24 @@ const texts = [
   '\uFEFFwith a byte order mark',
 ];
 
-test('every text of a file comes back through the bridge', async ({ open, place }) => {
+test('every text of a file comes back through the bridge', async ({ open, sandbox }) => {
   const program = await open();
   for (const text of texts) {
-    const file = place.write('text.json', text);
+    const file = sandbox.write('text.json', text);
     expect(await program.call('readFile', file)).toEqual({ success: true, data: text });
   }
 });
 
-test('every text is written as UTF-8, byte for byte', async ({ open, place }) => {
+test('every text is written as UTF-8, byte for byte', async ({ open, sandbox }) => {
   const program = await open();
-  const file = join(place.documents, 'written.json');
+  const file = join(sandbox.documents, 'written.json');
   for (const text of texts.filter((each) => !each.includes('\u007f'))) {
     expect(await program.call('writeFile', file, text)).toEqual({ success: true });
     expect(readFileSync(file, 'utf8')).toBe(text);
   }
 });
 
-test('bytes that are not UTF-8 become replacement characters', async ({ open, place }) => {
+test('bytes that are not UTF-8 become replacement characters', async ({ open, sandbox }) => {
   const program = await open();
   for (const bytes of [
     [0x61, 0xff, 0x62],
@@ -45,42 +45,42 @@ test('bytes that are not UTF-8 become replacement characters', async ({ open, pl
     [0xf4, 0x90, 0x80, 0x80],
     [0xe2, 0x82, 0x28],
   ]) {
-    const file = place.write('latin.txt', Uint8Array.from(bytes));
+    const file = sandbox.write('latin.txt', Uint8Array.from(bytes));
     const data = new TextDecoder().decode(Uint8Array.from(bytes));
     expect(await program.call('readFile', file)).toEqual({ success: true, data });
   }
 });
 
-test('a text ends at its first NUL, in both directions', async ({ open, place }) => {
+test('a text ends at its first NUL, in both directions', async ({ open, sandbox }) => {
   const program = await open();
-  const file = place.write('nul.txt', 'before\0after');
+  const file = sandbox.write('nul.txt', 'before\0after');
   expect(await program.call('readFile', file)).toEqual({ success: true, data: 'before' });
   expect(await program.call('writeFile', file, 'kept\0lost')).toEqual({ success: true });
   expect(readFileSync(file, 'latin1')).toBe('kept');
 });
 
-test('an empty file is read as a success without data', async ({ open, place }) => {
+test('an empty file is read as a success without data', async ({ open, sandbox }) => {
   const program = await open();
-  expect(await program.call('readFile', place.write('empty'))).toEqual({ success: true });
-  expect(await program.call('readFile', place.write('starts with NUL', '\0x'))).toEqual({ success: true });
+  expect(await program.call('readFile', sandbox.write('empty'))).toEqual({ success: true });
+  expect(await program.call('readFile', sandbox.write('starts with NUL', '\0x'))).toEqual({ success: true });
 });
 
-test('files that cannot be read or written give their codes', async ({ open, place }) => {
+test('files that cannot be read or written give their codes', async ({ open, sandbox }) => {
   const program = await open();
   const notFound = { success: false, error: 'file-not-found' };
-  expect(await program.call('readFile', join(place.documents, 'gone'))).toEqual(notFound);
-  expect(await program.call('readFile', place.documents)).toEqual(notFound);
+  expect(await program.call('readFile', join(sandbox.documents, 'gone'))).toEqual(notFound);
+  expect(await program.call('readFile', sandbox.documents)).toEqual(notFound);
   expect(await program.call('readFile', '')).toEqual(notFound);
   const notWritten = { success: false, error: 'file-write-failed' };
-  expect(await program.call('writeFile', join(place.documents, 'no folder', 'file'), 'x')).toEqual(notWritten);
-  expect(await program.call('writeFile', place.documents, 'x')).toEqual(notWritten);
+  expect(await program.call('writeFile', join(sandbox.documents, 'no folder', 'file'), 'x')).toEqual(notWritten);
+  expect(await program.call('writeFile', sandbox.documents, 'x')).toEqual(notWritten);
   expect(await program.call('writeFile', '', 'x')).toEqual(notWritten);
 });
 
-test('arguments of the wrong kind or number are refused', async ({ open, place }) => {
+test('arguments of the wrong kind or number are refused', async ({ open, sandbox }) => {
   const program = await open();
   const refused = { success: false, error: 'invalid-arguments' };
-  const file = place.write('kept', 'kept');
+  const file = sandbox.write('kept', 'kept');
   for (const given of [[], [null], [7], [true], [{}], [[file]]]) {
     expect(await program.call('readFile', ...given)).toEqual(refused);
   }
@@ -95,27 +95,27 @@ test('arguments of the wrong kind or number are refused', async ({ open, place }
   expect(readFileSync(file, 'utf8')).toBe('kept');
 });
 
-test('arguments beyond the wanted ones are ignored', async ({ open, place }) => {
+test('arguments beyond the wanted ones are ignored', async ({ open, sandbox }) => {
   const program = await open();
-  const file = place.write('more', 'old and longer');
+  const file = sandbox.write('more', 'old and longer');
   expect(await program.call('writeFile', file, 'new', 3, null)).toEqual({ success: true });
   expect(await program.call('readFile', file, 'more')).toEqual({ success: true, data: 'new' });
 });
 
-test('files whose names are not ASCII are read and written', async ({ open, place }) => {
+test('files whose names are not ASCII are read and written', async ({ open, sandbox }) => {
   const program = await open();
-  const file = join(place.documents, `Übung 'é' "漢字" \\ 😀.json`);
+  const file = join(sandbox.documents, `Übung 'é' "漢字" \\ 😀.json`);
   expect(await program.call('writeFile', file, 'text')).toEqual({ success: true });
   expect(await program.call('readFile', file)).toEqual({ success: true, data: 'text' });
 });
 
-test('50 MB of text go through the page and come out the same', async ({ open, place }) => {
+test('50 MB of text go through the page and come out the same', async ({ open, sandbox }) => {
   test.setTimeout(180_000);
   const program = await open();
   const line = 'The quick brown fox, é À ÿ 漢字 😀 "\\" \t jumps.\n';
   const text = line.repeat(Math.ceil(50e6 / Buffer.byteLength(line)));
-  const file = place.write('large.txt', text);
-  const copy = join(place.documents, 'copy.txt');
+  const file = sandbox.write('large.txt', text);
+  const copy = join(sandbox.documents, 'copy.txt');
   const answers = await program.page.evaluate(
     async (from, to) => {
       type Bound = (...given: string[]) => Promise<{ success: boolean; data?: string }>;

@@ -1,30 +1,35 @@
 import { copyOf, expectWholeAfterKill, savedLengths } from '../stories/cutOffSaves';
-import { documentText } from '../support/documents';
-import { expect, type Place, test } from '../support/hostFixtures';
-import { barShows, enterValue, savedValues, shown } from '../support/nativeDocument';
-import type { Program } from '../support/program';
+import { expect, type ProgramSandbox, test } from '../support/linux/fixtures';
+import { barShows, enterValue, savedValues, shown } from '../support/linux/nativeDocument';
+import type { Program } from '../support/linux/program';
+import { documentText } from '../support/shared/documents';
 
-/** A place whose documents are on a disk of their own, of so many KiB, with one document on it. */
-function onSmallDisk(place: Place, kibibytes: number, name: string, text: string): { command: string[]; file: string } {
-  const source = place.write('../before', text);
+/** A sandbox whose documents are on a disk of their own, of so many KiB, with one document on it. */
+function onSmallDisk(
+  sandbox: ProgramSandbox,
+  kibibytes: number,
+  name: string,
+  text: string,
+): { command: string[]; file: string } {
+  const source = sandbox.write('../before', text);
   const steps = [
     `mount -t tmpfs -o size=${kibibytes}k tmpfs "$1"`,
     'cp "$2" "$3"', // the program finds it there
     'shift 3',
     'exec "$@"',
   ];
-  const file = `${place.documents}/${name}`;
-  const script = ['sh', '-c', steps.join(' && '), 'sh', place.documents, source, file];
-  return { command: ['unshare', '--map-root-user', '--mount', ...script, place.program], file };
+  const file = `${sandbox.documents}/${name}`;
+  const script = ['sh', '-c', steps.join(' && '), 'sh', sandbox.documents, source, file];
+  return { command: ['unshare', '--map-root-user', '--mount', ...script, sandbox.program], file };
 }
 
 const read = async (program: Program, file: string) => (await program.call('readFile', file)).data;
 
-test('on a full disk the document stays as it was', async ({ open, place }) => {
+test('on a full disk the document stays as it was', async ({ open, sandbox }) => {
   const before = documentText({ int: '0x5' });
-  const { command, file } = onSmallDisk(place, 64, 'mine.words.tessary', before);
+  const { command, file } = onSmallDisk(sandbox, 64, 'mine.words.tessary', before);
   const program = await open([file], { command });
-  const write = (name: string, text: string) => program.call('writeFile', `${place.documents}/${name}`, text);
+  const write = (name: string, text: string) => program.call('writeFile', `${sandbox.documents}/${name}`, text);
   expect(await write('fills the disk', 'x'.repeat(100_000))).toEqual({ success: true });
   expect(await write('mine.words.tessary', 'new')).toEqual({ success: false, error: 'file-write-failed' });
   expect(await read(program, file)).toBe(before);
@@ -43,9 +48,9 @@ test('on a full disk the document stays as it was', async ({ open, place }) => {
 
 test('a disk that becomes full while a document is written has the whole new text in its copy', async ({
   open,
-  place,
+  sandbox,
 }) => {
-  const { command, file } = onSmallDisk(place, 400, 'mine.words.tessary', 'old');
+  const { command, file } = onSmallDisk(sandbox, 400, 'mine.words.tessary', 'old');
   const program = await open([], { command });
   const text = 'x'.repeat(300_000);
   const answer = await program.page.evaluate(
@@ -62,16 +67,16 @@ test('a disk that becomes full while a document is written has the whole new tex
 });
 
 for (const length of savedLengths) {
-  test(`a program that is killed while it saves ${length} bytes leaves one whole text`, async ({ open, place }) => {
-    const file = place.write('mine.words.tessary', 'a'.repeat(length));
+  test(`a program that is killed while it saves ${length} bytes leaves one whole text`, async ({ open, sandbox }) => {
+    const file = sandbox.write('mine.words.tessary', 'a'.repeat(length));
     for (let kill = 0; kill < 3; kill++) await expectWholeAfterKill(await open(), file, file, length);
   });
 }
 
-test('the copy of a save that was cut off opens like any document', async ({ open, place }) => {
+test('the copy of a save that was cut off opens like any document', async ({ open, sandbox }) => {
   const text = documentText({ int: '0xff' });
-  place.write('mine.words.tessary', text.slice(0, 100));
-  const copy = place.write('mine.words.tessary.new-text', text);
+  sandbox.write('mine.words.tessary', text.slice(0, 100));
+  const copy = sandbox.write('mine.words.tessary.new-text', text);
   const program = await open([copy]);
   await shown(program, '255');
   await enterValue(program, '7');

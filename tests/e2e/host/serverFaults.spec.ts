@@ -1,7 +1,7 @@
-import { expect, test } from '../support/hostFixtures';
-import type { Program } from '../support/program';
-import { ask, sendAndFinish, sendAndLeave, SlowConnections } from '../support/rawConnection';
-import { untilReloaded } from '../support/reload';
+import { expect, test } from '../support/linux/fixtures';
+import type { Program } from '../support/linux/program';
+import { untilReloaded } from '../support/linux/reload';
+import { ask, sendAndFinish, sendAndLeave, SlowConnections } from '../support/shared/rawConnection';
 
 const portOf = (program: Program) => Number(new URL(program.url).port);
 

@@ -1,16 +1,16 @@
 import { copyFileSync, existsSync, mkdirSync, readFileSync, symlinkSync } from 'node:fs';
 import { basename, dirname, join } from 'node:path';
 import { startStories } from '../stories/start';
-import { expect, test } from '../support/hostFixtures';
-import { sampleDocument } from '../support/paths';
-import { launchArgs } from '../support/runningProgram';
+import { expect, test } from '../support/linux/fixtures';
+import { sampleDocument } from '../support/shared/paths';
+import { launchArgs } from '../support/shared/runningProgram';
 
 const usage = 'Usage: tessary [--help] [--version] file';
 
 startStories(test, './gone.tessary');
 
-test('the document named on the command line is shown, whatever its name', async ({ open, place }) => {
-  const file = join(place.documents, `it's "a" \\ sample.words.tessary`);
+test('the document named on the command line is shown, whatever its name', async ({ open, sandbox }) => {
+  const file = join(sandbox.documents, `it's "a" \\ sample.words.tessary`);
   copyFileSync(sampleDocument, file);
   const program = await open([basename(file)]);
   await program.shows('SHA-256 initial hash');
@@ -22,22 +22,22 @@ test('the document named on the command line is shown, whatever its name', async
   expect(program.log()).toContain(`\n[Backend] Opening file: ${file}\n`);
 });
 
-test('a document whose name is not ASCII is shown', async ({ open, place }) => {
-  const file = join(place.documents, 'Übung é À ÿ 漢字 😀.words.tessary');
+test('a document whose name is not ASCII is shown', async ({ open, sandbox }) => {
+  const file = join(sandbox.documents, 'Übung é À ÿ 漢字 😀.words.tessary');
   copyFileSync(sampleDocument, file);
   const program = await open([file]);
   await program.shows('SHA-256 initial hash');
   expect(await launchArgs(program)).toEqual({ error: null, filePath: file });
 });
 
-test('a folder as the document is reported as not found on the start page', async ({ open, place }) => {
-  const program = await open([place.documents]);
+test('a folder as the document is reported as not found on the start page', async ({ open, sandbox }) => {
+  const program = await open([sandbox.documents]);
   await program.shows('Failed to read file: file-not-found');
-  expect(await launchArgs(program)).toEqual({ error: null, filePath: place.documents });
+  expect(await launchArgs(program)).toEqual({ error: null, filePath: sandbox.documents });
 });
 
-test('an empty document is reported on the start page', async ({ open, place }) => {
-  const program = await open([place.write('empty.words.tessary')]);
+test('an empty document is reported on the start page', async ({ open, sandbox }) => {
+  const program = await open([sandbox.write('empty.words.tessary')]);
   await program.shows('Failed to read file: Unknown error');
 });
 
@@ -77,26 +77,26 @@ test('a second run continues the log of the first', async ({ open }) => {
   expect(second.log().slice(before.length)).toMatch(/^\[Server\] Release mode[^]*\nServer URL: /);
 });
 
-test('started through a link or a relative path, the log lies beside the executable', async ({ open, place }) => {
-  const link = join(place.folder, 'shortcut');
-  symlinkSync(place.program, link);
+test('started through a link or a relative path, the log lies beside the executable', async ({ open, sandbox }) => {
+  const link = join(sandbox.folder, 'shortcut');
+  symlinkSync(sandbox.program, link);
   const byLink = await open([], { command: [link] });
-  expect(byLink.log()).toContain(`Executable path: ${place.program}\n`);
+  expect(byLink.log()).toContain(`Executable path: ${sandbox.program}\n`);
   await byLink.close();
   const byRelativePath = await open([], { command: ['../app/tessary'] });
-  expect(byRelativePath.log().match(new RegExp(`Executable path: ${place.program}\n`, 'g'))).toHaveLength(2);
-  expect(existsSync(join(place.folder, 'debug.log'))).toBe(false);
+  expect(byRelativePath.log().match(new RegExp(`Executable path: ${sandbox.program}\n`, 'g'))).toHaveLength(2);
+  expect(existsSync(join(sandbox.folder, 'debug.log'))).toBe(false);
 });
 
-test('the program runs without a log where none can be written', async ({ open, place }) => {
-  mkdirSync(place.logFile);
+test('the program runs without a log where none can be written', async ({ open, sandbox }) => {
+  mkdirSync(sandbox.logFile);
   const program = await open();
   await program.shows('Open Words Tool');
   expect(await program.close()).toBe(0);
   expect(program.process.stdout).toBe('');
 });
 
-test('help and version are printed, without a window or a log', async ({ run, place }) => {
+test('help and version are printed, without a window or a log', async ({ run, sandbox }) => {
   for (const option of ['--help', '-h']) {
     const help = run([option]);
     expect(await help.exit()).toBe(0);
@@ -108,14 +108,14 @@ test('help and version are printed, without a window or a log', async ({ run, pl
     expect(await version.exit()).toBe(0);
     expect(version.stdout).toBe('1.5.4\n');
   }
-  expect(existsSync(place.logFile)).toBe(false);
+  expect(existsSync(sandbox.logFile)).toBe(false);
 });
 
-test('without a display one sentence tells what is missing', async ({ run, place }) => {
+test('without a display one sentence tells what is missing', async ({ run, sandbox }) => {
   const program = run([], { env: { DISPLAY: undefined } });
   expect(await program.exit()).toBe(1);
   expect(program.stderr).toBe(
     'Tessary needs a display to open its window: start it in a desktop session, or under Xvfb.\n',
   );
-  expect(readFileSync(join(dirname(place.program), 'debug.log'), 'utf8')).toContain('\nServer URL: ');
+  expect(readFileSync(join(dirname(sandbox.program), 'debug.log'), 'utf8')).toContain('\nServer URL: ');
 });

@@ -1,11 +1,11 @@
 import { chmodSync, existsSync, readdirSync, readFileSync } from 'node:fs';
 import { dirname } from 'node:path';
 import { treeOf } from '../../bench/processTree';
-import { documentText } from '../support/documents';
-import { expect, test } from '../support/hostFixtures';
-import { asOrdinaryUser } from '../support/ordinaryUser';
-import type { ProgramProcess } from '../support/programProcess';
-import { until } from '../support/until';
+import { expect, test } from '../support/linux/fixtures';
+import { asOrdinaryUser } from '../support/linux/ordinaryUser';
+import { documentText } from '../support/shared/documents';
+import type { ProgramProcess } from '../support/shared/programProcess';
+import { until } from '../support/shared/until';
 
 /** Whether any process of a group is still there. */
 function isGroupAlive(leader: number): boolean {
@@ -17,10 +17,10 @@ function isGroupAlive(leader: number): boolean {
   }
 }
 
-test('a start that is killed leaves the document and the next start alone', async ({ run, open, place, desktop }) => {
+test('a start that is killed leaves the document and the next start alone', async ({ run, open, sandbox, desktop }) => {
   const text = documentText({ int: '0x5' });
-  const file = place.write('mine.words.tessary', text);
-  const log = () => (existsSync(place.logFile) ? readFileSync(place.logFile, 'utf8') : '');
+  const file = sandbox.write('mine.words.tessary', text);
+  const log = () => (existsSync(sandbox.logFile) ? readFileSync(sandbox.logFile, 'utf8') : '');
   let logged = 0;
   const moments: Record<string, (started: ProgramProcess) => boolean> = {
     'at once': () => true,
@@ -39,16 +39,16 @@ test('a start that is killed leaves the document and the next start alone', asyn
     await until('its other processes to go', () => !isGroupAlive(started.pid));
     expect(readFileSync(file, 'utf8')).toBe(text);
   }
-  expect(readdirSync(place.documents)).toEqual(['mine.words.tessary']);
+  expect(readdirSync(sandbox.documents)).toEqual(['mine.words.tessary']);
   const program = await open([file]);
   await program.shows('Number A');
   expect(await program.close()).toBe(0);
 });
 
-test('the program runs without a log in a folder that it may not write to', async ({ open, place }) => {
-  const folder = dirname(place.program);
+test('the program runs without a log in a folder that it may not write to', async ({ open, sandbox }) => {
+  const folder = dirname(sandbox.program);
   chmodSync(folder, 0o555);
-  const program = await open([], { command: asOrdinaryUser(place.program) });
+  const program = await open([], { command: asOrdinaryUser(sandbox.program) });
   await program.shows('Open Words Tool');
   expect(readdirSync(folder)).toEqual(['tessary']);
   expect(await program.close()).toBe(0);

@@ -1,8 +1,8 @@
 import type { Page } from '@playwright/test';
 import { readFileSync } from 'node:fs';
 import { fileURLToPath } from 'node:url';
-import { test } from '../support/fixtures';
-import { stubNativeHost } from '../support/nativeHost';
+import { test } from '../support/browser/fixtures';
+import { stubNativeHost } from '../support/browser/nativeHost';
 
 const docs = fileURLToPath(new URL('../../../docs/', import.meta.url));
 const sample = readFileSync(new URL('../../../sample.words.tessary', import.meta.url), 'utf8');

@@ -1,7 +1,7 @@
 import { expect } from '@playwright/test';
 import { existsSync, readFileSync } from 'node:fs';
-import type { RunningProgram } from '../support/runningProgram';
-import { until } from '../support/until';
+import type { RunningProgram } from '../support/shared/runningProgram';
+import { until } from '../support/shared/until';
 
 /** In bytes. */
 export const savedLengths = [2_000, 200_000, 4_000_000];

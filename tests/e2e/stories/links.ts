@@ -1,9 +1,9 @@
 import { expect } from '@playwright/test';
 import { createServer, type Server } from 'node:http';
 import type { AddressInfo } from 'node:net';
-import type { LinkRecorder } from '../support/linkRecorder';
-import { sampleDocument } from '../support/paths';
-import type { RunningProgram } from '../support/runningProgram';
+import type { LinkRecorder } from '../support/shared/linkRecorder';
+import { sampleDocument } from '../support/shared/paths';
+import type { RunningProgram } from '../support/shared/runningProgram';
 
 type LinkStoryTest = (
   title: string,

@@ -3,10 +3,10 @@ import { readdirSync, readFileSync } from 'node:fs';
 import { Agent, type IncomingHttpHeaders, request } from 'node:http';
 import { join } from 'node:path';
 import { brotliDecompressSync } from 'node:zlib';
-import { dist } from '../support/paths';
-import type { RunningProgram } from '../support/runningProgram';
-import type { StoryTest } from '../support/storyTest';
-import { until } from '../support/until';
+import { dist } from '../support/shared/paths';
+import type { RunningProgram } from '../support/shared/runningProgram';
+import type { StoryTest } from '../support/shared/storyTest';
+import { until } from '../support/shared/until';
 
 interface Reply {
   status: number;

@@ -1,6 +1,6 @@
 import { expect } from '@playwright/test';
-import { launchArgs } from '../support/runningProgram';
-import type { StoryTest } from '../support/storyTest';
+import { launchArgs } from '../support/shared/runningProgram';
+import type { StoryTest } from '../support/shared/storyTest';
 
 /**
  * What the command line leads to, on every system.

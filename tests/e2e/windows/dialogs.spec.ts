@@ -1,7 +1,7 @@
 import { readFileSync } from 'node:fs';
 import { join } from 'node:path';
-import { CommonDialog, MessageBox } from '../support/commonDialog';
-import { expect, test } from '../support/windowsFixtures';
+import { CommonDialog, MessageBox } from '../support/windows/commonDialog';
+import { expect, test } from '../support/windows/fixtures';
 
 test.setTimeout(120_000);
 
@@ -10,36 +10,36 @@ const json = ['JSON', '*.json;*.txt'];
 const jsonFilters = ['JSON (*.json;*.txt)', 'All Files (*.*)'];
 const allFiles = 'All Files (*.*)';
 
-test('the open dialog gives the path that is typed', async ({ open, place }) => {
+test('the open dialog gives the path that is typed', async ({ open, sandbox }) => {
   const program = await open();
-  place.write('a document.json');
+  sandbox.write('a document.json');
   const answer = program.call('showOpenDialog', ...json);
   const dialog = await CommonDialog.shown(program, 'Open');
   expect(dialog.filters()).toEqual(jsonFilters);
   expect(dialog.chosenFilter()).toBe(jsonFilters[0]);
-  await dialog.type(place.windowsPath('a document.json'));
+  await dialog.type(sandbox.windowsPath('a document.json'));
   await dialog.confirm();
-  expect(await answer).toEqual({ success: true, path: place.windowsPath('a document.json') });
+  expect(await answer).toEqual({ success: true, path: sandbox.windowsPath('a document.json') });
 });
 
 test('the open dialog gives a path that is not ASCII as UTF-8, which readFile takes for other bytes', async ({
   open,
-  place,
+  sandbox,
 }) => {
   const program = await open();
-  place.write('übung é.json', 'text');
+  sandbox.write('übung é.json', 'text');
   const answer = program.call('showOpenDialog', ...json);
   const dialog = await CommonDialog.shown(program, 'Open');
   await dialog.type('übung é.json');
   await dialog.confirm();
-  const path = place.windowsPath('übung é.json');
+  const path = sandbox.windowsPath('übung é.json');
   expect(await answer).toEqual({ success: true, path });
   expect(await program.call('readFile', path)).toEqual({ success: false, error: 'file-not-found' });
 });
 
-test('the open dialog refuses a name that does not exist', async ({ open, place }) => {
+test('the open dialog refuses a name that does not exist', async ({ open, sandbox }) => {
   const program = await open();
-  place.write('there.json');
+  sandbox.write('there.json');
   const answer = program.call('showOpenDialog', ...json);
   const dialog = await CommonDialog.shown(program, 'Open');
   await dialog.type('gone.json');
@@ -49,7 +49,7 @@ test('the open dialog refuses a name that does not exist', async ({ open, place 
   await message.answer('Return');
   await dialog.type('there.json');
   await dialog.confirm();
-  expect(await answer).toEqual({ success: true, path: place.windowsPath('there.json') });
+  expect(await answer).toEqual({ success: true, path: sandbox.windowsPath('there.json') });
 });
 
 test('a dialog that is cancelled says so', async ({ open }) => {
@@ -80,16 +80,16 @@ test('an argument that is missing, empty or of another kind has its default', as
   }
 });
 
-test('the save dialog offers the given name', async ({ open, place }) => {
+test('the save dialog offers the given name', async ({ open, sandbox }) => {
   const program = await open();
-  place.write('makes this folder the first one.json');
+  sandbox.write('makes this folder the first one.json');
   const name = 'é 漢字 😀.json';
   const answer = program.call('showSaveDialog', name, ...json, 'json');
   const dialog = await CommonDialog.shown(program, 'Save As');
   expect(dialog.filters()).toEqual(jsonFilters);
   expect(dialog.typed()).toBe(name);
   await dialog.confirm();
-  expect(await answer).toEqual({ success: true, path: place.windowsPath(name) });
+  expect(await answer).toEqual({ success: true, path: sandbox.windowsPath(name) });
 });
 
 test('a name that is too long is not offered, and the dialog opens all the same', async ({ open }) => {
@@ -101,18 +101,18 @@ test('a name that is too long is not offered, and the dialog opens all the same'
   expect(await answer).toEqual(cancelled);
 });
 
-test('the save dialog completes a name that has no extension', async ({ open, place }) => {
+test('the save dialog completes a name that has no extension', async ({ open, sandbox }) => {
   const program = await open();
-  place.write('makes this folder the first one.json');
+  sandbox.write('makes this folder the first one.json');
   const answer = program.call('showSaveDialog', '', ...json, 'json');
   const dialog = await CommonDialog.shown(program, 'Save As');
   await dialog.type('plain');
   await dialog.confirm();
-  expect(await answer).toEqual({ success: true, path: place.windowsPath('plain.json') });
+  expect(await answer).toEqual({ success: true, path: sandbox.windowsPath('plain.json') });
 });
 
-test('saving over a file is asked about, and can be declined or agreed to', async ({ open, place }) => {
-  place.write('there.json');
+test('saving over a file is asked about, and can be declined or agreed to', async ({ open, sandbox }) => {
+  sandbox.write('there.json');
   const program = await open();
   const answer = program.call('showSaveDialog', 'there.json', ...json, 'json');
   const dialog = await CommonDialog.shown(program, 'Save As');
@@ -123,19 +123,19 @@ test('saving over a file is asked about, and can be declined or agreed to', asyn
   await dialog.confirm();
   const again = await MessageBox.shown(program);
   await again.answer('alt+y');
-  expect(await answer).toEqual({ success: true, path: place.windowsPath('there.json') });
+  expect(await answer).toEqual({ success: true, path: sandbox.windowsPath('there.json') });
 });
 
-test('calls wait while a dialog is open and are then answered in their order', async ({ open, place }) => {
+test('calls wait while a dialog is open and are then answered in their order', async ({ open, sandbox }) => {
   const program = await open();
-  place.write('read me', 'text');
+  sandbox.write('read me', 'text');
   const order: string[] = [];
   const noting = <Answer>(name: string, answer: Promise<Answer>) => answer.finally(() => order.push(name));
   const opening = noting('open', program.call('showOpenDialog'));
   const first = await CommonDialog.shown(program, 'Open');
-  const writing = noting('write', program.call('writeFile', place.windowsPath('written'), 'text'));
+  const writing = noting('write', program.call('writeFile', sandbox.windowsPath('written'), 'text'));
   const saving = noting('save', program.call('showSaveDialog'));
-  const reading = noting('read', program.call('readFile', place.windowsPath('read me')));
+  const reading = noting('read', program.call('readFile', sandbox.windowsPath('read me')));
   // The page itself goes on meanwhile.
   await program.shows('Open Words Tool');
   expect(order).toEqual([]);
@@ -143,7 +143,7 @@ test('calls wait while a dialog is open and are then answered in their order', a
   await first.cancel();
   const second = await CommonDialog.shown(program, 'Save As');
   await expect.poll(() => order).toEqual(['open', 'write']);
-  expect(readFileSync(join(place.documents, 'written'), 'utf8')).toBe('text');
+  expect(readFileSync(join(sandbox.documents, 'written'), 'utf8')).toBe('text');
   await second.cancel();
   expect(await Promise.all([opening, writing, saving, reading])).toEqual([
     cancelled,
@@ -154,16 +154,19 @@ test('calls wait while a dialog is open and are then answered in their order', a
   expect(order).toEqual(['open', 'write', 'save', 'read']);
 });
 
-test('the folder in which the program was started stays its own after a dialog in another', async ({ open, place }) => {
-  place.write('elsewhere/there.json');
+test('the folder in which the program was started stays its own after a dialog in another', async ({
+  open,
+  sandbox,
+}) => {
+  sandbox.write('elsewhere/there.json');
   const program = await open();
   const answer = program.call('showOpenDialog', ...json);
   const dialog = await CommonDialog.shown(program, 'Open');
-  await dialog.type(place.windowsPath('elsewhere\\there.json'));
+  await dialog.type(sandbox.windowsPath('elsewhere\\there.json'));
   await dialog.confirm();
   await answer;
   expect(await program.call('writeFile', 'here.json', 'text')).toEqual({ success: true });
-  expect(readFileSync(join(place.documents, 'here.json'), 'utf8')).toBe('text');
+  expect(readFileSync(join(sandbox.documents, 'here.json'), 'utf8')).toBe('text');
 });
 
 test('closing the window while a dialog is open ends the program with code 0', async ({ open }) => {

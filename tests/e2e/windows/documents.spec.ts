@@ -1,10 +1,10 @@
 import { readFileSync } from 'node:fs';
 import { join } from 'node:path';
-import { CommonDialog } from '../support/commonDialog';
-import { documentText } from '../support/documents';
-import { until } from '../support/until';
-import { expect, test } from '../support/windowsFixtures';
-import type { WindowsProgram } from '../support/windowsProgram';
+import { documentText } from '../support/shared/documents';
+import { until } from '../support/shared/until';
+import { CommonDialog } from '../support/windows/commonDialog';
+import { expect, test } from '../support/windows/fixtures';
+import type { WindowsProgram } from '../support/windows/windowsProgram';
 
 test.setTimeout(120_000);
 
@@ -32,8 +32,8 @@ function expectWindowsLines(text: string) {
   expect(text.replaceAll('\r\n', '')).not.toMatch(/[\r\n]/);
 }
 
-test('a new document asks for its place once and is saved there from then on', async ({ open, place }) => {
-  place.write('makes this folder the first one.tessary');
+test('a new document asks for its place once and is saved there from then on', async ({ open, sandbox }) => {
+  sandbox.write('makes this folder the first one.tessary');
   const program = await open();
   await click(program, 'Open Words Tool');
   await click(program, 'Create Document');
@@ -45,21 +45,21 @@ test('a new document asks for its place once and is saved there from then on', a
   await dialog.type('numbers.words.tessary');
   await dialog.confirm();
   await program.shows('numbers.words.tessary');
-  const first = await until('the document on disk', () => textOnDisk(place.documents, 'numbers.words.tessary'));
+  const first = await until('the document on disk', () => textOnDisk(sandbox.documents, 'numbers.words.tessary'));
   expectWindowsLines(first);
   await click(program, 'Add sheet');
   await program.shows('numbers.words.tessary*');
   await click(program, 'Save');
   await until('the second sheet on disk', () =>
-    textOnDisk(place.documents, 'numbers.words.tessary').includes('"Number B"'),
+    textOnDisk(sandbox.documents, 'numbers.words.tessary').includes('"Number B"'),
   );
-  expectWindowsLines(textOnDisk(place.documents, 'numbers.words.tessary'));
+  expectWindowsLines(textOnDisk(sandbox.documents, 'numbers.words.tessary'));
   expect(program.windows()).toHaveLength(1);
 });
 
-test('Save As puts the document into another file and leaves the first as it was', async ({ open, place }) => {
+test('Save As puts the document into another file and leaves the first as it was', async ({ open, sandbox }) => {
   const before = documentText({ displayName: 'Übung 漢字 😀' }).replaceAll('\n', '\r\n');
-  place.write('first.words.tessary', before);
+  sandbox.write('first.words.tessary', before);
   const program = await open(['first.words.tessary']);
   await program.shows('Übung 漢字 😀');
   await click(program, 'Save As');
@@ -68,14 +68,14 @@ test('Save As puts the document into another file and leaves the first as it was
   await dialog.type('second.words.tessary');
   await dialog.confirm();
   await program.shows('second.words.tessary');
-  const second = textOnDisk(place.documents, 'second.words.tessary');
+  const second = textOnDisk(sandbox.documents, 'second.words.tessary');
   expectWindowsLines(second);
   expect(JSON.parse(second)).toMatchObject({ tool: 'words', version: 1, sheets: [{ displayName: 'Übung 漢字 😀' }] });
-  expect(textOnDisk(place.documents, 'first.words.tessary')).toBe(before);
+  expect(textOnDisk(sandbox.documents, 'first.words.tessary')).toBe(before);
 });
 
-test('a document is opened through the dialog, edited and saved back to its file', async ({ open, place }) => {
-  place.write('mine.words.tessary', documentText({ displayName: 'Mine' }));
+test('a document is opened through the dialog, edited and saved back to its file', async ({ open, sandbox }) => {
+  sandbox.write('mine.words.tessary', documentText({ displayName: 'Mine' }));
   const program = await open();
   await click(program, 'Open Words Tool');
   await click(program, 'Open Document');
@@ -87,7 +87,7 @@ test('a document is opened through the dialog, edited and saved back to its file
   await click(program, 'Add sheet');
   await click(program, 'Save');
   await until('the second sheet on disk', () =>
-    textOnDisk(place.documents, 'mine.words.tessary').includes('"Number A"'),
+    textOnDisk(sandbox.documents, 'mine.words.tessary').includes('"Number A"'),
   );
-  expectWindowsLines(textOnDisk(place.documents, 'mine.words.tessary'));
+  expectWindowsLines(textOnDisk(sandbox.documents, 'mine.words.tessary'));
 });

@@ -1,6 +1,6 @@
 import { expect, test } from '@playwright/test';
-import { PortableExecutable } from '../support/portableExecutable';
-import { executable } from '../support/windowsPaths';
+import { executable } from '../support/windows/paths';
+import { PortableExecutable } from '../support/windows/portableExecutable';
 
 const icon = 3;
 const iconGroup = 14;

@@ -1,6 +1,6 @@
 import { existsSync, readFileSync } from 'node:fs';
 import { join } from 'node:path';
-import { expect, test } from '../support/windowsFixtures';
+import { expect, test } from '../support/windows/fixtures';
 
 const controls = String.fromCodePoint(...Array.from({ length: 0x1f }, (_, i) => i + 1)).replace(/[\n\r\x1a]/g, '');
 
@@ -15,49 +15,49 @@ const texts = [
   '\uFEFFwith a byte order mark',
 ];
 
-test('lines end in CR LF on disk and in LF on the page', async ({ open, place }) => {
+test('lines end in CR LF on disk and in LF on the page', async ({ open, sandbox }) => {
   const program = await open();
-  expect(await program.call('writeFile', place.windowsPath('lines'), 'one\ntwo\n')).toEqual({ success: true });
-  expect(readFileSync(join(place.documents, 'lines'), 'latin1')).toBe('one\r\ntwo\r\n');
-  expect(await program.call('readFile', place.windowsPath('lines'))).toEqual({ success: true, data: 'one\ntwo\n' });
+  expect(await program.call('writeFile', sandbox.windowsPath('lines'), 'one\ntwo\n')).toEqual({ success: true });
+  expect(readFileSync(join(sandbox.documents, 'lines'), 'latin1')).toBe('one\r\ntwo\r\n');
+  expect(await program.call('readFile', sandbox.windowsPath('lines'))).toEqual({ success: true, data: 'one\ntwo\n' });
 });
 
-test('every text of a file comes back through the bridge', async ({ open, place }) => {
+test('every text of a file comes back through the bridge', async ({ open, sandbox }) => {
   const program = await open();
   for (const text of texts) {
-    place.write('text.json', text);
-    expect(await program.call('readFile', place.windowsPath('text.json'))).toEqual({ success: true, data: text });
+    sandbox.write('text.json', text);
+    expect(await program.call('readFile', sandbox.windowsPath('text.json'))).toEqual({ success: true, data: text });
   }
 });
 
-test('every text is written as UTF-8, byte for byte', async ({ open, place }) => {
+test('every text is written as UTF-8, byte for byte', async ({ open, sandbox }) => {
   const program = await open();
   for (const text of texts) {
-    expect(await program.call('writeFile', place.windowsPath('text.json'), text)).toEqual({ success: true });
-    expect(readFileSync(join(place.documents, 'text.json'), 'utf8')).toBe(text);
+    expect(await program.call('writeFile', sandbox.windowsPath('text.json'), text)).toEqual({ success: true });
+    expect(readFileSync(join(sandbox.documents, 'text.json'), 'utf8')).toBe(text);
   }
 });
 
-test('a text ends at its first NUL, in both directions', async ({ open, place }) => {
+test('a text ends at its first NUL, in both directions', async ({ open, sandbox }) => {
   const program = await open();
-  place.write('with zero.txt', 'before\0after');
-  expect(await program.call('readFile', place.windowsPath('with zero.txt'))).toEqual({ success: true, data: 'before' });
-  expect(await program.call('writeFile', place.windowsPath('with zero.txt'), 'kept\0lost')).toEqual({ success: true });
-  expect(readFileSync(join(place.documents, 'with zero.txt'), 'latin1')).toBe('kept');
+  sandbox.write('with zero.txt', 'before\0after');
+  expect(await program.call('readFile', sandbox.windowsPath('with zero.txt'))).toEqual({ success: true, data: 'before' });
+  expect(await program.call('writeFile', sandbox.windowsPath('with zero.txt'), 'kept\0lost')).toEqual({ success: true });
+  expect(readFileSync(join(sandbox.documents, 'with zero.txt'), 'latin1')).toBe('kept');
 });
 
-test('an empty file is read as a success without data', async ({ open, place }) => {
+test('an empty file is read as a success without data', async ({ open, sandbox }) => {
   const program = await open();
-  place.write('empty');
-  expect(await program.call('readFile', place.windowsPath('empty'))).toEqual({ success: true });
+  sandbox.write('empty');
+  expect(await program.call('readFile', sandbox.windowsPath('empty'))).toEqual({ success: true });
 });
 
-test('files that cannot be read or written give their codes', async ({ open, place }) => {
+test('files that cannot be read or written give their codes', async ({ open, sandbox }) => {
   const program = await open();
   const notFound = { success: false, error: 'file-not-found' };
   for (const path of [
-    place.windowsPath('gone'),
-    place.windowsPath('.'),
+    sandbox.windowsPath('gone'),
+    sandbox.windowsPath('.'),
     '',
     '*.tessary',
     'C:\\<>|',
@@ -66,48 +66,48 @@ test('files that cannot be read or written give their codes', async ({ open, pla
     expect({ path, ...(await program.call('readFile', path)) }).toEqual({ path, ...notFound });
   }
   const notWritten = { success: false, error: 'file-write-failed' };
-  for (const path of [place.windowsPath('no folder\\file'), place.windowsPath('.'), '', '?']) {
+  for (const path of [sandbox.windowsPath('no folder\\file'), sandbox.windowsPath('.'), '', '?']) {
     expect({ path, ...(await program.call('writeFile', path, 'x')) }).toEqual({ path, ...notWritten });
   }
 });
 
-test('arguments of the wrong kind or number are refused', async ({ open, place }) => {
+test('arguments of the wrong kind or number are refused', async ({ open, sandbox }) => {
   const program = await open();
   const refused = { success: false, error: 'invalid-arguments' };
-  place.write('kept', 'kept');
-  const file = place.windowsPath('kept');
+  sandbox.write('kept', 'kept');
+  const file = sandbox.windowsPath('kept');
   for (const given of [[], [null], [7], [true], [{}], [[file]]]) {
     expect(await program.call('readFile', ...given)).toEqual(refused);
   }
   for (const given of [[], [file], [file, null], [file, 7], [null, 'text'], [file, {}]]) {
     expect(await program.call('writeFile', ...given)).toEqual(refused);
   }
-  expect(readFileSync(join(place.documents, 'kept'), 'utf8')).toBe('kept');
+  expect(readFileSync(join(sandbox.documents, 'kept'), 'utf8')).toBe('kept');
 });
 
-test("a path's bytes are read in the system's code page", async ({ open, place }) => {
+test("a path's bytes are read in the system's code page", async ({ open, sandbox }) => {
   const program = await open();
-  place.write('übung.json', 'by its real name');
-  const path = place.windowsPath('übung.json');
+  sandbox.write('übung.json', 'by its real name');
+  const path = sandbox.windowsPath('übung.json');
   expect(await program.call('readFile', path)).toEqual({ success: false, error: 'file-not-found' });
   expect(await program.call('writeFile', path, 'by its bytes')).toEqual({ success: true });
-  expect(readFileSync(join(place.documents, 'Ã¼bung.json'), 'utf8')).toBe('by its bytes');
-  expect(readFileSync(join(place.documents, 'übung.json'), 'utf8')).toBe('by its real name');
+  expect(readFileSync(join(sandbox.documents, 'Ã¼bung.json'), 'utf8')).toBe('by its bytes');
+  expect(readFileSync(join(sandbox.documents, 'übung.json'), 'utf8')).toBe('by its real name');
   expect(await program.call('readFile', path)).toEqual({ success: true, data: 'by its bytes' });
 });
 
-test('a relative path is taken from the folder in which the program was started', async ({ open, place }) => {
+test('a relative path is taken from the folder in which the program was started', async ({ open, sandbox }) => {
   const program = await open();
   expect(await program.call('writeFile', 'here.json', 'text')).toEqual({ success: true });
-  expect(existsSync(join(place.documents, 'here.json'))).toBe(true);
+  expect(existsSync(join(sandbox.documents, 'here.json'))).toBe(true);
 });
 
-test('10 MB of text go through the page and come out the same', async ({ open, place }) => {
+test('10 MB of text go through the page and come out the same', async ({ open, sandbox }) => {
   test.setTimeout(180_000);
   const program = await open();
   const line = 'The quick brown fox, é À ÿ 漢字 😀 "\\" \t jumps.\r\n';
   const text = line.repeat(Math.ceil(10e6 / Buffer.byteLength(line)));
-  place.write('large.txt', text);
+  sandbox.write('large.txt', text);
   const answers = await program.page.evaluate(
     async (from, to) => {
       type Bound = (...given: string[]) => Promise<{ success: boolean; data?: string }>;
@@ -115,9 +115,9 @@ test('10 MB of text go through the page and come out the same', async ({ open, p
       const { success, data = '' } = await readFile(from);
       return { read: success, units: data.length, written: (await writeFile(to, data)).success };
     },
-    place.windowsPath('large.txt'),
-    place.windowsPath('copy.txt'),
+    sandbox.windowsPath('large.txt'),
+    sandbox.windowsPath('copy.txt'),
   );
   expect(answers).toEqual({ read: true, units: text.replaceAll('\r\n', '\n').length, written: true });
-  expect(readFileSync(join(place.documents, 'copy.txt'), 'utf8') === text).toBe(true);
+  expect(readFileSync(join(sandbox.documents, 'copy.txt'), 'utf8') === text).toBe(true);
 });

@@ -1,9 +1,9 @@
 import { copyFileSync, readFileSync } from 'node:fs';
 import { join } from 'node:path';
-import { until } from '../support/until';
-import { readWindows } from '../support/windowReader';
-import { expect, test, type WindowsPlace } from '../support/windowsFixtures';
-import { testRuntimeDll } from '../support/windowsPaths';
+import { until } from '../support/shared/until';
+import { expect, test, type WindowsSandbox } from '../support/windows/fixtures';
+import { fakeWebView2Dll } from '../support/windows/paths';
+import { readWindows } from '../support/windows/windowReader';
 
 const advice =
   'Tessary needs the Microsoft Edge WebView2 Runtime, which is not installed here: get it from ' +
@@ -12,7 +12,7 @@ const advice =
 const version = '120.0.2210.91';
 
 interface Machine {
-  place: WindowsPlace;
+  sandbox: WindowsSandbox;
   register: (version: string, root: 'HKLM' | 'HKCU') => void;
   install: (version: string) => void;
 }
@@ -33,19 +33,19 @@ for (const { title, arrange } of [
   },
   {
     title: 'with a loader in the current folder, where anybody may have put it',
-    arrange: ({ place }: Machine) => copyFileSync(testRuntimeDll, join(place.documents, 'WebView2Loader.dll')),
+    arrange: ({ sandbox }: Machine) => copyFileSync(fakeWebView2Dll, join(sandbox.documents, 'WebView2Loader.dll')),
   },
 ]) {
   test(`${title} one message box tells where to get it, and the exit code is not 0`, async ({
     run,
     prefix,
     desktop,
-    place,
+    sandbox,
   }) => {
     prefix.removeRuntime();
     try {
       arrange({
-        place,
+        sandbox,
         register: (name, root) => prefix.registerRuntime(name, root),
         install: (name) => prefix.installRuntime(name),
       });
@@ -56,7 +56,7 @@ for (const { title, arrange } of [
       desktop.focus(box);
       desktop.press('Return');
       expect(await program.exit()).toBe(1);
-      expect(readFileSync(place.logFile, 'utf8')).toMatch(/Server URL: http:\/\/localhost:\d+\r\n$/);
+      expect(readFileSync(sandbox.logFile, 'utf8')).toMatch(/Server URL: http:\/\/localhost:\d+\r\n$/);
     } finally {
       prefix.removeRuntime();
       prefix.installRuntime();

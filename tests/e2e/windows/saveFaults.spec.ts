@@ -1,9 +1,9 @@
 import { expectWholeAfterKill, savedLengths } from '../stories/cutOffSaves';
-import { test } from '../support/windowsFixtures';
+import { test } from '../support/windows/fixtures';
 
 for (const length of savedLengths) {
-  test(`a program that is killed while it saves ${length} bytes leaves one whole text`, async ({ open, place }) => {
-    const seen = place.write('mine.words.tessary', 'a'.repeat(length));
-    await expectWholeAfterKill(await open(), place.windowsPath('mine.words.tessary'), seen, length);
+  test(`a program that is killed while it saves ${length} bytes leaves one whole text`, async ({ open, sandbox }) => {
+    const seen = sandbox.write('mine.words.tessary', 'a'.repeat(length));
+    await expectWholeAfterKill(await open(), sandbox.windowsPath('mine.words.tessary'), seen, length);
   });
 }

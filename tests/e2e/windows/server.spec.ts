@@ -1,4 +1,4 @@
 import { serverStories } from '../stories/server';
-import { test } from '../support/windowsFixtures';
+import { test } from '../support/windows/fixtures';
 
 serverStories(test);

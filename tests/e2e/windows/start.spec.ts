@@ -1,17 +1,17 @@
 import { copyFileSync, existsSync, mkdirSync, readFileSync } from 'node:fs';
 import { join } from 'node:path';
 import { startStories } from '../stories/start';
-import { sampleDocument } from '../support/paths';
-import { launchArgs } from '../support/runningProgram';
-import { expect, test } from '../support/windowsFixtures';
+import { sampleDocument } from '../support/shared/paths';
+import { launchArgs } from '../support/shared/runningProgram';
+import { expect, test } from '../support/windows/fixtures';
 
 startStories(test, '.\\gone.tessary');
 
-test('the document named on the command line is shown', async ({ open, place }) => {
-  copyFileSync(sampleDocument, join(place.documents, "it's a sample.words.tessary"));
+test('the document named on the command line is shown', async ({ open, sandbox }) => {
+  copyFileSync(sampleDocument, join(sandbox.documents, "it's a sample.words.tessary"));
   const program = await open(["it's a sample.words.tessary"]);
   await program.shows('SHA-256 initial hash');
-  const filePath = place.windowsPath("it's a sample.words.tessary");
+  const filePath = sandbox.windowsPath("it's a sample.words.tessary");
   expect(await program.page.evaluate(() => (window as { tessary?: unknown }).tessary)).toEqual({
     os: { platform: 'windows', arch: 'x64' },
     backend: { implementation: 'cpp', msPackageName: null },
@@ -20,41 +20,41 @@ test('the document named on the command line is shown', async ({ open, place }) 
   expect(program.log()).toContain(`\n[Backend] Opening file: ${filePath}\n`);
 });
 
-test('a name with wildcards is taken as it is typed', async ({ open, place }) => {
-  place.write('one.tessary');
-  place.write('two.tessary');
+test('a name with wildcards is taken as it is typed', async ({ open, sandbox }) => {
+  sandbox.write('one.tessary');
+  sandbox.write('two.tessary');
   const program = await open(['*.tessary']);
   await program.shows('Failed to start Tessary: File not found: *.tessary');
 });
 
-test('a folder as the document is reported as not found on the start page', async ({ open, place }) => {
+test('a folder as the document is reported as not found on the start page', async ({ open, sandbox }) => {
   const program = await open(['.']);
   await program.shows('Failed to read file: file-not-found');
-  expect(await launchArgs(program)).toEqual({ error: null, filePath: place.windowsPath('.') });
+  expect(await launchArgs(program)).toEqual({ error: null, filePath: sandbox.windowsPath('.') });
 });
 
-test('an empty document is reported on the start page', async ({ open, place }) => {
-  place.write('empty.words.tessary');
+test('an empty document is reported on the start page', async ({ open, sandbox }) => {
+  sandbox.write('empty.words.tessary');
   const program = await open(['empty.words.tessary']);
   await program.shows('Failed to read file: Unknown error');
 });
 
 test("a document whose name is in the system's code page is found, but altered on its way to the page", async ({
   open,
-  place,
+  sandbox,
 }) => {
-  copyFileSync(sampleDocument, join(place.documents, 'übung.words.tessary'));
+  copyFileSync(sampleDocument, join(sandbox.documents, 'übung.words.tessary'));
   const program = await open(['übung.words.tessary']);
   await program.shows('Failed to read file: file-not-found');
   expect(await launchArgs(program)).toEqual({
     error: null,
-    filePath: place.windowsPath('\ufffdbung.words.tessary'),
+    filePath: sandbox.windowsPath('\ufffdbung.words.tessary'),
   });
-  expect(readFileSync(place.logFile, 'latin1')).toContain('\\documents\\übung.words.tessary\r\n');
+  expect(readFileSync(sandbox.logFile, 'latin1')).toContain('\\documents\\übung.words.tessary\r\n');
 });
 
-test("a document whose name is outside the system's code page is reported as not found", async ({ open, place }) => {
-  copyFileSync(sampleDocument, join(place.documents, '漢字.words.tessary'));
+test("a document whose name is outside the system's code page is reported as not found", async ({ open, sandbox }) => {
+  copyFileSync(sampleDocument, join(sandbox.documents, '漢字.words.tessary'));
   const program = await open(['漢字.words.tessary']);
   await program.shows('Failed to start Tessary: File not found: ??.words.tessary');
 });
@@ -76,18 +76,18 @@ test('the window has its title, size and icon', async ({ open }) => {
 test('closing the window ends the program with code 0, frees its port and leaves a complete log', async ({
   open,
   prefix,
-  place,
+  sandbox,
 }) => {
   const program = await open();
   await program.shows('Open Words Tool');
   const port = new URL(program.url).port;
   expect(await program.close()).toBe(0);
   await expect(fetch(program.url)).rejects.toThrow('fetch failed');
-  expect(readFileSync(place.logFile, 'utf8').split('\r\n').slice(0, 5)).toEqual([
+  expect(readFileSync(sandbox.logFile, 'utf8').split('\r\n').slice(0, 5)).toEqual([
     '[Server] Release mode: serving embedded static files',
     `[Server] Bound to port ${port}`,
     'Application: tessary v1.5.4',
-    `Executable path: ${prefix.windowsPath(place.program)}`,
+    `Executable path: ${prefix.windowsPath(sandbox.program)}`,
     `Server URL: http://localhost:${port}`,
   ]);
 });
@@ -109,31 +109,31 @@ test('a second run continues the log of the first', async ({ open }) => {
   expect(second.log().slice(before.length)).toMatch(/^\[Server\] Release mode[^]*\nServer URL: /);
 });
 
-test('started by a relative path, the log lies beside the executable', async ({ open, place, prefix }) => {
+test('started by a relative path, the log lies beside the executable', async ({ open, sandbox, prefix }) => {
   const program = await open([], { executable: '..\\app\\tessary.exe' });
-  expect(program.log()).toContain(`Executable path: ${prefix.windowsPath(place.program)}\n`);
-  expect(existsSync(join(place.documents, 'debug.log'))).toBe(false);
+  expect(program.log()).toContain(`Executable path: ${prefix.windowsPath(sandbox.program)}\n`);
+  expect(existsSync(join(sandbox.documents, 'debug.log'))).toBe(false);
 });
 
-test("a folder whose name is in the system's code page may hold the program", async ({ open, place, prefix }) => {
-  const program = join(place.documents, 'übung', 'tessary.exe');
-  place.write('übung/debug.log');
-  copyFileSync(place.program, program);
+test("a folder whose name is in the system's code page may hold the program", async ({ open, sandbox, prefix }) => {
+  const program = join(sandbox.documents, 'übung', 'tessary.exe');
+  sandbox.write('übung/debug.log');
+  copyFileSync(sandbox.program, program);
   const opened = await open([], { executable: prefix.windowsPath(program) });
-  expect(readFileSync(join(place.documents, 'übung', 'debug.log'), 'utf8')).toContain(
+  expect(readFileSync(join(sandbox.documents, 'übung', 'debug.log'), 'utf8')).toContain(
     `Executable path: ${prefix.windowsPath(program)}\r\n`,
   );
   expect(await opened.close()).toBe(0);
 });
 
-test('the program runs without a log where none can be written', async ({ open, place }) => {
-  mkdirSync(place.logFile);
+test('the program runs without a log where none can be written', async ({ open, sandbox }) => {
+  mkdirSync(sandbox.logFile);
   const program = await open();
   await program.shows('Open Words Tool');
   expect(await program.close()).toBe(0);
 });
 
-test('help and version are printed, without a window or a log', async ({ run, place }) => {
+test('help and version are printed, without a window or a log', async ({ run, sandbox }) => {
   for (const option of ['--help', '-h']) {
     const help = run([option]);
     expect(await help.exit()).toBe(0);
@@ -145,5 +145,5 @@ test('help and version are printed, without a window or a log', async ({ run, pl
     expect(await version.exit()).toBe(0);
     expect(version.stdout.trim()).toBe('1.5.4');
   }
-  expect(existsSync(place.logFile)).toBe(false);
+  expect(existsSync(sandbox.logFile)).toBe(false);
 });

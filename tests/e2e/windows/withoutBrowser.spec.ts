@@ -1,7 +1,7 @@
 import { readFileSync } from 'node:fs';
 import { join } from 'node:path';
-import type { TestRuntime } from '../support/testRuntime';
-import { expect, test } from '../support/windowsFixtures';
+import type { FakeWebView2 } from '../support/windows/fakeWebView2';
+import { expect, test } from '../support/windows/fixtures';
 
 // No page is shown here: the test answers the program in the browser's place.
 
@@ -13,10 +13,10 @@ const camera = '2';
 const boundName = (script: string) => /name = '(\w+)'/.exec(script)?.[1];
 
 /** The program is ready for the page when it has given its window its size. */
-const ready = (runtime: TestRuntime) => runtime.told('bounds', (size) => size === '800 600');
+const ready = (runtime: FakeWebView2) => runtime.told('bounds', (size) => size === '800 600');
 
 /** Calls a bound function as a page does, and gives the script with which the program answers. */
-async function answerTo(runtime: TestRuntime, id: number, method: string, ...params: unknown[]): Promise<string> {
+async function answerTo(runtime: FakeWebView2, id: number, method: string, ...params: unknown[]): Promise<string> {
   runtime.post(JSON.stringify({ id, method, params }));
   return runtime.told('exec', (script) => script.includes(`seq = "${id}"`));
 }
@@ -43,30 +43,30 @@ test('the program asks its browser runtime for what it needs, in order, and for 
   expect(await program.exit()).toBe(0);
 });
 
-test('a call is answered by a script in plain ASCII', async ({ run, runtime, place }) => {
-  place.write('text', 'é À 漢字 😀');
+test('a call is answered by a script in plain ASCII', async ({ run, runtime, sandbox }) => {
+  sandbox.write('text', 'é À 漢字 😀');
   run();
   await ready(runtime);
-  const answer = await answerTo(runtime, 1, 'readFile', place.windowsPath('text'));
+  const answer = await answerTo(runtime, 1, 'readFile', sandbox.windowsPath('text'));
   expect(answer).toMatch(/^[\n -~]+$/);
   expect(answer).toContain('\\\\u00e9 \\\\u00c0 \\\\u6f22\\\\u5b57 \\\\ud83d\\\\ude00');
 });
 
-test('a request that the library cannot take apart is refused', async ({ run, runtime, place }) => {
+test('a request that the library cannot take apart is refused', async ({ run, runtime, sandbox }) => {
   run();
   await ready(runtime);
-  const answer = await answerTo(runtime, 1, 'writeFile', place.windowsPath('gone'), 'before\u007fafter');
+  const answer = await answerTo(runtime, 1, 'writeFile', sandbox.windowsPath('gone'), 'before\u007fafter');
   expect(answer).toContain('invalid-arguments');
 });
 
-test('messages that are no calls are passed over', async ({ run, runtime, place }) => {
+test('messages that are no calls are passed over', async ({ run, runtime, sandbox }) => {
   const program = run();
   await ready(runtime);
   for (const message of ['', 'text', '{}', '[]', 'null', '{"id":1}', '{"id":1,"method":"unknown","params":[]}']) {
     runtime.post(message);
   }
-  expect(await answerTo(runtime, 7, 'writeFile', place.windowsPath('after'), 'all')).toContain('success');
-  expect(readFileSync(join(place.documents, 'after'), 'utf8')).toBe('all');
+  expect(await answerTo(runtime, 7, 'writeFile', sandbox.windowsPath('after'), 'all')).toContain('success');
+  expect(readFileSync(join(sandbox.documents, 'after'), 'utf8')).toBe('all');
   runtime.closeWindow();
   expect(await program.exit()).toBe(0);
 });

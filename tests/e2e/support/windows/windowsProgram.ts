@@ -1,20 +1,20 @@
-import type { HostedPage } from './hostedPage';
-import { type Launch, ProgramProcess } from './programProcess';
-import { loadedPage, RunningProgram } from './runningProgram';
-import type { TestRuntime } from './testRuntime';
-import { until } from './until';
+import { type Launch, ProgramProcess } from '../shared/programProcess';
+import { loadedPage, RunningProgram } from '../shared/runningProgram';
+import { until } from '../shared/until';
+import type { ChromiumWebView } from './chromiumWebView';
+import type { FakeWebView2 } from './fakeWebView2';
 import { type Control, readDialog } from './windowReader';
 import type { WinePrefix } from './winePrefix';
 
 /** What the program is started in. */
 export interface WindowsSurroundings {
   prefix: WinePrefix;
-  runtime: TestRuntime;
-  page: HostedPage;
+  runtime: FakeWebView2;
+  page: ChromiumWebView;
 }
 
-/** The Windows program under wine, with its page in a real browser behind the test runtime. */
-export class WindowsProgram extends RunningProgram<HostedPage> {
+/** The Windows program under wine, with its page in a real browser behind the fake runtime. */
+export class WindowsProgram extends RunningProgram<ChromiumWebView> {
   #surroundings!: WindowsSurroundings;
 
   /** `started` hears of the process before anything can go wrong with it. */
@@ -37,7 +37,7 @@ export class WindowsProgram extends RunningProgram<HostedPage> {
     return program;
   }
 
-  get runtime(): TestRuntime {
+  get runtime(): FakeWebView2 {
     return this.#surroundings.runtime;
   }
 

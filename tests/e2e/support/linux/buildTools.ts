@@ -1,6 +1,6 @@
 import { execFileSync } from 'node:child_process';
 import { mkdirSync } from 'node:fs';
-import { tools, toolSources } from './paths';
+import { tools, toolSources } from '../shared/paths';
 
 /** Builds what no package of Debian 12 brings: to ask a window to close, to read what a
  * screen reader is told, to drag something into a window, and to set a clock. */
@@ -9,7 +9,7 @@ export default function buildTools() {
   build('close_window', 'x11');
   build('accessible_tree', 'atspi-2', 'gobject-2.0');
   build('drag_source', 'gtk+-3.0');
-  compile('jumping_clock', 'jumping_clock.so', '-shared', '-fPIC');
+  compile('fake_clock', 'fake_clock.so', '-shared', '-fPIC');
 }
 
 function build(name: string, ...libraries: string[]) {

@@ -1,6 +1,6 @@
+import { loadedPage } from '../shared/runningProgram';
+import { until } from '../shared/until';
 import type { Program } from './program';
-import { loadedPage } from './runningProgram';
-import { until } from './until';
 
 type Marked = { isOld?: boolean };
 

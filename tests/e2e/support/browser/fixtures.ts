@@ -1,9 +1,7 @@
 import AxeBuilder from '@axe-core/playwright';
 import { expect, test as base } from '@playwright/test';
-import { fileURLToPath } from 'node:url';
+import { dist } from '../shared/paths';
 import { type PageServer, servePage } from './pageServer';
-
-const DIST = fileURLToPath(new URL('../../../web/dist', import.meta.url));
 
 interface Fixtures {
   /** Errors on the page's console so far. What is still in the list at the end fails the test. */
@@ -17,7 +15,7 @@ interface Fixtures {
 export const test = base.extend<Fixtures, { server: PageServer }>({
   server: [
     async ({}, use) => {
-      const server = await servePage(DIST);
+      const server = await servePage(dist);
       await use(server);
       await server.close();
     },

@@ -2,23 +2,23 @@ import { expect, test as base } from '@playwright/test';
 import { copyFileSync, linkSync, mkdirSync, mkdtempSync, rmSync, writeFileSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import { dirname, join } from 'node:path';
-import { Desktop } from './desktop';
-import { LinkRecorder } from './linkRecorder';
-import { executable, toolSources } from './paths';
+import { Desktop } from '../shared/desktop';
+import { LinkRecorder } from '../shared/linkRecorder';
+import { type Launch, ProgramProcess } from '../shared/programProcess';
+import { executable, suppressions } from './paths';
 import { Program } from './program';
-import { type Launch, ProgramProcess } from './programProcess';
 
 /** For a build with sanitizers. The quick way to unwind stops at libraries without frame pointers, whoever called them. */
 const sanitizerOptions = {
   ASAN_OPTIONS: 'fast_unwind_on_malloc=0:malloc_context_size=10:verify_asan_link_order=0',
-  LSAN_OPTIONS: `suppressions=${toolSources}/lsan.supp:print_suppressions=0`,
+  LSAN_OPTIONS: `suppressions=${suppressions}/lsan.supp:print_suppressions=0`,
   // GLib orders its threads' accesses by futexes, which the sanitizer cannot see: it would report them as races.
-  TSAN_OPTIONS: `ignore_noninstrumented_modules=1:suppressions=${toolSources}/tsan.supp`,
+  TSAN_OPTIONS: `ignore_noninstrumented_modules=1:suppressions=${suppressions}/tsan.supp`,
   UBSAN_OPTIONS: 'print_stacktrace=1',
 };
 
 /** A user's home with the program in it, thrown away after the test. */
-export class Place {
+export class ProgramSandbox {
   readonly folder = mkdtempSync(join(tmpdir(), 'tessary-'));
   readonly program = join(this.folder, 'app', 'tessary');
   readonly logFile = join(this.folder, 'app', 'debug.log');
@@ -67,7 +67,7 @@ export class Place {
 export type StartOptions = Partial<Pick<Launch, 'command' | 'cwd' | 'env'>>;
 
 interface Fixtures {
-  place: Place;
+  sandbox: ProgramSandbox;
   /** The desktop's handler of links. */
   linkRecorder: LinkRecorder;
   /** Starts the program in its window, with these arguments, and ends it with the test. */
@@ -85,26 +85,26 @@ export const test = base.extend<Fixtures & { processes: ProgramProcess[] }, { de
     },
     { scope: 'worker' },
   ],
-  place: async ({}, use) => {
-    const place = new Place();
-    await use(place);
-    place.remove();
+  sandbox: async ({}, use) => {
+    const sandbox = new ProgramSandbox();
+    await use(sandbox);
+    sandbox.remove();
   },
-  linkRecorder: async ({ place }, use) => {
-    const recorder = new LinkRecorder(place.folder);
-    const script = place.write('../home/recorder.sh', recorder.script);
+  linkRecorder: async ({ sandbox }, use) => {
+    const recorder = new LinkRecorder(sandbox.folder);
+    const script = sandbox.write('../home/recorder.sh', recorder.script);
     const schemes = ['http', 'https', 'mailto'].map((scheme) => `x-scheme-handler/${scheme}`);
-    place.write(
+    sandbox.write(
       '../home/data/applications/recorder.desktop',
       `[Desktop Entry]\nType=Application\nName=Recorder\nExec=/bin/sh ${script} %u\nMimeType=${schemes.join(';')};\n`,
     );
-    place.write(
+    sandbox.write(
       '../home/config/mimeapps.list',
       `[Default Applications]\n${schemes.map((type) => `${type}=recorder.desktop\n`).join('')}`,
     );
     await use(recorder);
   },
-  processes: async ({ desktop, place: _outlivesTheProcesses }, use, testInfo) => {
+  processes: async ({ desktop, sandbox: _outlivesTheProcesses }, use, testInfo) => {
     const processes: ProgramProcess[] = [];
     await use(processes);
     if (testInfo.status !== testInfo.expectedStatus) {
@@ -113,27 +113,27 @@ export const test = base.extend<Fixtures & { processes: ProgramProcess[] }, { de
     for (const process of processes) await process.end();
     for (const process of processes) expect(process.stderr).not.toMatch(/Sanitizer|runtime error:/);
   },
-  open: async ({ desktop, place, processes }, use) => {
+  open: async ({ desktop, sandbox, processes }, use) => {
     await use((args = [], options) =>
-      Program.start(launchOf(place, desktop, args, options), (process) => processes.push(process)),
+      Program.start(launchOf(sandbox, desktop, args, options), (process) => processes.push(process)),
     );
   },
-  run: async ({ desktop, place, processes }, use) => {
+  run: async ({ desktop, sandbox, processes }, use) => {
     await use((args = [], options) => {
-      const process = new ProgramProcess(launchOf(place, desktop, args, options));
+      const process = new ProgramProcess(launchOf(sandbox, desktop, args, options));
       processes.push(process);
       return process;
     });
   },
 });
 
-function launchOf(place: Place, desktop: Desktop, args: string[], options: StartOptions = {}): Launch {
+function launchOf(sandbox: ProgramSandbox, desktop: Desktop, args: string[], options: StartOptions = {}): Launch {
   return {
-    command: [...(options.command ?? [place.program]), ...args],
-    cwd: options.cwd ?? place.documents,
-    env: { ...place.environment(desktop), ...options.env },
-    logFile: place.logFile,
-    outputFolder: place.folder,
+    command: [...(options.command ?? [sandbox.program]), ...args],
+    cwd: options.cwd ?? sandbox.documents,
+    env: { ...sandbox.environment(desktop), ...options.env },
+    logFile: sandbox.logFile,
+    outputFolder: sandbox.folder,
     desktop,
   };
 }

@@ -1,7 +1,7 @@
 import type { Reporter, Suite } from '@playwright/test/reporter';
 
 /** Ends the run with one line of counts that scripts can read, such as "e2e: 41 passed, 0 failed". */
-export default class ClosingLine implements Reporter {
+export default class SummaryReporter implements Reporter {
   readonly #part: string;
   #suite: Suite | undefined;
 

@@ -1,15 +1,15 @@
 import { type AddressInfo, createServer, type Server, type Socket } from 'node:net';
 import { createInterface } from 'node:readline';
-import { until } from './until';
+import { until } from '../shared/until';
 
-/** One call of the program, as the test runtime reports it, such as "navigate" with an address. */
+/** One call of the program, as the fake runtime reports it, such as "navigate" with an address. */
 export interface RuntimeCall {
   verb: string;
   text: string;
 }
 
-/** The driver's end of the test runtime: hears of all that the program asks of its browser runtime, and plays the page. */
-export class TestRuntime {
+/** The driver's end of the fake runtime: hears of all that the program asks of its browser runtime, and plays the page. */
+export class FakeWebView2 {
   readonly calls: RuntimeCall[] = [];
   readonly #server: Server;
   readonly #listeners: ((call: RuntimeCall) => void)[] = [];
@@ -20,10 +20,10 @@ export class TestRuntime {
     server.on('connection', (socket) => this.#serve(socket));
   }
 
-  static async listen(): Promise<TestRuntime> {
+  static async listen(): Promise<FakeWebView2> {
     const server = createServer();
     await new Promise<void>((resolve) => server.listen(0, '127.0.0.1', resolve));
-    return new TestRuntime(server);
+    return new FakeWebView2(server);
   }
 
   /** What the program needs in its environment to find this driver. */

@@ -11,7 +11,7 @@ import {
   unlinkSync,
 } from 'node:fs';
 import { join } from 'node:path';
-import { testRuntimeDll, wineFolder } from './windowsPaths';
+import { fakeWebView2Dll, wineFolder } from './paths';
 
 const template = join(wineFolder, 'template');
 const runtimeKey = 'SOFTWARE\\Microsoft\\EdgeUpdate\\ClientState\\{F3017226-FE2A-4295-8BDF-00C3A9A7E4C5}';
@@ -67,11 +67,11 @@ export class WinePrefix {
     return `C:${path.slice(this.driveC.length).replaceAll('/', '\\')}`;
   }
 
-  /** Puts the test runtime where a program looks for the browser runtime. */
+  /** Puts the fake runtime where a program looks for the browser runtime. */
   installRuntime(version = '120.0.2210.91', root: 'HKLM' | 'HKCU' = 'HKLM') {
     const folder = join(this.driveC, 'runtime', version, 'EBWebView', 'x64');
     mkdirSync(folder, { recursive: true });
-    linkSync(testRuntimeDll, join(folder, 'EmbeddedBrowserWebView.dll'));
+    linkSync(fakeWebView2Dll, join(folder, 'EmbeddedBrowserWebView.dll'));
     this.registerRuntime(version, root);
   }
 

@@ -18,7 +18,7 @@ void becomeUiThread(HMODULE module) {
     WNDCLASSW taskClass{};
     taskClass.lpfnWndProc = runTask;
     taskClass.hInstance = module;
-    taskClass.lpszClassName = L"TestRuntimeTasks";
+    taskClass.lpszClassName = L"FakeWebView2Tasks";
     RegisterClassW(&taskClass);
     taskWindow =
         CreateWindowExW(0, taskClass.lpszClassName, nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, module, nullptr);

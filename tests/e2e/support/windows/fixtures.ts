@@ -1,18 +1,18 @@
 import { expect, test as base } from '@playwright/test';
 import { chmodSync, linkSync, mkdirSync, mkdtempSync, rmSync, writeFileSync } from 'node:fs';
 import { dirname, join } from 'node:path';
+import { Desktop } from '../shared/desktop';
+import { LinkRecorder } from '../shared/linkRecorder';
+import { type Launch, ProgramProcess } from '../shared/programProcess';
 import { Chromium } from './chromium';
-import { Desktop } from './desktop';
-import { HostedPage } from './hostedPage';
-import { LinkRecorder } from './linkRecorder';
-import { type Launch, ProgramProcess } from './programProcess';
-import { TestRuntime } from './testRuntime';
-import { executable } from './windowsPaths';
+import { ChromiumWebView } from './chromiumWebView';
+import { FakeWebView2 } from './fakeWebView2';
+import { executable } from './paths';
 import { WindowsProgram } from './windowsProgram';
 import { WinePrefix } from './winePrefix';
 
 /** A folder on drive C with the program and documents in it, thrown away after the test. */
-export class WindowsPlace {
+export class WindowsSandbox {
   readonly #prefix: WinePrefix;
   readonly folder: string;
   readonly program: string;
@@ -21,7 +21,7 @@ export class WindowsPlace {
 
   constructor(prefix: WinePrefix) {
     this.#prefix = prefix;
-    this.folder = mkdtempSync(join(prefix.driveC, 'place-'));
+    this.folder = mkdtempSync(join(prefix.driveC, 'sandbox-'));
     this.program = join(this.folder, 'app', 'tessary.exe');
     this.logFile = join(this.folder, 'app', 'debug.log');
     this.documents = join(this.folder, 'documents');
@@ -53,9 +53,9 @@ export type StartOptions = Partial<Pick<Launch, 'cwd' | 'env'>> & {
 };
 
 interface Fixtures {
-  place: WindowsPlace;
+  sandbox: WindowsSandbox;
   /** What a program without a page talks to. */
-  runtime: TestRuntime;
+  runtime: FakeWebView2;
   /** A script on Linux that is the user's browser and mail program. */
   linkRecorder: LinkRecorder;
   /** Starts the program in its window, with these arguments, and ends it with the test. */
@@ -67,7 +67,7 @@ interface Internals {
   processes: ProgramProcess[];
   /** What has to end after the processes. */
   atEnd: (() => Promise<void>)[];
-  launch: (runtime: TestRuntime, args: string[], options: StartOptions) => Launch;
+  launch: (runtime: FakeWebView2, args: string[], options: StartOptions) => Launch;
 }
 interface WorkerFixtures {
   desktop: Desktop;
@@ -101,19 +101,19 @@ export const test = base.extend<Fixtures & Internals, WorkerFixtures>({
     },
     { scope: 'worker' },
   ],
-  place: async ({ prefix }, use) => {
-    const place = new WindowsPlace(prefix);
-    await use(place);
-    place.remove();
+  sandbox: async ({ prefix }, use) => {
+    const sandbox = new WindowsSandbox(prefix);
+    await use(sandbox);
+    sandbox.remove();
   },
   runtime: async ({}, use) => {
-    const runtime = await TestRuntime.listen();
+    const runtime = await FakeWebView2.listen();
     await use(runtime);
     runtime.stop();
   },
-  linkRecorder: async ({ place, prefix }, use) => {
-    const recorder = new LinkRecorder(place.folder);
-    const script = place.write('../recorder.sh', recorder.script);
+  linkRecorder: async ({ sandbox, prefix }, use) => {
+    const recorder = new LinkRecorder(sandbox.folder);
+    const script = sandbox.write('../recorder.sh', recorder.script);
     chmodSync(script, 0o755);
     for (const name of ['Browsers', 'Mailers']) prefix.setValue('HKCU\\Software\\Wine\\WineBrowser', name, script);
     await use(recorder);
@@ -123,7 +123,7 @@ export const test = base.extend<Fixtures & Internals, WorkerFixtures>({
     await use(tasks);
     for (const task of tasks) await task();
   },
-  processes: async ({ desktop, place: _place, runtime: _runtime, atEnd: _outliveTheProcesses }, use, testInfo) => {
+  processes: async ({ desktop, sandbox: _sandbox, runtime: _runtime, atEnd: _outliveTheProcesses }, use, testInfo) => {
     const processes: ProgramProcess[] = [];
     await use(processes);
     if (testInfo.status !== testInfo.expectedStatus) {
@@ -131,22 +131,22 @@ export const test = base.extend<Fixtures & Internals, WorkerFixtures>({
     }
     for (const process of processes) await process.end();
   },
-  launch: async ({ place, prefix, desktop }, use) => {
+  launch: async ({ sandbox, prefix, desktop }, use) => {
     await use(
-      (runtime, args, { executable: name = prefix.windowsPath(place.program), cwd = place.documents, env }) => ({
+      (runtime, args, { executable: name = prefix.windowsPath(sandbox.program), cwd = sandbox.documents, env }) => ({
         command: ['wine', name, ...args],
         cwd,
         env: { ...prefix.environment, ...runtime.environment, ...env },
         desktop,
-        logFile: place.logFile,
-        outputFolder: place.folder,
+        logFile: sandbox.logFile,
+        outputFolder: sandbox.folder,
       }),
     );
   },
   open: async ({ launch, processes, atEnd, prefix, chromium }, use) => {
     await use(async (args = [], options = {}) => {
-      const runtime = await TestRuntime.listen();
-      const page = await HostedPage.connect(await chromium.open(), runtime);
+      const runtime = await FakeWebView2.listen();
+      const page = await ChromiumWebView.connect(await chromium.open(), runtime);
       atEnd.push(async () => {
         await page.close();
         runtime.stop();

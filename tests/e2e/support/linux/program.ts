@@ -1,8 +1,8 @@
 import { type AddressInfo, createServer } from 'node:net';
+import { type Launch, ProgramProcess } from '../shared/programProcess';
+import { loadedPage, RunningProgram } from '../shared/runningProgram';
+import { until } from '../shared/until';
 import { Inspector } from './inspector';
-import { type Launch, ProgramProcess } from './programProcess';
-import { loadedPage, RunningProgram } from './runningProgram';
-import { until } from './until';
 
 /** The Linux program, with its page seen through the engine's inspector. */
 export class Program extends RunningProgram<Inspector> {

@@ -1,7 +1,7 @@
 // A document in the window of the Linux program, as its user sees and saves it.
 import { readFileSync } from 'node:fs';
+import { until } from '../shared/until';
 import type { Program } from './program';
-import { until } from './until';
 
 /** The values of a document's sheets as they are on disk. */
 export function savedValues(file: string): string[] {

@@ -1,5 +1,5 @@
 import type { Locator, Page } from '@playwright/test';
-import { documentText, type SheetFields } from './documents';
+import { documentText, type SheetFields } from '../shared/documents';
 import { stubNativeHost } from './nativeHost';
 
 const PATH = '/home/me/numbers.words.tessary';

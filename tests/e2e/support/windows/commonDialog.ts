@@ -1,5 +1,5 @@
-import type { DesktopWindow } from './desktop';
-import { until } from './until';
+import type { DesktopWindow } from '../shared/desktop';
+import { until } from '../shared/until';
 import type { WindowsProgram } from './windowsProgram';
 
 /** The numbers that common dialogs give to their controls, as Windows publishes them. */

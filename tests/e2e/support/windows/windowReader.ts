@@ -1,4 +1,4 @@
-import { windowReader } from './windowsPaths';
+import { windowReader } from './paths';
 import type { WinePrefix } from './winePrefix';
 
 /** A window, a control in it or an entry of a list, as Windows programs see it. */

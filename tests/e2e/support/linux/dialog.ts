@@ -1,6 +1,6 @@
-import type { Accessible, DesktopWindow } from './desktop';
+import type { Accessible, DesktopWindow } from '../shared/desktop';
+import { until } from '../shared/until';
 import type { Program } from './program';
-import { until } from './until';
 
 /** What is in the front-most window of this role, with the window itself first; nothing when there is none. */
 function contentOf(program: Program, role: string): Accessible[] {

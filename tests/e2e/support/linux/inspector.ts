@@ -1,4 +1,4 @@
-import { until } from './until.ts';
+import { until } from '../shared/until.ts';
 
 interface RemoteValue {
   type: string;

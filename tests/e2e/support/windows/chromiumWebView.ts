@@ -1,5 +1,5 @@
 import type { Tab } from './chromium';
-import type { RuntimeCall, TestRuntime } from './testRuntime';
+import type { FakeWebView2, RuntimeCall } from './fakeWebView2';
 
 /** Gives the page what the runtime gives it: a way to post messages to the program and to hear of messages from it. */
 const pageSide = `(() => {
@@ -28,19 +28,19 @@ interface PausedRequest {
 }
 
 /** The program's page in a real browser: what the program asks of its browser runtime is done in a tab of Chromium. */
-export class HostedPage {
+export class ChromiumWebView {
   readonly #tab: Tab;
-  readonly #runtime: TestRuntime;
+  readonly #runtime: FakeWebView2;
   #lastCall: Promise<unknown> = Promise.resolve();
 
-  private constructor(tab: Tab, runtime: TestRuntime) {
+  private constructor(tab: Tab, runtime: FakeWebView2) {
     this.#tab = tab;
     this.#runtime = runtime;
   }
 
   /** Connects the two. Call it before the program starts. */
-  static async connect(tab: Tab, runtime: TestRuntime): Promise<HostedPage> {
-    const page = new HostedPage(tab, runtime);
+  static async connect(tab: Tab, runtime: FakeWebView2): Promise<ChromiumWebView> {
+    const page = new ChromiumWebView(tab, runtime);
     await tab.call('Page.enable');
     await tab.call('Runtime.enable');
     await tab.call('Runtime.addBinding', { name: 'postToProgram' });

@@ -1,4 +1,4 @@
-/* Preloaded into a program, sets its clock: the file named by JUMPING_CLOCK holds the seconds to add, as an int64_t. It
+/* Preloaded into a program, sets its clock: the file named by FAKE_CLOCK holds the seconds to add, as an int64_t. It
    is mapped, so that what is written there counts at once. The monotonic clock goes on as it is, as when a user sets
    the time. */
 #define _GNU_SOURCE
@@ -15,7 +15,7 @@
 static const volatile int64_t* offset;
 
 __attribute__((constructor)) static void mapOffset(void) {
-    const char* name = getenv("JUMPING_CLOCK");
+    const char* name = getenv("FAKE_CLOCK");
     const int file = name == NULL ? -1 : open(name, O_RDONLY | O_CLOEXEC);
     if (file < 0) abort();
     void* mapped = mmap(NULL, sizeof *offset, PROT_READ, MAP_SHARED, file, 0);
