@@ -1,5 +1,5 @@
 import { describe, expect, test } from 'vitest';
-import { packIco, type IcoPicture } from './ico';
+import { type IcoPicture,packIco } from './ico';
 
 /** Two by two: red, green over blue and half-transparent white. */
 const tiny: IcoPicture = {

@@ -93,7 +93,7 @@ function palettisedBitmap({ size, rgba }: IcoPicture, bits: 4 | 8): Uint8Array {
   for (let y = 0; y < size; y++) {
     const row = size - 1 - y;
     for (let x = 0; x < size; x++) {
-      const index = indices[y * size + x]!;
+      const index = indices[y * size + x] ?? null;
       if (index === null) body[maskAt + row * stride(size, 1) + (x >> 3)]! |= 0x80 >> (x & 7);
       else if (bits === 8) body[colorsAt + row * stride(size, 8) + x] = index;
       else body[colorsAt + row * stride(size, 4) + (x >> 1)]! |= x % 2 === 0 ? index << 4 : index;

@@ -1,5 +1,5 @@
 import { Resvg } from '@resvg/resvg-js';
-import { packIco, type IcoPicture } from './ico.ts';
+import { type IcoPicture,packIco } from './ico.ts';
 
 const APP_SIZES = [16, 32, 48, 64, 128, 192, 256, 512];
 const FAVICON_SIZES = [16, 24, 32, 48, 64, 128, 256];

@@ -1,13 +1,13 @@
-import { showError } from '../ui/notifications';
+import { UNTITLED_FILE_NAME, WORDS_FILE_TYPE } from '../document/fileType';
+import { withLoading } from '../document/loading';
+import { parseToolDocumentInSteps } from '../document/parseToolDocument';
 import { isDialogAbortError } from '../host/dialogAbort';
 import type { FileHandle } from '../host/fileHandle';
 import { fileService, type OpenedFile } from '../host/fileService';
 import { i18next } from '../i18n';
 import { useSheetsStore } from '../stores/sheetsStore';
+import { showError } from '../ui/notifications';
 import { mayDiscardChanges } from './unsavedChangesPrompt';
-import { UNTITLED_FILE_NAME, WORDS_FILE_TYPE } from '../document/fileType';
-import { withLoading } from '../document/loading';
-import { parseToolDocumentInSteps } from '../document/parseToolDocument';
 
 /** The router's way to a route of the page. */
 export type Navigate = (route: string) => void | Promise<void>;

@@ -1,9 +1,9 @@
-import { showError } from '../ui/notifications';
 import { withLoading } from '../document/loading';
 import { parseToolDocumentInSteps } from '../document/parseToolDocument';
-import { i18next } from '../i18n';
 import { connectToEditor } from '../host/editorExtension';
+import { i18next } from '../i18n';
 import { useSheetsStore } from '../stores/sheetsStore';
+import { showError } from '../ui/notifications';
 import type { Navigate } from './documentActions';
 
 let isConnected = false;

@@ -1,11 +1,11 @@
 import fc from 'fast-check';
 import { beforeEach, expect, test, vi } from 'vitest';
-import { useSheetsStore } from '../stores/sheetsStore';
-import { hostileText, hostileValue } from '../testing/hostileDocuments';
-import { openDocument } from './documentActions';
 import { withLoading } from '../document/loading';
 import { parseToolDocument, parseToolDocumentInSteps } from '../document/parseToolDocument';
 import { isWordsDocument } from '../document/wordsDocument';
+import { useSheetsStore } from '../stores/sheetsStore';
+import { hostileText, hostileValue } from '../testing/hostileDocuments';
+import { openDocument } from './documentActions';
 
 const { showError, openFile } = vi.hoisted(() => ({ showError: vi.fn(), openFile: vi.fn() }));
 vi.mock('../ui/notifications', () => ({ showError }));

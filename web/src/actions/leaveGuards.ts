@@ -1,7 +1,7 @@
-import { mayDiscardChanges } from './unsavedChangesPrompt';
 import { isCppBackend, isVsCode } from '../host/hostFlags';
 import { useSheetsStore } from '../stores/sheetsStore';
 import { BackGuard } from './backGuard';
+import { mayDiscardChanges } from './unsavedChangesPrompt';
 
 /** Whether the page holds work that leaving it would lose. An editor keeps the document itself. */
 function hasUnsavedWork(): boolean {

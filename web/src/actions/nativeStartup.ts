@@ -1,11 +1,11 @@
 import { displayName } from '../../package.json';
-import { withLoading, type Loading } from '../document/loading';
+import { type Loading, withLoading } from '../document/loading';
 import { parseToolDocumentInSteps } from '../document/parseToolDocument';
+import { getFileNameFromPath } from '../host/fileHandle';
 import { i18next } from '../i18n';
-import { failure, success, type Result } from '../model/result';
+import { failure, type Result, success } from '../model/result';
 import { useSheetsStore } from '../stores/sheetsStore';
 import type { Navigate } from './documentActions';
-import { getFileNameFromPath } from '../host/fileHandle';
 
 /**
  * Opens the document that the native host was started with. Never rejects.

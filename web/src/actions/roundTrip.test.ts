@@ -1,12 +1,12 @@
 import fc from 'fast-check';
 import { expect, test } from 'vitest';
-import { definitionsFor, withVisibility } from '../model/sheet/numberDefinitions';
-import { DOCUMENT_RESOLUTIONS } from '../model/sheet/resolutions';
-import { sheetOf } from '../model/sheet/bitsSheet';
-import { sheetsFromDocument } from '../stores/sheetsFromDocument';
 import { Loading } from '../document/loading';
 import { parseToolDocument } from '../document/parseToolDocument';
 import { WordsDocument } from '../document/wordsDocument';
+import { sheetOf } from '../model/sheet/bitsSheet';
+import { definitionsFor, withVisibility } from '../model/sheet/numberDefinitions';
+import { DOCUMENT_RESOLUTIONS } from '../model/sheet/resolutions';
+import { sheetsFromDocument } from '../stores/sheetsFromDocument';
 
 const sheets = fc.array(
   fc

@@ -1,9 +1,9 @@
+import '../stores/sheetSync';
 import CssBaseline from '@mui/joy/CssBaseline';
 import { CssVarsProvider } from '@mui/joy/styles';
 import { SnackbarProvider } from 'notistack';
 import type { ReactNode } from 'react';
 import { notificationPlace } from '../ui/notifications';
-import '../stores/sheetSync';
 import { theme } from '../ui/theme';
 
 /** Everything that the routes need around them: theme and notifications. */

@@ -1,6 +1,6 @@
 import Box from '@mui/joy/Box';
 import { AnimatePresence, usePresence } from 'framer-motion';
-import { useEffect, type ReactNode } from 'react';
+import { type ReactNode, useEffect } from 'react';
 import { useLocation, useOutlet } from 'react-router';
 import { colors } from '../ui/theme';
 

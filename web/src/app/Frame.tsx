@@ -1,8 +1,8 @@
 import Box from '@mui/joy/Box';
-import { UnsavedChangesDialog } from '../components/UnsavedChangesDialog';
-import { LoadingProgress } from '../components/LoadingProgress';
-import { useDocumentDrop } from '../components/useDocumentDrop';
 import { useDocumentKeys } from '../commands/useDocumentCommands';
+import { LoadingProgress } from '../components/LoadingProgress';
+import { UnsavedChangesDialog } from '../components/UnsavedChangesDialog';
+import { useDocumentDrop } from '../components/useDocumentDrop';
 import { isVsCode } from '../host/hostFlags';
 import { FadingOutlet } from './FadingOutlet';
 import { Rail } from './Rail';

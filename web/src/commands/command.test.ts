@@ -1,7 +1,7 @@
 // @vitest-environment jsdom
 import { describe, expect, test, vi } from 'vitest';
 import { BIT_FIELD_COMMANDS } from './bitFieldCommands';
-import { isOffered, runCommand, shortcutLabel, type Command } from './command';
+import { type Command, isOffered, runCommand, shortcutLabel } from './command';
 import { DOCUMENT_COMMANDS, PAGE_COMMANDS } from './documentCommands';
 import { FIELD_COMMANDS } from './fieldCommands';
 import { KEY_GROUPS } from './keyList';

@@ -1,6 +1,6 @@
-import { hostKind, type HostKind } from '../host/hostKind';
+import { type HostKind, hostKind } from '../host/hostKind';
 import type { LabelKey } from '../i18n';
-import { chordLabels, chordMatches, type ChordEvent, type KeyChord } from './keyChord';
+import { type ChordEvent, chordLabels, chordMatches, type KeyChord } from './keyChord';
 
 /**
  * Something a user can do. Key handling, menus, tooltips and the list of keys derive from entries of this kind.

@@ -1,10 +1,10 @@
 import {
   closeDocument,
+  type Navigate,
   newDocument,
   openDocument,
   saveDocument,
   saveDocumentAs,
-  type Navigate,
 } from '../actions/documentActions';
 import { mustStartAgain, startAgain } from '../actions/leaveGuards';
 import { unsavedChangesPrompt } from '../actions/unsavedChangesPrompt';

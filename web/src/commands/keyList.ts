@@ -1,6 +1,6 @@
 import type { LabelKey } from '../i18n';
 import { BIT_FIELD_COMMANDS } from './bitFieldCommands';
-import { isOffered, type Command } from './command';
+import { type Command, isOffered } from './command';
 import { DOCUMENT_COMMANDS, PAGE_COMMANDS } from './documentCommands';
 import { FIELD_COMMANDS } from './fieldCommands';
 import { chordLabels } from './keyChord';

@@ -1,7 +1,7 @@
 import { useEffect, useMemo, useRef } from 'react';
 import { useNavigate } from 'react-router';
 import { runCommand } from './command';
-import { DOCUMENT_COMMANDS, PAGE_COMMANDS, type DocumentTarget } from './documentCommands';
+import { DOCUMENT_COMMANDS, type DocumentTarget, PAGE_COMMANDS } from './documentCommands';
 
 /** What the document's commands act on. The same object for as long as the component lives. */
 export function useDocumentTarget(): DocumentTarget {

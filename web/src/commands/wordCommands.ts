@@ -1,5 +1,5 @@
 import { allBits } from '../model/integer/wordOperations';
-import { useSheetStore, type SheetOperations } from '../stores/sheetStore';
+import { type SheetOperations, useSheetStore } from '../stores/sheetStore';
 import type { Command } from './command';
 
 /** One word of the sheet that is shown: its width in bits, and its index counted from 0. */

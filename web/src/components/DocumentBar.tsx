@@ -3,11 +3,11 @@ import Button from '@mui/joy/Button';
 import Tooltip from '@mui/joy/Tooltip';
 import Typography from '@mui/joy/Typography';
 import { useTranslation } from 'react-i18next';
-import { isVsCode } from '../host/hostFlags';
-import { useSheetsStore } from '../stores/sheetsStore';
-import { shortcutLabel, type Command } from '../commands/command';
+import { type Command, shortcutLabel } from '../commands/command';
 import { DOCUMENT_COMMANDS, type DocumentTarget } from '../commands/documentCommands';
 import { useDocumentTarget } from '../commands/useDocumentCommands';
+import { isVsCode } from '../host/hostFlags';
+import { useSheetsStore } from '../stores/sheetsStore';
 
 /** What can be done with the open document, and its file's name. An editor has its own commands for that. */
 export function DocumentBar() {

@@ -1,9 +1,9 @@
 import Box from '@mui/joy/Box';
 import Typography from '@mui/joy/Typography';
 import { Trans, useTranslation } from 'react-i18next';
-import { ActionLink } from '../ui/ActionLink';
 import { newDocument, openDocument } from '../actions/documentActions';
 import { useDocumentTarget } from '../commands/useDocumentCommands';
+import { ActionLink } from '../ui/ActionLink';
 
 /** What the Words tool shows while there is no sheet. */
 export function EmptyTool() {

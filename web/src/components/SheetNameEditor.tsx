@@ -1,12 +1,12 @@
 import Box from '@mui/joy/Box';
-import { useRef, type KeyboardEvent } from 'react';
+import { type KeyboardEvent, useRef } from 'react';
 import { useTranslation } from 'react-i18next';
-import { showWarning } from '../ui/notifications';
-import { colors } from '../ui/theme';
 import { runCommand } from '../commands/command';
 import { FIELD_COMMANDS } from '../commands/fieldCommands';
 import { parseSheetName } from '../model/sheet/sheetNames';
 import { useSheetsStore } from '../stores/sheetsStore';
+import { showWarning } from '../ui/notifications';
+import { colors } from '../ui/theme';
 
 interface SheetNameEditorProps {
   sheetId: string;

@@ -1,11 +1,11 @@
 import Box from '@mui/joy/Box';
-import { memo, useRef, useState, type KeyboardEvent } from 'react';
+import { type KeyboardEvent, memo, useRef, useState } from 'react';
 import { useTranslation } from 'react-i18next';
 import { VscClose } from 'react-icons/vsc';
-import { colors } from '../ui/theme';
 import { runCommand } from '../commands/command';
 import { TAB_COMMANDS, type TabTarget } from '../commands/tabCommands';
 import { useSheetsStore } from '../stores/sheetsStore';
+import { colors } from '../ui/theme';
 import { SheetNameEditor } from './SheetNameEditor';
 import { SHEET_PANEL_ID } from './sheetPanel';
 import { TAB_WIDTH } from './tabVirtualizer';

@@ -1,10 +1,10 @@
 import { useEffect, useRef } from 'react';
 import { useNavigate } from 'react-router';
-import { showError } from '../ui/notifications';
 import { openFileOf } from '../actions/documentActions';
 import { hasExtensionOf, WORDS_FILE_TYPE } from '../document/fileType';
 import { isVsCode } from '../host/hostFlags';
 import { i18next } from '../i18n';
+import { showError } from '../ui/notifications';
 
 /** A dragged item in browsers that hand out lasting rights to files. */
 interface ItemWithHandle extends DataTransferItem {

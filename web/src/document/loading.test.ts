@@ -1,5 +1,5 @@
-import { afterEach, beforeEach, expect, test, vi } from 'vitest';
 import { subscribe } from 'valtio';
+import { afterEach, beforeEach, expect, test, vi } from 'vitest';
 import { loadingState, withLoading } from './loading';
 
 let now = 0;

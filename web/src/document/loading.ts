@@ -22,7 +22,7 @@ export class Loading {
    * @param to - the same after the last item
    * @returns whether every item was visited
    */
-  async visitAll<T>(items: readonly T[], from: number, to: number, visit: (item: T) => boolean | void) {
+  async visitAll<T>(items: readonly T[], from: number, to: number, visit: (item: T) => unknown) {
     for (let index = 0; index < items.length; index++) {
       if (visit(items[index]!) === false) return false;
       if (performance.now() - this.stretchBegin > LONGEST_STRETCH) {

@@ -1,6 +1,6 @@
 import { displayName } from '../../package.json';
-import { showError } from '../ui/notifications';
 import { i18next } from '../i18n';
+import { showError } from '../ui/notifications';
 import type { Loading } from './loading';
 import type { Tool, WordsDocumentData } from './schema';
 import { isSheetData, isToolDocumentHeader, isWordsDocument } from './wordsDocument';

@@ -1,9 +1,9 @@
 import { describe, expect, test } from 'vitest';
-import { definitionsFor } from '../model/sheet/numberDefinitions';
 import { sheetOf } from '../model/sheet/bitsSheet';
+import { definitionsFor } from '../model/sheet/numberDefinitions';
 import { documentData, documentText, sheetData } from '../testing/documents';
-import { isToolDocumentHeader, isWordsDocument, WordsDocument } from './wordsDocument';
 import type { WordsDocumentData } from './schema';
+import { isToolDocumentHeader, isWordsDocument, WordsDocument } from './wordsDocument';
 
 describe('isToolDocumentHeader', () => {
   test.each([

@@ -1,7 +1,7 @@
 import cloneDeep from 'lodash.clonedeep';
 import { writeDocumentInt } from '../model/integer/documentInt';
 import type { BitsSheet } from '../model/sheet/bitsSheet';
-import { headerSchema, sheetSchema, type SheetData, type Tool, type WordsDocumentData } from './schema';
+import { headerSchema, type SheetData, sheetSchema, type Tool, type WordsDocumentData } from './schema';
 
 const CURRENT_VERSION = 1;
 

@@ -1,7 +1,7 @@
 import type { FileType } from '../document/fileType';
 import { openInBrowser, openThroughInput, saveAsDownload, saveInBrowser } from './browserFiles';
 import { USER_CANCELLED } from './dialogAbort';
-import { getFileNameFromPath, type FileHandle } from './fileHandle';
+import { type FileHandle, getFileNameFromPath } from './fileHandle';
 import { isCppBackend, isVsCode } from './hostFlags';
 
 export interface OpenedFile {

@@ -25,8 +25,9 @@ export const isMsStorePackage = isNonEmptyString(window.tessary?.backend?.msPack
 export const hasExternalUrlOpener = typeof window.openExternalUrl === 'function';
 
 function detectStandalone(): boolean {
-  if (!window.matchMedia || !window.navigator) return false;
-  return window.matchMedia('(display-mode: standalone)').matches || window.navigator.standalone === true;
+  const { matchMedia, navigator } = window as Partial<Window>;
+  if (!matchMedia || !navigator) return false;
+  return matchMedia.call(window, '(display-mode: standalone)').matches || navigator.standalone === true;
 }
 
 function isNonEmptyString(value: unknown): boolean {

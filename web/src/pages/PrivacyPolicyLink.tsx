@@ -4,9 +4,9 @@ import ModalDialog from '@mui/joy/ModalDialog';
 import Typography from '@mui/joy/Typography';
 import { useId, useState } from 'react';
 import { useTranslation } from 'react-i18next';
-import { privacyPolicy } from './welcomeTexts';
-import { ActionLink } from '../ui/ActionLink';
 import { Markdown } from '../components/Markdown';
+import { ActionLink } from '../ui/ActionLink';
+import { privacyPolicy } from './welcomeTexts';
 
 /** Opens the privacy policy, which the page carries with it, so that it can be read without a network. */
 export function PrivacyPolicyLink() {

@@ -8,8 +8,8 @@ import { useTranslation } from 'react-i18next';
 import { Link } from 'react-router';
 import { displayName, version } from '../../package.json';
 import { Markdown } from '../components/Markdown';
-import { PrivacyPolicyLink } from './PrivacyPolicyLink';
 import { isMsStorePackage } from '../host/hostFlags';
+import { PrivacyPolicyLink } from './PrivacyPolicyLink';
 import { download, introduction, support } from './welcomeTexts';
 
 const WORDS_ROUTE = '/tools/words';

@@ -1,13 +1,12 @@
 import Box from '@mui/joy/Box';
-
 import { useTranslation } from 'react-i18next';
-import { colors } from '../ui/theme';
 import { DocumentBar } from '../components/DocumentBar';
 import { EmptyTool } from '../components/EmptyTool';
 import { SheetTabs } from '../components/SheetTabs';
 import { WordsTool } from '../components/words/WordsTool';
-import { visuallyHidden } from '../ui/visuallyHidden';
 import { useSheetsStore } from '../stores/sheetsStore';
+import { colors } from '../ui/theme';
+import { visuallyHidden } from '../ui/visuallyHidden';
 
 /** The Words tool: the document bar, a tab for each sheet, and the sheet whose tab is active. */
 export function WordsPage() {

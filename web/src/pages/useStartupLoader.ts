@@ -2,9 +2,9 @@ import { useEffect, useRef, useState } from 'react';
 import { useNavigate } from 'react-router';
 import type { Navigate } from '../actions/documentActions';
 import { followEditor } from '../actions/editorStartup';
-import { isVsCode } from '../host/hostFlags';
 import { openLaunchDocument } from '../actions/nativeStartup';
-import { success, type Result } from '../model/result';
+import { isVsCode } from '../host/hostFlags';
+import { type Result, success } from '../model/result';
 
 /** Time for the start page to fade out after a document was opened, in milliseconds. */
 const LEAVING_TIME = 1000;

@@ -1,5 +1,5 @@
 import type { PersistStorage } from 'zustand/middleware';
-import { readRecord, RECORD_VERSION, writeRecord, type PersistedState } from './persistedState';
+import { type PersistedState, readRecord, RECORD_VERSION, writeRecord } from './persistedState';
 import { storageBackend } from './storageBackend';
 
 export const RECORD_KEY = 'bits-sheets-storage';

@@ -1,10 +1,10 @@
 import SuperJSON from 'superjson';
 import { describe, expect, test } from 'vitest';
 import { BitInt } from '../model/integer/bitInt';
-import { definitionsFor, withVisibility } from '../model/sheet/numberDefinitions';
 import { createSheet, sheetOf } from '../model/sheet/bitsSheet';
-import { readRecord, writeRecord, type PersistedState } from './persistedState';
+import { definitionsFor, withVisibility } from '../model/sheet/numberDefinitions';
 import { ScrollMap } from '../model/sheet/scrollMap';
+import { type PersistedState, readRecord, writeRecord } from './persistedState';
 
 const sheet = sheetOf({
   id: 'one',

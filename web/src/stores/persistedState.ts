@@ -60,13 +60,13 @@ export function writeRecord(state: PersistedState): string {
 
 /** Reads a record's text. Throws when it is broken, of another version or not a record at all. */
 export function readRecord(text: string): PersistedState {
-  const record = superjson.parse<{ state?: Partial<PersistedState>; version?: unknown } | null>(text);
+  const record = superjson.parse<{ state?: Partial<Record<keyof PersistedState, unknown>>; version?: unknown } | null>(
+    text,
+  );
   const state = record?.state;
   if (record?.version !== RECORD_VERSION || !state) throw new Error('Not a record of this version');
   const { sheets, activeSheetKey, documentFile, isUnsaved } = state;
-  if (!(sheets instanceof Map) || ![...sheets.values()].every((sheet) => sheet instanceof BitsSheet)) {
-    throw new Error('The record holds no sheets');
-  }
+  if (!areSheets(sheets)) throw new Error('The record holds no sheets');
   if (!isFileOrNull(documentFile)) throw new Error('The record holds no file');
   const last = [...sheets.keys()].at(-1) ?? null;
   return {
@@ -75,6 +75,10 @@ export function readRecord(text: string): PersistedState {
     documentFile,
     isUnsaved: isUnsaved === true,
   };
+}
+
+function areSheets(sheets: unknown): sheets is ReadonlyMap<string, BitsSheet> {
+  return sheets instanceof Map && [...sheets.values()].every((sheet) => sheet instanceof BitsSheet);
 }
 
 function isFileOrNull(file: unknown): file is PersistedState['documentFile'] {
@@ -97,7 +101,7 @@ function readScrollMap(fields: unknown): ScrollMap {
 }
 
 function readSheet(raw: unknown): BitsSheet {
-  const fields = raw as Partial<BitsSheetFields>;
+  const fields = raw as Partial<Record<keyof BitsSheetFields, unknown>>;
   const isComplete =
     typeof fields.id === 'string' &&
     typeof fields.displayName === 'string' &&

@@ -1,13 +1,13 @@
+import './sheetSync';
 import { beforeEach, describe, expect, test, vi } from 'vitest';
-import { SCROLL_LOCK_HORIZONTAL } from '../model/sheet/flagOptions';
-import { isSigned } from '../model/sheet/signMap';
 import { readWord } from '../model/integer/wordLayout';
-import { documentData, sheetData } from '../testing/documents';
 import { sheetOf } from '../model/sheet/bitsSheet';
+import { SCROLL_LOCK_HORIZONTAL } from '../model/sheet/flagOptions';
 import { ScrollMap } from '../model/sheet/scrollMap';
+import { isSigned } from '../model/sheet/signMap';
+import { documentData, sheetData } from '../testing/documents';
 import { useSheetsStore } from './sheetsStore';
 import { useSheetStore } from './sheetStore';
-import './sheetSync';
 
 const sheets = () => useSheetsStore.getState();
 const sheet = () => useSheetStore.getState();

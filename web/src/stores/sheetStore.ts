@@ -1,17 +1,17 @@
 import { create } from 'zustand';
+import { type Rgba, withChannel, withColor } from '../model/color/colorWord';
 import { BitInt } from '../model/integer/bitInt';
-import { withChannel, withColor, type Rgba } from '../model/color/colorWord';
-import { hasFlagOption, withFlagOption, withFlagOptionToggled, type FlagOptions } from '../model/sheet/flagOptions';
+import type { BitsSheet, BitsSheetFields, FocusedBlock } from '../model/sheet/bitsSheet';
+import { type FlagOptions, hasFlagOption, withFlagOption, withFlagOptionToggled } from '../model/sheet/flagOptions';
 import {
   definitionsFor,
-  withVisibility,
   type NumberDefinition,
   type NumberType,
+  withVisibility,
 } from '../model/sheet/numberDefinitions';
 import { DEFAULT_RESOLUTION } from '../model/sheet/resolutions';
-import { filledSignMap, toggleSign } from '../model/sheet/signMap';
-import type { BitsSheet, BitsSheetFields, FocusedBlock } from '../model/sheet/bitsSheet';
 import { ScrollMap } from '../model/sheet/scrollMap';
+import { filledSignMap, toggleSign } from '../model/sheet/signMap';
 
 /** The sheet being shown. Everything in it is replaced, never changed in place. */
 export interface SheetState extends Omit<BitsSheetFields, 'id' | 'int' | 'intResolution'> {

@@ -8,9 +8,9 @@
  *
  * Neither direction answers the other: what came from one side is not sent back to it.
  */
-import { SHEET_FIELDS, type BitsSheet, type SheetChanges } from '../model/sheet/bitsSheet';
+import { type BitsSheet, SHEET_FIELDS, type SheetChanges } from '../model/sheet/bitsSheet';
 import { useSheetsStore } from './sheetsStore';
-import { useSheetStore, type SheetState } from './sheetStore';
+import { type SheetState, useSheetStore } from './sheetStore';
 
 /** The value is one object in the editing state and two fields in a sheet; all else has the same form in both. */
 const SHARED_FIELDS = SHEET_FIELDS.filter((field) => field !== 'int' && field !== 'intResolution');

@@ -1,7 +1,7 @@
-import type { WordsDocumentData } from '../document/schema';
 import type { Loading } from '../document/loading';
+import type { WordsDocumentData } from '../document/schema';
 import { readDocumentInt } from '../model/integer/documentInt';
-import { newSheetId, sheetOf, type BitsSheet } from '../model/sheet/bitsSheet';
+import { type BitsSheet, newSheetId, sheetOf } from '../model/sheet/bitsSheet';
 
 /**
  * Makes the sheets of a document, in its order. Only name, value and width are taken over: signs, rows and converters

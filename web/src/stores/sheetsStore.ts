@@ -1,18 +1,18 @@
 import { create, type StateCreator } from 'zustand';
 import { persist } from 'zustand/middleware';
 import { UNTITLED_FILE_NAME } from '../document/fileType';
-import { WordsDocument } from '../document/wordsDocument';
-import type { FileHandle } from '../host/fileHandle';
-import { freeSheetName } from '../model/sheet/sheetNames';
 import { Loading } from '../document/loading';
 import type { WordsDocumentData } from '../document/schema';
+import { WordsDocument } from '../document/wordsDocument';
 import { postDocumentUpdate, resumeDocumentUpdates, suspendDocumentUpdates } from '../host/editorExtension';
+import type { FileHandle } from '../host/fileHandle';
 import { isVsCode } from '../host/hostFlags';
-import { createSheet, isDocumentChange, type BitsSheet, type SheetChanges } from '../model/sheet/bitsSheet';
+import { type BitsSheet, createSheet, isDocumentChange, type SheetChanges } from '../model/sheet/bitsSheet';
+import { freeSheetName } from '../model/sheet/sheetNames';
 import { RECORD_VERSION } from './persistedState';
 import { flushRecord, persistStorage, RECORD_KEY } from './persistStorage';
-import type { SheetsState } from './sheetsState';
 import { sheetsFromDocument } from './sheetsFromDocument';
+import type { SheetsState } from './sheetsState';
 
 export interface SheetsOperations {
   /** Adds a sheet with a free name and shows it. Opens an untitled document where none is open. */

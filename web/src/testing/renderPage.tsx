@@ -1,11 +1,13 @@
+import '../i18n';
 import { render } from '@testing-library/react';
 import { MemoryRouter } from 'react-router';
 import { App } from '../app/App';
 import { PageRoutes } from '../app/PageRoutes';
-import '../i18n';
+
+const page: Partial<Window & typeof globalThis> = window;
 
 // jsdom has no media queries; no query of the page matches here.
-window.matchMedia ??= (media) =>
+page.matchMedia ??= (media) =>
   Object.assign(new EventTarget(), {
     media,
     matches: false,
@@ -15,7 +17,7 @@ window.matchMedia ??= (media) =>
   });
 
 // jsdom lays nothing out, so no size ever changes.
-window.ResizeObserver ??= class {
+page.ResizeObserver ??= class {
   observe() {}
   unobserve() {}
   disconnect() {}

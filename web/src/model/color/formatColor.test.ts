@@ -1,8 +1,8 @@
 import fc from 'fast-check';
 import { describe, expect, test } from 'vitest';
-import { COLOR_NOTATIONS, formatColor, notationHasAlpha, type ColorNotation } from './formatColor';
-import { parseColor } from './parseColor';
 import type { Rgba } from './colorWord';
+import { COLOR_NOTATIONS, type ColorNotation, formatColor, notationHasAlpha } from './formatColor';
+import { parseColor } from './parseColor';
 
 const orange: Rgba = { red: 255, green: 128, blue: 0, alpha: 128 };
 

@@ -1,4 +1,4 @@
-import { mapVec3, transform, type Matrix, type Vec3 } from './vec3';
+import { mapVec3, type Matrix, transform, type Vec3 } from './vec3';
 
 /*
  * CIE LAB and Oklab after the sample code of CSS Color 4: sRGB with its D65 white to XYZ, for CIE LAB on to the D50

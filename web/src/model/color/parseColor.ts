@@ -1,6 +1,6 @@
+import { failure, type Result, success } from '../result';
 import { COLOR_SPACES } from './colorSpaces';
 import { parseColorFunction, type ParsedColor } from './parseColorFunction';
-import { failure, success, type Result } from '../result';
 
 /**
  * Reads a colour in any notation, whichever one the field shows: #RGB, #RGBA, #RRGGBB, #RRGGBBAA, or the functions rgb,

@@ -1,6 +1,6 @@
+import { failure, type Result, success } from '../result';
 import type { ColorComponent, ColorSpace } from './colorSpaces';
 import type { Rgba } from './colorWord';
-import { failure, success, type Result } from '../result';
 
 /** A colour that was read. Without an alpha in the text it is opaque. */
 export interface ParsedColor {

@@ -1,7 +1,7 @@
 import { expect, test } from 'vitest';
+import { randomWord } from '../integer/wordOperations';
 import { decodeFloat } from './decodeFloat';
 import { floatFormatFor } from './floatFormats';
-import { randomWord } from '../integer/wordOperations';
 
 const view = new DataView(new ArrayBuffer(8));
 const half = floatFormatFor(16)!;

@@ -1,7 +1,7 @@
 import { describe, expect, test } from 'vitest';
-import { displayFloat } from './displayFloat';
-import { floatFormatFor, type FloatFormat } from './floatFormats';
 import { randomWord } from '../integer/wordOperations';
+import { displayFloat } from './displayFloat';
+import { type FloatFormat, floatFormatFor } from './floatFormats';
 
 const show = (word: bigint, width: number) => displayFloat(word, floatFormatFor(width)!);
 const view = new DataView(new ArrayBuffer(8));

@@ -1,6 +1,6 @@
 import { leadingDigits } from '../integer/leadingDigits';
 import type { FloatFormat } from './floatFormats';
-import { floatParts, type FloatParts } from './floatParts';
+import { type FloatParts, floatParts } from './floatParts';
 
 const MOST_INTEGER_DIGITS = 20;
 const MOST_FRACTION_DIGITS = 20;

@@ -1,4 +1,4 @@
-import { floatFormatFor, type FloatFormat } from './floatFormats';
+import { type FloatFormat, floatFormatFor } from './floatFormats';
 import { floatParts } from './floatParts';
 
 /**

@@ -1,7 +1,7 @@
+import { failure, type Result, success } from '../result';
 import { decodeFloat } from './decodeFloat';
 import { encodeFloat } from './encodeFloat';
-import { floatFormatFor, floatStandardFor, type FloatStandard } from './floatFormats';
-import { failure, success, type Result } from '../result';
+import { floatFormatFor, type FloatStandard, floatStandardFor } from './floatFormats';
 
 const WIDTHS = [8, 16, 32, 64, 128, 256];
 const WIDEST_INPUT = 64;

@@ -1,5 +1,5 @@
-import { allBits, bitwiseNot, randomWord, shiftLeft, shiftRight, shiftRightUnsigned } from './wordOperations';
 import { readWord, writeWord } from './wordLayout';
+import { allBits, bitwiseNot, randomWord, shiftLeft, shiftRight, shiftRightUnsigned } from './wordOperations';
 
 /**
  * A value of a fixed number of bits. It never changes: every operation gives a new one, so two of them can share

@@ -1,7 +1,7 @@
+import { failure, type Result, success } from '../result';
 import { badBaseReason, digitValues, isBase, LARGEST_CASELESS_BASE, readAlphabet } from './digitAlphabets';
 import { formatNumber } from './formatInteger';
 import { readDigits } from './readDigits';
-import { failure, success, type Result } from '../result';
 
 const PREFIXES = new Map([
   [2, '0b'],

@@ -1,5 +1,5 @@
 import { digitValues } from './digitAlphabets';
-import { radixChunks, chunkPower, type RadixChunks } from './radixChunks';
+import { chunkPower, type RadixChunks, radixChunks } from './radixChunks';
 
 /** What the engine's own reader wants before the digits, for the bases that it reads. */
 const ENGINE_PREFIXES: Record<number, string> = { 2: '0b', 8: '0o', 10: '', 16: '0x' };

@@ -1,5 +1,5 @@
 import { WRITTEN_DIGITS } from './digitAlphabets';
-import { radixChunks, chunkPower, type RadixChunks } from './radixChunks';
+import { chunkPower, type RadixChunks, radixChunks } from './radixChunks';
 
 const decoder = new TextDecoder();
 const DIGIT_BYTES = new TextEncoder().encode(WRITTEN_DIGITS);

@@ -1,8 +1,8 @@
 import { nanoid } from 'nanoid';
 import { definitionsFor, type NumberDefinition, type NumberType } from './numberDefinitions';
 import { DEFAULT_RESOLUTION } from './resolutions';
-import type { SignMap } from './signMap';
 import { ScrollMap } from './scrollMap';
+import type { SignMap } from './signMap';
 
 /** The word that has the focus; three nulls for none. */
 export type FocusedBlock = readonly [type: NumberType, bits: number, index: number] | readonly [null, null, null];
@@ -49,11 +49,9 @@ export function isDocumentChange(changes: SheetChanges): boolean {
 }
 
 // A class of its own, so that the record of the open document can name it, with the fields that the interface lists.
-const WithFields = class {
-  constructor(fields: BitsSheetFields) {
-    Object.assign(this, fields);
-  }
-} as new (fields: BitsSheetFields) => BitsSheetFields;
+const WithFields = function (this: object, fields: BitsSheetFields) {
+  Object.assign(this, fields);
+} as unknown as new (fields: BitsSheetFields) => BitsSheetFields;
 
 /** One sheet. It never changes: an edit puts a new sheet with the same `id` into the store. */
 export class BitsSheet extends WithFields {

@@ -1,12 +1,12 @@
 import { expect, test } from 'vitest';
 import {
   definitionLabel,
-  definitionShortLabel,
   definitionsFor,
+  definitionShortLabel,
+  type NumberDefinition,
   selectableDefinitions,
   shownDefinitions,
   withVisibility,
-  type NumberDefinition,
 } from './numberDefinitions';
 
 const names = (definitions: readonly NumberDefinition[]) => definitions.map(definitionShortLabel);

@@ -1,4 +1,4 @@
-import { failure, success, type Result } from '../result';
+import { failure, type Result, success } from '../result';
 
 /** The first name "Number A", "Number B", ... "Number Z", "Number AA", ... that no sheet has. */
 export function freeSheetName(usedNames: Iterable<string>): string {

@@ -1,5 +1,5 @@
-import { integerWidths } from './resolutions';
 import { wordCount } from '../integer/wordLayout';
+import { integerWidths } from './resolutions';
 
 /** Which words are shown signed, by `signKey`. A missing key means unsigned. */
 export type SignMap = ReadonlyMap<string, boolean>;
