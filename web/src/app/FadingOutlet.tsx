@@ -2,7 +2,7 @@ import Box from '@mui/joy/Box';
 import { AnimatePresence, usePresence } from 'framer-motion';
 import { type ReactNode, useEffect } from 'react';
 import { useLocation, useOutlet } from 'react-router';
-import { colors } from '../ui/theme';
+import { colors } from '../ui/tokens';
 
 /** How long a page takes to come or to go, in milliseconds. */
 const FADE = 150;

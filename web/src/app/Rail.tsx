@@ -4,7 +4,7 @@ import type { ReactNode } from 'react';
 import { useTranslation } from 'react-i18next';
 import { Link, useLocation } from 'react-router';
 import { WordsIcon } from '../components/WordsIcon';
-import { colors } from '../ui/theme';
+import { colors } from '../ui/tokens';
 
 const WORDS_ROUTE = '/tools/words';
 

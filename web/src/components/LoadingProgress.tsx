@@ -5,7 +5,7 @@ import { useId } from 'react';
 import { useTranslation } from 'react-i18next';
 import { useSnapshot } from 'valtio';
 import { loadingState } from '../document/loading';
-import { colors } from '../ui/theme';
+import { colors } from '../ui/tokens';
 
 /** How far a document is that takes its time to load; covers the page, because its sheets are about to be replaced. */
 export function LoadingProgress() {

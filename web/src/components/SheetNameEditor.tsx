@@ -6,7 +6,7 @@ import { FIELD_COMMANDS } from '../commands/fieldCommands';
 import { parseSheetName } from '../model/sheet/sheetNames';
 import { useSheetsStore } from '../stores/sheetsStore';
 import { showWarning } from '../ui/notifications';
-import { colors } from '../ui/theme';
+import { colors } from '../ui/tokens';
 
 interface SheetNameEditorProps {
   sheetId: string;

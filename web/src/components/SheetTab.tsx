@@ -5,7 +5,7 @@ import { VscClose } from 'react-icons/vsc';
 import { runCommand } from '../commands/command';
 import { TAB_COMMANDS, type TabTarget } from '../commands/tabCommands';
 import { useSheetsStore } from '../stores/sheetsStore';
-import { colors } from '../ui/theme';
+import { colors } from '../ui/tokens';
 import { SheetNameEditor } from './SheetNameEditor';
 import { SHEET_PANEL_ID } from './sheetPanel';
 import { TAB_WIDTH } from './tabVirtualizer';

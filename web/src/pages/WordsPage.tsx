@@ -5,7 +5,7 @@ import { EmptyTool } from '../components/EmptyTool';
 import { SheetTabs } from '../components/SheetTabs';
 import { WordsTool } from '../components/words/WordsTool';
 import { useSheetsStore } from '../stores/sheetsStore';
-import { colors } from '../ui/theme';
+import { colors } from '../ui/tokens';
 import { visuallyHidden } from '../ui/visuallyHidden';
 
 /** The Words tool: the document bar, a tab for each sheet, and the sheet whose tab is active. */

@@ -1,4 +1,4 @@
-import { useLayoutEffect, useRef, type KeyboardEvent } from 'react';
+import { type KeyboardEvent,useLayoutEffect, useRef } from 'react';
 import { moveRovingFocus } from './rovingFocus';
 
 export interface ListGroup {

@@ -1,4 +1,4 @@
-import { useEffect, useLayoutEffect, useRef, type KeyboardEvent, type ReactNode, type RefObject } from 'react';
+import { type KeyboardEvent, type ReactNode, type RefObject,useEffect, useLayoutEffect, useRef } from 'react';
 import { createPortal } from 'react-dom';
 import { SHEET_PANEL_ID } from '../components/sheetPanel';
 

@@ -1,4 +1,4 @@
-import { useLayoutEffect, useRef, type KeyboardEvent, type RefObject } from 'react';
+import { type KeyboardEvent, type RefObject,useLayoutEffect, useRef } from 'react';
 import { Popup } from './Popup';
 import { moveRovingFocus } from './rovingFocus';
 

@@ -1,20 +1,7 @@
 import { extendTheme } from '@mui/joy/styles';
+import { colors, mono } from './tokens';
 
 const sans = "'Inter', system-ui, sans-serif";
-/** Digits of equal width, so that words of one width line up. */
-const mono = "ui-monospace, 'Cascadia Mono', Consolas, 'DejaVu Sans Mono', 'Liberation Mono', monospace";
-
-/** Colours of the frame that components share. */
-export const colors = {
-  /** Behind everything. */
-  body: '#0f1214',
-  /** Behind the content. */
-  content: '#282c34',
-  /** What is chosen: text on its background. */
-  accent: '#ffca00',
-  activeTab: '#2d0e5d',
-  link: '#8fc1ff',
-} as const;
 
 export const theme = extendTheme({
   fontFamily: { body: sans, display: sans, code: mono },
@@ -30,7 +17,7 @@ export const theme = extendTheme({
     dark: {
       palette: {
         background: { body: colors.body },
-        text: { primary: '#eceff4', secondary: '#c3cad5', tertiary: '#a3adbb' },
+        text: { primary: colors.text, secondary: '#c3cad5', tertiary: colors.dim },
       },
     },
   },

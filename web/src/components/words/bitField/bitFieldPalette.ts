@@ -1,4 +1,5 @@
 import { useSyncExternalStore } from 'react';
+import { colors } from '../../../ui/tokens';
 
 /** Colours of a bit field, as a canvas takes them. */
 export interface BitFieldPalette {
@@ -14,13 +15,13 @@ export interface BitFieldPalette {
 
 export const DARK_PALETTE: BitFieldPalette = {
   zero: '#181b21',
-  zeroText: '#8d97a6',
+  zeroText: colors.faintest,
   one: '#a8c7fa',
   oneText: '#0b1d36',
-  numbers: '#98a2b1',
-  labels: '#eceff4',
+  numbers: colors.faint,
+  labels: colors.text,
   hover: '#ffffff',
-  cursor: '#ffca00',
+  cursor: colors.accent,
 };
 
 /** The user's own colours, where the system asks for them. */

@@ -1,5 +1,6 @@
 import { floatFields, floatFormatFor } from '../../../model/float/floatFormats';
 import { cellOf, type BitFieldLayout, type Rect } from '../layout/bitFieldLayout';
+import { mono } from '../../../ui/tokens';
 import { textColorOn, type BitFieldPalette } from './bitFieldPalette';
 
 /** What a bit field shows at one moment. */
@@ -16,8 +17,8 @@ export interface BitFieldPicture {
   readonly cursor: number | undefined;
 }
 
-const DIGIT_FONT = "12px ui-monospace, 'Cascadia Mono', Consolas, 'DejaVu Sans Mono', 'Liberation Mono', monospace";
-const SMALL_FONT = "9px ui-monospace, 'Cascadia Mono', Consolas, 'DejaVu Sans Mono', 'Liberation Mono', monospace";
+const DIGIT_FONT = `12px ${mono}`;
+const SMALL_FONT = `9px ${mono}`;
 const LABEL_FONT = '11px system-ui, sans-serif';
 const CELL_GAP = 1;
 const BAR_HEIGHT = 3;
