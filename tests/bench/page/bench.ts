@@ -194,10 +194,10 @@ async function compare(app: Page, floor: Page, figure: Figure): Promise<void> {
 
 /** Scrolls the row of bytes from one end to the other in 90 frames. */
 async function scroll(page: Page): Promise<void> {
-  await page.evaluate(() => (document.querySelector('.sheet-view')!.scrollTop = 1e6));
-  await page.locator('[role="group"][aria-label="Int 8"] .block').first().waitFor();
+  await page.evaluate(() => (document.querySelector('[data-scroller="sheet"]')!.scrollTop = 1e6));
+  await page.locator('[role="group"][aria-label="Int 8"] [data-word]').first().waitFor();
   const longest = await page.evaluate(async () => {
-    const row = document.querySelector('[role="group"][aria-label="Int 8"] .row-scroller')!;
+    const row = document.querySelector('[role="group"][aria-label="Int 8"] [data-scroller="row"]')!;
     const tasks: number[] = [];
     const observer = new PerformanceObserver((list) => tasks.push(...list.getEntries().map((each) => each.duration)));
     observer.observe({ type: 'longtask' });
@@ -215,7 +215,7 @@ async function scroll(page: Page): Promise<void> {
     longest <= LONG_TASK,
     longest ? `longest task ${longest} ms` : 'no long task',
   );
-  await page.evaluate(() => (document.querySelector('.sheet-view')!.scrollTop = 0));
+  await page.evaluate(() => (document.querySelector('[data-scroller="sheet"]')!.scrollTop = 0));
 }
 
 async function heap(page: Page): Promise<void> {

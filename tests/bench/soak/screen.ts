@@ -15,7 +15,8 @@ export interface Screen {
 
 export function readScreen(): Screen {
   const tabs = [...document.querySelectorAll('[role=tab]')];
-  const [, width = '0'] = /Resolution\s*(\d+)/.exec(document.querySelector('.sheet-toolbar')?.textContent ?? '') ?? [];
+  const [, width = '0'] =
+    /Resolution\s*(\d+)/.exec(document.querySelector('[role=group][aria-label=Sheet]')?.textContent ?? '') ?? [];
   const widest = document.querySelector(`[aria-label="Int ${width} word 1"]`);
   return {
     tabs: tabs.map(({ textContent }) => textContent),

@@ -8,7 +8,7 @@ import { ExpectedDocument, sheetsOnDisk, type Word, wordNamed } from './expected
 import { reachable, readScreen, type Screen, type Target, watchForRelease, whenReleased } from './screen';
 
 const FIELD = '[aria-label="Value"]';
-const SHEET = '.sheet-view';
+const SHEET = '[data-scroller=sheet]';
 const RESOLUTIONS = ['32', '64', '128', '256', '512', '1024'];
 const MOST_SHEETS = 6;
 /** Of the wheel, from one end of a sheet to the other. */
@@ -48,7 +48,7 @@ export class User {
   }
 
   async flipBit() {
-    const target = await this.#targetInSheet('canvas.bit-field');
+    const target = await this.#targetInSheet('canvas');
     const word = wordNamed(target.word);
     const before = this.#expected.word(word);
     const at = { x: this.#across(target), y: target.at.y };
@@ -61,7 +61,7 @@ export class User {
 
   /** Draws a line over some bits: those under it all get one value. */
   async paintBits() {
-    const target = await this.#targetInSheet('canvas.bit-field');
+    const target = await this.#targetInSheet('canvas');
     const word = wordNamed(target.word);
     const before = this.#expected.word(word);
     const { y } = target.at;
@@ -132,7 +132,7 @@ export class User {
     const resolution = this.#chance.oneOf(
       RESOLUTIONS.filter((each) => Number(each) !== this.#expected.sheet.resolution),
     );
-    this.#click(await this.#target('.sheet-toolbar > .picker:first-child [aria-haspopup=listbox]'));
+    this.#click(await this.#target('[role=group][aria-label=Sheet] > :first-child [aria-haspopup=listbox]'));
     this.#click(await this.#target(`[role=option][data-id="${resolution}"]`));
     const value = BigInt.asUintN(Number(resolution), this.#expected.sheet.value);
     this.#expected.change({ resolution: Number(resolution), value });

@@ -91,6 +91,6 @@ test.describe('colors', () => {
   test('the swatch has the color', async ({ page, enter }) => {
     const tool = new WordsTool(page);
     await tool.open(enter, { int: '0xff0000ff' });
-    await expect(tool.color(1).locator('.swatch div')).toHaveCSS('background-color', 'rgb(255, 0, 0)');
+    await expect(tool.color(1).locator('[style*="background-color"]')).toHaveCSS('background-color', 'rgb(255, 0, 0)');
   });
 });

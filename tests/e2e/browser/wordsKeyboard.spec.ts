@@ -119,7 +119,7 @@ test.describe('far and near', () => {
     expect(await words.count()).toBeLessThan(80);
     await tool
       .row('Int 8')
-      .locator('.row-scroller')
+      .locator('[data-scroller="row"]')
       .evaluate((element) => (element.scrollLeft = element.scrollWidth));
     await expect(tool.word(8, 1).value).toHaveValue('1');
     await expect(tool.word(8, 128).group).toHaveCount(0);

@@ -130,12 +130,12 @@ test.describe('the scroll lock', () => {
   const scrollRow = (tool: WordsTool, label: string, to: number) =>
     tool
       .row(label)
-      .locator('.row-scroller')
+      .locator('[data-scroller="row"]')
       .evaluate((element, left) => (element.scrollLeft = left), to);
   const position = (tool: WordsTool, label: string) =>
     tool
       .row(label)
-      .locator('.row-scroller')
+      .locator('[data-scroller="row"]')
       .evaluate((element) => element.scrollLeft);
 
   test('is offered only where rows are wider than the view', async ({ page, enter }) => {

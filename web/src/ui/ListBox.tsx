@@ -1,4 +1,5 @@
-import { type KeyboardEvent,useLayoutEffect, useRef } from 'react';
+import { type KeyboardEvent, useLayoutEffect, useRef } from 'react';
+import styles from './ListBox.module.css';
 import { moveRovingFocus } from './rovingFocus';
 
 export interface ListGroup {
@@ -40,7 +41,15 @@ export function ListBox({ labelledBy, groups, isChosen, onChoose, multiple }: Li
 
   const options = (group: ListGroup) =>
     group.options.map(({ id, label }) => (
-      <div key={id} role="option" tabIndex={-1} aria-selected={isChosen(id)} data-id={id} onClick={() => onChoose(id)}>
+      <div
+        key={id}
+        role="option"
+        className={styles.option}
+        tabIndex={-1}
+        aria-selected={isChosen(id)}
+        data-id={id}
+        onClick={() => onChoose(id)}
+      >
         {label}
       </div>
     ));
@@ -57,13 +66,13 @@ export function ListBox({ labelledBy, groups, isChosen, onChoose, multiple }: Li
         group.label === undefined ? (
           options(group)
         ) : (
-          <div key={position} role="group" aria-label={group.label} className="list-group">
-            <div className="list-group-label" aria-hidden="true">
+          <div key={position} role="group" aria-label={group.label}>
+            <div className={styles.groupLabel} aria-hidden="true">
               {group.label}
             </div>
             <div
               role="presentation"
-              className="list-group-options"
+              className={styles.groupOptions}
               style={{ gridTemplateColumns: `repeat(${group.columns ?? 1}, auto)` }}
             >
               {options(group)}

@@ -1,6 +1,9 @@
-import { useId, useRef, useState, type KeyboardEvent, type ReactNode, type RefObject } from 'react';
-import { Popup } from './Popup';
+import cc from 'classcat';
+import { type KeyboardEvent, type ReactNode, type RefObject, useId, useRef, useState } from 'react';
 import { ListBox, type ListGroup } from './ListBox';
+import styles from './Picker.module.css';
+import { Popup } from './Popup';
+import { visuallyHidden } from './visuallyHidden';
 
 interface PickerProps {
   label: string;
@@ -14,9 +17,9 @@ interface PickerProps {
   /** Below the list. */
   footer?: ReactNode;
   /** Shows only what is chosen; the label is for assistive technology. */
-  compact?: boolean;
+  hideLabel?: boolean;
   /** Says where the button belongs, for moving between words. */
-  part?: string;
+  focusKey?: string;
 }
 
 /** A button that says what is chosen and opens the list to choose from. */
@@ -28,8 +31,8 @@ export function Picker({
   onChoose,
   multiple = false,
   footer,
-  compact = false,
-  part,
+  hideLabel = false,
+  focusKey,
 }: PickerProps) {
   const button = useRef<HTMLButtonElement>(null);
   const [isOpen, setOpen] = useState(false);
@@ -47,25 +50,26 @@ export function Picker({
     setOpen(true);
   };
   return (
-    <div className={compact ? 'picker compact' : 'picker'}>
+    <div>
       <button
         ref={button}
         type="button"
-        data-part={part}
+        className={cc([styles.button, hideLabel && styles.hidesLabel])}
+        data-focus-key={focusKey}
         aria-haspopup="listbox"
         aria-expanded={isOpen}
         onClick={() => setOpen(!isOpen)}
         onKeyDown={onKeyDown}
       >
-        <span id={labelId} className="picker-label">
+        <span id={labelId} className={styles.label} style={hideLabel ? visuallyHidden : undefined}>
           {label}
         </span>{' '}
-        <span className="picker-summary">{summary}</span>
+        <span className={styles.summary}>{summary}</span>
       </button>
       {isOpen && (
-        <Popup anchor={button as RefObject<HTMLElement | null>} className="choices" onClose={close}>
+        <Popup anchor={button} onClose={close}>
           <ListBox labelledBy={labelId} groups={groups} isChosen={isChosen} onChoose={choose} multiple={multiple} />
-          {footer && <div className="popup-footer">{footer}</div>}
+          {footer && <div className={styles.footer}>{footer}</div>}
         </Popup>
       )}
     </div>

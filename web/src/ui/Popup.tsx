@@ -1,11 +1,12 @@
-import { type KeyboardEvent, type ReactNode, type RefObject,useEffect, useLayoutEffect, useRef } from 'react';
+import cc from 'classcat';
+import { type KeyboardEvent, type ReactNode, type RefObject, useEffect, useLayoutEffect, useRef } from 'react';
 import { createPortal } from 'react-dom';
-import { SHEET_PANEL_ID } from '../components/sheetPanel';
+import controlStyles from './controls.module.css';
+import styles from './Popup.module.css';
 
 interface PopupProps {
   /** What opened the popup: it appears below, and the focus goes back there. */
   anchor: RefObject<HTMLElement | null>;
-  className: string;
   onClose: () => void;
   children: ReactNode;
 }
@@ -13,7 +14,7 @@ interface PopupProps {
 const EDGE = 4;
 
 /** Something over the page that closes with Escape, with Tab and with a press elsewhere. */
-export function Popup({ anchor, className, onClose, children }: PopupProps) {
+export function Popup({ anchor, onClose, children }: PopupProps) {
   const popup = useRef<HTMLDivElement>(null);
   useLayoutEffect(() => place(popup.current!, anchor.current!));
 
@@ -42,15 +43,15 @@ export function Popup({ anchor, className, onClose, children }: PopupProps) {
   return createPortal(
     <div
       ref={popup}
-      className={`popup ${className}`}
+      className={cc([controlStyles.controls, styles.popup])}
       onKeyDown={onKeyDown}
       onPointerDown={(event) => event.stopPropagation()}
       onFocus={(event) => event.stopPropagation()}
     >
       {children}
     </div>,
-    // Within the panel, so that it belongs to the page's main part.
-    document.getElementById(SHEET_PANEL_ID) ?? document.body,
+    // Within the page's main part, where assistive technology looks for content.
+    anchor.current!.closest('main') ?? document.body,
   );
 }
 

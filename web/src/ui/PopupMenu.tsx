@@ -1,5 +1,6 @@
-import { type KeyboardEvent, type RefObject,useLayoutEffect, useRef } from 'react';
+import { type KeyboardEvent, type RefObject, useLayoutEffect, useRef } from 'react';
 import { Popup } from './Popup';
+import styles from './PopupMenu.module.css';
 import { moveRovingFocus } from './rovingFocus';
 
 interface PopupMenuProps {
@@ -23,11 +24,19 @@ export function PopupMenu({ anchor, name, items, onChoose, onClose }: PopupMenuP
   const onKeyDown = (event: KeyboardEvent) => moveRovingFocus(event, [...menu.current!.querySelectorAll('button')]);
 
   return (
-    <Popup anchor={anchor} className="menu" onClose={onClose}>
+    <Popup anchor={anchor} onClose={onClose}>
       <div ref={menu} role="menu" aria-label={name} onKeyDown={onKeyDown}>
         {items.map(({ id, icon, label }) => (
-          <button key={id} type="button" role="menuitem" tabIndex={-1} data-operation={id} onClick={() => choose(id)}>
-            <span className="menu-icon" aria-hidden="true">
+          <button
+            key={id}
+            type="button"
+            role="menuitem"
+            className={styles.item}
+            tabIndex={-1}
+            data-operation={id}
+            onClick={() => choose(id)}
+          >
+            <span className={styles.icon} aria-hidden="true">
               {icon}
             </span>
             {label}

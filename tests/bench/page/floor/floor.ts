@@ -2,27 +2,51 @@
  * What the Words tool shows of a sheet, written by hand: plain elements for the words in view, each remembered where it
  * is used, and nothing else. It stands for the least that any page has to do.
  */
+import cc from 'classcat';
 import { DARK_PALETTE } from '../../../../web/src/components/words/bitField/bitFieldPalette';
 import { bitAt } from '../../../../web/src/components/words/layout/bitFieldLayout';
 import { BitFieldPainter } from '../../../../web/src/components/words/bitField/bitFieldPainter';
 import { directOperations, WORD_OPERATIONS } from '../../../../web/src/commands/wordCommands';
-import { sheetGeometry, type RowGeometry } from '../../../../web/src/components/words/layout/sheetGeometry';
+import {
+  BLOCK_PADDING_X,
+  hasTallHeader,
+  LABELS_WIDTH,
+  sheetGeometry,
+  type RowGeometry,
+} from '../../../../web/src/components/words/layout/sheetGeometry';
 import { digitWidth } from '../../../../web/src/components/words/layout/useViewport';
 import { formatInteger } from '../../../../web/src/model/integer/formatInteger';
 import { definitionsFor } from '../../../../web/src/model/sheet/numberDefinitions';
 import { parseInteger } from '../../../../web/src/model/integer/parseInteger';
 import { wordHalfLabel, wordNumber, wordSignLabel } from '../../../../web/src/model/sheet/wordLabels';
 import { readWord, writeWord } from '../../../../web/src/model/integer/wordLayout';
-import '../../../../web/src/components/words/words.css';
+import { geometryProperties } from '../../../../web/src/components/words/layout/geometryProperties';
+import { tokenProperties } from '../../../../web/src/ui/tokens';
+import bits from '../../../../web/src/components/words/bitField/BitField.module.css';
+import rows from '../../../../web/src/components/words/RowView.module.css';
+import sheetView from '../../../../web/src/components/words/SheetView.module.css';
+import block from '../../../../web/src/components/words/word/BlockFrame.module.css';
+import field from '../../../../web/src/components/words/word/DigitsField.module.css';
+import fields from '../../../../web/src/components/words/word/WordFields.module.css';
+import header from '../../../../web/src/components/words/word/WordHeader.module.css';
+import operations from '../../../../web/src/components/words/word/OperationsBar.module.css';
+import tool from '../../../../web/src/components/words/WordsTool.module.css';
+import controls from '../../../../web/src/ui/controls.module.css';
 
 /** The height of the tool's bars above and below the rows. */
 const BARS = 22 + 113 + 6;
 /** Beside the rows: the rail, the rows' labels, the minimap. */
-const SIDES = 56 + 44 + 6 + 38;
+const SIDES = 56 + LABELS_WIDTH + 6 + 38;
 
 interface Sheet {
   resolution: number;
   value: bigint;
+}
+
+const root = document.getElementById('root')!;
+root.className = cc([controls.controls, tool.tool]);
+for (const [name, value] of Object.entries({ ...tokenProperties, ...geometryProperties })) {
+  root.style.setProperty(name, `${value}`);
 }
 
 let sheet: Sheet = { resolution: 64, value: 0n };
@@ -41,64 +65,66 @@ function show(next: Sheet): void {
   updates = [];
   const viewHeight = innerHeight - BARS;
   const viewWidth = innerWidth - SIDES;
-  const { rows } = sheetGeometry({
+  const geometry = sheetGeometry({
     resolution: sheet.resolution,
     definitions: definitionsFor(sheet.resolution),
     converters: undefined,
     viewWidth,
     charWidth: digitWidth(),
   });
-  const view = element('div', 'sheet-view');
-  for (const row of rows) if (row.top < viewHeight && row.type === 'integer') view.append(rowOf(row, viewWidth));
-  document.getElementById('root')!.replaceChildren(view);
+  const view = element('div', sheetView.view);
+  for (const row of geometry.rows)
+    if (row.top < viewHeight && row.type === 'integer') view.append(rowOf(row, viewWidth));
+  root.replaceChildren(view);
   for (const each of updates) each(-1n);
 }
 
 function rowOf(row: RowGeometry, viewWidth: number): HTMLElement {
-  const content = element('div', 'row-content');
+  const content = element('div', rows.content);
   content.style.width = `${row.count * row.blockWidth}px`;
   for (let place = 0; place < row.count && place * row.blockWidth < viewWidth; place++) {
     content.append(blockOf(row, row.count - 1 - place));
   }
-  const outer = element('div', 'row');
+  const scroller = element('div', rows.scroller, content);
+  scroller.dataset.scroller = 'row';
+  const outer = element('div', rows.row);
   outer.style.height = `${row.height}px`;
-  outer.append(element('span', 'row-label', row.shortLabel), element('div', 'row-scroller', content));
+  outer.append(element('span', rows.label, row.shortLabel), scroller);
   return outer;
 }
 
 function blockOf(row: RowGeometry, index: number): HTMLElement {
-  const { bits } = row;
   const setters: ((word: bigint) => void)[] = [];
-  const box = element('div', 'box', headerOf(row, index), fieldsOf(row, index, setters));
-  box.style.width = `${row.boxWidth + 14}px`;
-  const block = element('div', `block ${index % 2 === 0 ? 'low' : 'high'}`, box);
-  block.style.left = `${(row.count - 1 - index) * row.blockWidth}px`;
-  block.style.width = `${row.blockWidth}px`;
-  (row.bitField.vertical ? box : block).append(bitFieldOf(row, index, setters));
+  const sticky = element('div', block.stickyContent, headerOf(row, index), fieldsOf(row, index, setters));
+  sticky.style.width = `${row.boxWidth + 2 * BLOCK_PADDING_X}px`;
+  const outer = element('div', cc([block.block, index % 2 === 1 && block.high]), sticky);
+  outer.style.left = `${(row.count - 1 - index) * row.blockWidth}px`;
+  outer.style.width = `${row.blockWidth}px`;
+  (row.bitField.vertical ? sticky : outer).append(bitFieldOf(row, index, setters));
   updates.push((changed) => {
-    if (readWord(changed, bits, index) === 0n) return;
-    const word = readWord(sheet.value, bits, index);
+    if (readWord(changed, row.bits, index) === 0n) return;
+    const word = readWord(sheet.value, row.bits, index);
     for (const set of setters) set(word);
   });
-  return block;
+  return outer;
 }
 
-function headerOf({ bits }: RowGeometry, index: number): HTMLElement {
-  const buttons = WORD_OPERATIONS.slice(0, directOperations(bits)).map(({ icon }) => element('button', '', icon));
+function headerOf({ bits: width }: RowGeometry, index: number): HTMLElement {
+  const buttons = WORD_OPERATIONS.slice(0, directOperations(width)).map(({ icon }) => element('button', '', icon));
   return element(
     'div',
-    bits === 8 ? 'word-header narrow' : 'word-header',
-    element('span', 'word-number', wordNumber(index)),
-    element('button', 'sign', wordSignLabel(bits, false)),
-    element('span', 'word-half', wordHalfLabel(bits, index)),
-    element('div', 'operations', ...buttons),
+    cc([header.header, hasTallHeader(width) && header.tall]),
+    element('span', header.number, wordNumber(index)),
+    element('button', header.sign, wordSignLabel(width, false)),
+    element('span', '', wordHalfLabel(width, index)),
+    element('div', operations.operations, ...buttons),
   );
 }
 
 function fieldsOf(row: RowGeometry, index: number, setters: ((word: bigint) => void)[]): HTMLElement {
-  const fields = element('div', 'fields');
+  const list = element('div', fields.fields);
   for (const [at, base] of [10, 2, 8, 16].entries()) {
-    const { spans, lines } = row.fields.places[at]!;
+    const { fullWidth, lines } = row.fields.places[at]!;
     const input = element(lines > 1 ? 'textarea' : 'input', '') as HTMLInputElement;
     if (lines > 1) input.setAttribute('rows', `${lines}`);
     input.setAttribute('aria-label', `Base ${base}`);
@@ -107,30 +133,34 @@ function fieldsOf(row: RowGeometry, index: number, setters: ((word: bigint) => v
       if (read && read.ok) update(writeWord(sheet.value, row.bits, index, read.value));
     });
     setters.push((word) => (input.value = formatInteger(word, base, row.bits)));
-    const label = at === 0 ? [] : [element('span', 'field-label', `${base}:`)];
-    fields.append(element('label', spans ? 'field spans' : 'field', ...label, input));
+    const label = at === 0 ? [] : [element('span', field.label, `${base}:`)];
+    list.append(element('label', cc([field.field, fullWidth && field.fullWidth]), ...label, input));
   }
-  return fields;
+  return list;
 }
 
-function bitFieldOf({ bits, bitField: layout }: RowGeometry, index: number, setters: ((word: bigint) => void)[]) {
-  const canvas = element('canvas', 'bit-field') as HTMLCanvasElement;
+function bitFieldOf(
+  { bits: width, bitField: layout }: RowGeometry,
+  index: number,
+  setters: ((word: bigint) => void)[],
+) {
+  const canvas = element('canvas', bits.bits) as HTMLCanvasElement;
   canvas.style.width = `${layout.width}px`;
   canvas.style.height = `${layout.height}px`;
   const painter = new BitFieldPainter();
   canvas.addEventListener('pointerdown', ({ offsetX, offsetY }) =>
-    update(sheet.value ^ (1n << BigInt(bits * index + bitAt(layout, offsetX, offsetY)))),
+    update(sheet.value ^ (1n << BigInt(width * index + bitAt(layout, offsetX, offsetY)))),
   );
   setters.push((word) => {
-    const digits = word.toString(2).padStart(bits, '0');
+    const digits = word.toString(2).padStart(width, '0');
     painter.show(canvas, { layout, pixelRatio: devicePixelRatio, palette: DARK_PALETTE, digits });
   });
   return canvas;
 }
 
-function element(name: string, className: string, ...children: (Node | string)[]): HTMLElement {
+function element(name: string, className: string | undefined, ...children: (Node | string)[]): HTMLElement {
   const created = document.createElement(name);
-  created.className = className;
+  created.className = className ?? '';
   created.append(...children);
   return created;
 }

@@ -2,6 +2,7 @@ import { useLayoutEffect, useRef, type MouseEvent, type PointerEvent, type RefOb
 import { i18next } from '../../i18n';
 import { useSheetStore } from '../../stores/sheetStore';
 import type { SheetGeometry } from './layout/sheetGeometry';
+import styles from './Minimap.module.css';
 
 interface MinimapProps {
   geometry: SheetGeometry;
@@ -30,7 +31,7 @@ export function Minimap({ geometry, view, viewHeight }: MinimapProps) {
     scroller.addEventListener('scroll', follow, { passive: true });
     return () => scroller.removeEventListener('scroll', follow);
   }, [view, height, fits]);
-  if (fits) return <div className="minimap" />;
+  if (fits) return <div className={styles.minimap} />;
 
   const scrollTo = ({ currentTarget, clientY }: PointerEvent) => {
     const { top, height: mapHeight } = currentTarget.getBoundingClientRect();
@@ -52,7 +53,7 @@ export function Minimap({ geometry, view, viewHeight }: MinimapProps) {
   return (
     <div
       role="group"
-      className="minimap"
+      className={styles.minimap}
       aria-label={i18next.t('words.minimap')}
       onPointerDown={onPointerDown}
       onPointerMove={onPointerMove}
@@ -63,7 +64,7 @@ export function Minimap({ geometry, view, viewHeight }: MinimapProps) {
         <button
           key={row.key}
           type="button"
-          className={row.key === focusedRow ? 'focused' : undefined}
+          className={row.key === focusedRow ? styles.focused : undefined}
           style={{ flexGrow: row.height }}
           aria-label={i18next.t('words.goToRow', { shortLabel: row.shortLabel, label: row.label })}
           onClick={(event) => onClick(event, row.top)}
@@ -71,7 +72,7 @@ export function Minimap({ geometry, view, viewHeight }: MinimapProps) {
           {row.shortLabel}
         </button>
       ))}
-      <div ref={frame} className="minimap-frame" style={{ height: `${(100 * viewHeight) / height}%` }} />
+      <div ref={frame} className={styles.frame} style={{ height: `${(100 * viewHeight) / height}%` }} />
     </div>
   );
 }

@@ -3,10 +3,12 @@ import type { ColorNotation } from '../../model/color/formatColor';
 import { useSheetStore } from '../../stores/sheetStore';
 import type { MoveFocus } from './word/BlockFrame';
 import { ColorBlock } from './word/ColorBlock';
+import { RowScroller } from './scrollers';
 import type { ScrollSync } from './scrollSync';
 import { rowTexts } from './word/rowTexts';
 import { partsInView, type RowGeometry } from './layout/sheetGeometry';
 import { WordBlock } from './word/WordBlock';
+import styles from './RowView.module.css';
 
 interface RowViewProps {
   row: RowGeometry;
@@ -26,8 +28,8 @@ export const RowView = memo(function RowView(props: RowViewProps) {
   const { row, isNear } = props;
   const [notation, setNotation] = useState<ColorNotation>('HEX');
   return (
-    <div role="group" aria-label={row.label} className={`row ${row.type}`} style={{ height: row.height }}>
-      <span className="row-label" aria-hidden="true">
+    <div role="group" aria-label={row.label} className={styles.row} style={{ height: row.height }}>
+      <span className={styles.label} aria-hidden="true">
         {row.shortLabel}
       </span>
       {isNear && <RowBlocks {...props} notation={notation} onNotation={setNotation} />}
@@ -59,22 +61,24 @@ function RowBlocks({ row, viewWidth, pixelRatio, scrollSync, onMove, notation, o
 
   const [first, last] = placesAt(Math.min(scrolled, Math.max(0, count * blockWidth - viewWidth)));
   return (
-    <div ref={scroller} className="row-scroller" onScroll={onScroll}>
-      <div className="row-content" style={{ width: count * blockWidth }}>
-        {indicesToMount(count, first, last, focusedIndex).map((index) =>
-          type === 'color32' ? (
-            <ColorBlock
-              key={index}
-              row={row}
-              index={index}
-              onMove={onMove}
-              notation={notation}
-              onNotation={onNotation}
-            />
-          ) : (
-            <WordBlock key={index} row={row} index={index} texts={texts} pixelRatio={pixelRatio} onMove={onMove} />
-          ),
-        )}
+    <div ref={scroller} className={styles.scroller} data-scroller="row" onScroll={onScroll}>
+      <div className={styles.content} style={{ width: count * blockWidth }}>
+        <RowScroller value={scroller}>
+          {indicesToMount(count, first, last, focusedIndex).map((index) =>
+            type === 'color32' ? (
+              <ColorBlock
+                key={index}
+                row={row}
+                index={index}
+                onMove={onMove}
+                notation={notation}
+                onNotation={onNotation}
+              />
+            ) : (
+              <WordBlock key={index} row={row} index={index} texts={texts} pixelRatio={pixelRatio} onMove={onMove} />
+            ),
+          )}
+        </RowScroller>
       </div>
     </div>
   );

@@ -4,12 +4,12 @@ import { Minimap } from './Minimap';
 import { focusWord, neighbour } from './wordNavigation';
 import { ScrollSync } from './scrollSync';
 import { RowView } from './RowView';
-import { sheetGeometry, type RowGeometry, type SheetGeometry } from './layout/sheetGeometry';
+import { SheetScroller } from './scrollers';
+import styles from './SheetView.module.css';
+import { LABELS_WIDTH, sheetGeometry, type RowGeometry, type SheetGeometry } from './layout/sheetGeometry';
 import { digitWidth, usePixelRatio, useViewSize } from './layout/useViewport';
 import type { MoveFocus } from './word/BlockFrame';
 
-/** The rows' labels at the left. */
-const LABELS_WIDTH = 44;
 const SIDE = 6;
 /**
  * Rows this far above or below the view, in pixels, are mounted too, so that Tab finds them. It is little on purpose:
@@ -57,29 +57,31 @@ export function SheetView({ onOverflow }: SheetViewProps) {
 
   const rows = useRef(geometry.rows);
   rows.current = geometry.rows;
-  const onMove = useCallback<MoveFocus>((rowKey, index, direction, part) => {
+  const onMove = useCallback<MoveFocus>((rowKey, index, direction, focusKey) => {
     const target = neighbour(rows.current, rowKey, index, direction);
     const row = rows.current.find(({ key }) => key === target?.rowKey);
-    if (target && row) focusWord(row, target.index, part);
+    if (target && row) focusWord(row, target.index, focusKey);
   }, []);
 
   const focusedRow = useSheetStore(({ focusedBlock: [type, bits] }) => `${type}:${bits}`);
   const top = Math.min(scrolled, Math.max(0, geometry.height - viewHeight));
   return (
-    <div className="sheet-body">
-      <div ref={view} className="sheet-view" onScroll={onScroll} onPointerDown={unfocusOutside}>
-        {size &&
-          geometry.rows.map((row) => (
-            <RowView
-              key={row.key}
-              row={row}
-              isNear={isNear(row, top, viewHeight) || row.key === focusedRow}
-              viewWidth={viewWidth}
-              pixelRatio={pixelRatio}
-              scrollSync={scrollSync}
-              onMove={onMove}
-            />
-          ))}
+    <div className={styles.body}>
+      <div ref={view} className={styles.view} data-scroller="sheet" onScroll={onScroll} onPointerDown={unfocusOutside}>
+        <SheetScroller value={view}>
+          {size &&
+            geometry.rows.map((row) => (
+              <RowView
+                key={row.key}
+                row={row}
+                isNear={isNear(row, top, viewHeight) || row.key === focusedRow}
+                viewWidth={viewWidth}
+                pixelRatio={pixelRatio}
+                scrollSync={scrollSync}
+                onMove={onMove}
+              />
+            ))}
+        </SheetScroller>
       </div>
       <Minimap geometry={geometry} view={view} viewHeight={viewHeight} />
     </div>
@@ -88,7 +90,7 @@ export function SheetView({ onOverflow }: SheetViewProps) {
 
 /** A press beside all words leaves none focused. */
 function unfocusOutside({ target }: PointerEvent): void {
-  if ((target as Element).closest('.block')) return;
+  if ((target as Element).closest('[data-word]')) return;
   const { focusedBlock, unfocus } = useSheetStore.getState();
   if (focusedBlock[0] !== null) unfocus(...focusedBlock);
 }

@@ -1,10 +1,13 @@
+import cc from 'classcat';
 import { useState } from 'react';
 import { useSheetStore } from '../../stores/sheetStore';
 import { SHEET_PANEL_ID } from '../sheetPanel';
 import { BitStatus } from './bitField/BitStatus';
 import { SheetToolbar } from './toolbar/SheetToolbar';
 import { SheetView } from './SheetView';
-import './words.css';
+import { geometryProperties } from './layout/geometryProperties';
+import controlStyles from '../../ui/controls.module.css';
+import styles from './WordsTool.module.css';
 
 /** The sheet that is shown: its toolbar and its rows of words. Nothing while there is none. */
 export function WordsTool() {
@@ -13,7 +16,13 @@ export function WordsTool() {
   const [overflows, setOverflows] = useState(false);
   if (!hasSheet) return null;
   return (
-    <div role="tabpanel" id={SHEET_PANEL_ID} aria-label={displayName} className="words-tool">
+    <div
+      role="tabpanel"
+      id={SHEET_PANEL_ID}
+      aria-label={displayName}
+      className={cc([controlStyles.controls, styles.tool])}
+      style={geometryProperties}
+    >
       <SheetToolbar hasOverflow={overflows} />
       <SheetView onOverflow={setOverflows} />
       <BitStatus />

@@ -32,11 +32,11 @@ export function neighbour(
 }
 
 /** Gives a word the focus, in the same kind of control where it has one. It is mounted first if it was not. */
-export function focusWord(row: RowGeometry, index: number, part: string): void {
+export function focusWord(row: RowGeometry, index: number, focusKey: string): void {
   flushSync(() => useSheetStore.getState().focus(row.type, row.bits, index));
   const block = document.getElementById(blockId(row.key, index));
   const control =
-    block?.querySelector<HTMLElement>(`[data-part="${CSS.escape(part)}"]`) ??
-    block?.querySelector<HTMLElement>('[data-part="value"], [data-part="text"]');
+    block?.querySelector<HTMLElement>(`[data-focus-key="${CSS.escape(focusKey)}"]`) ??
+    block?.querySelector<HTMLElement>('[data-focus-key="value"], [data-focus-key="text"]');
   control?.focus();
 }

@@ -1,14 +1,24 @@
-import { memo, useLayoutEffect, useRef, type FocusEvent, type KeyboardEvent, type PointerEvent } from 'react';
+import {
+  memo,
+  useContext,
+  useLayoutEffect,
+  useRef,
+  type FocusEvent,
+  type KeyboardEvent,
+  type PointerEvent,
+} from 'react';
 import { i18next } from '../../../i18n';
 import { formatInteger } from '../../../model/integer/formatInteger';
 import { readWord } from '../../../model/integer/wordLayout';
 import { useSheetStore } from '../../../stores/sheetStore';
 import { bitAt, cellOf, type BitFieldLayout } from '../layout/bitFieldLayout';
+import { RowScroller, SheetScroller } from '../scrollers';
 import { useBitFieldPalette } from './bitFieldPalette';
 import { BitFieldPainter } from './bitFieldPainter';
 import { activeBitState, showBit } from './activeBit';
 import { BIT_FIELD_COMMANDS } from '../../../commands/bitFieldCommands';
 import { runCommand } from '../../../commands/command';
+import styles from './BitField.module.css';
 
 export const READOUT_ID = 'bit-readout';
 
@@ -25,6 +35,8 @@ interface BitFieldProps {
 export const BitField = memo(function BitField({ name, layout, pixelRatio, index, word, signed }: BitFieldProps) {
   const width = layout.bits;
   const canvas = useRef<HTMLCanvasElement>(null);
+  const row = useContext(RowScroller);
+  const sheet = useContext(SheetScroller);
   const painter = (useRef<BitFieldPainter>(null).current ??= new BitFieldPainter());
   const palette = useBitFieldPalette();
   const digits = formatInteger(word, 2, width).padStart(width, '0');
@@ -46,7 +58,7 @@ export const BitField = memo(function BitField({ name, layout, pixelRatio, index
   const moveCursor = (bit: number) => {
     cursor.current = Math.max(0, Math.min(width - 1, bit));
     painter.mark({ cursor: cursor.current });
-    revealCell(canvas.current!, layout, cursor.current);
+    revealCell(canvas.current!, layout, cursor.current, row.current!, sheet.current!);
     read(cursor.current);
   };
 
@@ -106,13 +118,13 @@ export const BitField = memo(function BitField({ name, layout, pixelRatio, index
   return (
     <canvas
       ref={canvas}
-      className="bit-field"
+      className={styles.bits}
       role="application"
       tabIndex={0}
       aria-label={name}
       aria-describedby={READOUT_ID}
       aria-roledescription={i18next.t('words.bitFieldRole')}
-      data-part="bits"
+      data-focus-key="bits"
       style={{ width: layout.width, height: layout.height }}
       onPointerDown={onPointerDown}
       onPointerMove={onPointerMove}
@@ -136,16 +148,19 @@ function bitsBetween({ bits, bitsPerLine }: BitFieldLayout, from: number, to: nu
 }
 
 /** Scrolls row and sheet so that a bit can be seen. */
-function revealCell(canvas: HTMLElement, layout: BitFieldLayout, bit: number): void {
-  const row = canvas.closest('.row-scroller');
-  const view = canvas.closest('.sheet-view');
-  if (!row || !view) return;
+function revealCell(
+  canvas: HTMLElement,
+  layout: BitFieldLayout,
+  bit: number,
+  row: HTMLElement,
+  sheet: HTMLElement,
+): void {
   const cell = cellOf(layout, bit);
   const field = canvas.getBoundingClientRect();
   const rowBox = row.getBoundingClientRect();
-  const viewBox = view.getBoundingClientRect();
+  const sheetBox = sheet.getBoundingClientRect();
   row.scrollLeft += beyond(field.left + cell.x - rowBox.left, cell.width, row.clientWidth);
-  view.scrollTop += beyond(field.top + cell.y - viewBox.top, layout.lineHeight, view.clientHeight);
+  sheet.scrollTop += beyond(field.top + cell.y - sheetBox.top, layout.lineHeight, sheet.clientHeight);
 }
 
 /** How far a part lies outside a view, with some room around it; 0 when it is inside. */

@@ -2,17 +2,18 @@ import { useTranslation } from 'react-i18next';
 import { useSnapshot } from 'valtio';
 import { READOUT_ID } from './BitField';
 import { activeBitState, bitWeight } from './activeBit';
+import styles from './BitStatus.module.css';
 
 /** Says the bit under the pointer or the keyboard's cursor, also to screen readers. */
 export function BitStatus() {
   const { t } = useTranslation();
   const { bit } = useSnapshot(activeBitState);
   return (
-    <div id={READOUT_ID} className="bit-status" role="status">
+    <div id={READOUT_ID} className={styles.status} role="status">
       {bit && (
         <>
           <span>{t('words.bit', { bit: bit.bit, number: bit.index + 1, value: bit.isSet ? '1' : '0' })}</span>{' '}
-          <span className="bit-weight">{t('words.weight', { weight: bitWeight(bit) })}</span>
+          <span className={styles.weight}>{t('words.weight', { weight: bitWeight(bit) })}</span>
         </>
       )}
     </div>

@@ -1,11 +1,15 @@
 import type { Converter } from '../../../model/sheet/converters';
 import { WIDEST_FLOAT } from '../../../model/float/floatFormats';
 
+export const FIELD_FONT_SIZE = 12;
 export const FIELD_LINE_HEIGHT = 18;
-export const FIELD_PADDING = 4;
+/** From the edges of a field to its text. */
+export const FIELD_PADDING_Y = 2;
+export const FIELD_PADDING_X = 4;
 export const FIELD_GAP = 2;
 export const FIELD_LABEL_WIDTH = 25;
-const FIELD_SIDES = 12;
+/** Beside a field's text, with room for what the text's measured width may be short of. */
+const FIELD_SIDES = 2 * FIELD_PADDING_X + 4;
 /** From this width on, in bits, a field may be as narrow as half of its word. */
 const WRAPPING_FROM = 128;
 const LONGEST_FLOAT = 28;
@@ -13,7 +17,7 @@ const LONGEST_SMALL_FLOAT = 13;
 
 /** A text field of a word and its place in the word's two columns. */
 export interface FieldPlace {
-  readonly spans: boolean;
+  readonly fullWidth: boolean;
   /** Lines of text that its longest content takes. */
   readonly lines: number;
 }
@@ -47,7 +51,7 @@ export function layoutFields(
     const label = position === 0 ? 0 : FIELD_LABEL_WIDTH;
     const fits = length * charWidth + label + FIELD_SIDES <= half;
     const perLine = Math.max(1, Math.floor((boxWidth - label - FIELD_SIDES) / charWidth));
-    return { spans: !fits, lines: fits || bits < WRAPPING_FROM ? 1 : Math.ceil(length / perLine) };
+    return { fullWidth: !fits, lines: fits || bits < WRAPPING_FROM ? 1 : Math.ceil(length / perLine) };
   });
   const places = stretchLonelyFields(fields);
   return { places, height: heightOf(places) };
@@ -58,8 +62,8 @@ function stretchLonelyFields(fields: readonly FieldPlace[]): FieldPlace[] {
   for (let position = 0; position < fields.length; position++) {
     const field = fields[position]!;
     const next = fields[position + 1];
-    if (field.spans || !next || next.spans) {
-      places.push({ ...field, spans: true });
+    if (field.fullWidth || !next || next.fullWidth) {
+      places.push({ ...field, fullWidth: true });
       continue;
     }
     places.push(field, next);
@@ -70,8 +74,8 @@ function stretchLonelyFields(fields: readonly FieldPlace[]): FieldPlace[] {
 
 function heightOf(places: readonly FieldPlace[]): number {
   let height = 0;
-  for (let position = 0; position < places.length; position += places[position]!.spans ? 1 : 2) {
-    height += places[position]!.lines * FIELD_LINE_HEIGHT + FIELD_PADDING + FIELD_GAP;
+  for (let position = 0; position < places.length; position += places[position]!.fullWidth ? 1 : 2) {
+    height += places[position]!.lines * FIELD_LINE_HEIGHT + 2 * FIELD_PADDING_Y + FIELD_GAP;
   }
   return height;
 }

@@ -9,12 +9,14 @@ import { convertersFor, layoutFields, type FieldLayout } from './fieldLayout';
 /** Width of a byte in every row, in pixels: words below each other are aligned. */
 const NARROWEST_BYTE = 140;
 const WIDEST_BYTE = 210;
+/** The rows' labels at the left. */
+export const LABELS_WIDTH = 44;
 export const ROW_GAP = 6;
 export const SCROLLBAR_HEIGHT = 9;
 /** From the edges of a block to its content. */
 export const BLOCK_PADDING_Y = 5;
 export const BLOCK_PADDING_X = 7;
-const HEADER_HEIGHT = 22;
+export const HEADER_HEIGHT = 22;
 const COLOR_BODY_HEIGHT = 50;
 const NARROWEST_COLOR_BOX = 300;
 
@@ -100,7 +102,8 @@ function rowGeometry(definition: NumberDefinition, count: number, top: number, s
   const fields = layoutFields(bits, converters, boxWidth, shared.charWidth);
   const labelled = converters.some(({ kind }) => kind === 'float') && floatFormatFor(bits) !== undefined;
   const bitField = bitFieldLayout(bits, blockWidth, boxWidth, labelled);
-  const body = type === 'color32' ? colorHeight(boxWidth) : headerHeight(bits) + fields.height + bitField.height;
+  const header = hasTallHeader(bits) ? 2 * HEADER_HEIGHT : HEADER_HEIGHT;
+  const body = type === 'color32' ? colorHeight(boxWidth) : header + fields.height + bitField.height;
   const height = body + 2 * BLOCK_PADDING_Y + (shared.overflows ? SCROLLBAR_HEIGHT : 0);
   return {
     key: `${type}:${bits}`,
@@ -119,9 +122,9 @@ function rowGeometry(definition: NumberDefinition, count: number, top: number, s
   };
 }
 
-// The operations of the narrowest words take a line of their own.
-function headerHeight(bits: number): number {
-  return bits === 8 ? 2 * HEADER_HEIGHT : HEADER_HEIGHT;
+/** The operations of the narrowest words take a line of their own. */
+export function hasTallHeader(bits: number): boolean {
+  return bits === 8;
 }
 
 function colorHeight(boxWidth: number): number {

@@ -1,4 +1,6 @@
 import { useLayoutEffect, useState, useSyncExternalStore, type RefObject } from 'react';
+import { mono } from '../../../ui/tokens';
+import { FIELD_FONT_SIZE } from './fieldLayout';
 
 export interface ViewSize {
   readonly width: number;
@@ -46,11 +48,9 @@ export function digitWidth(): number {
   if (measuredDigit) return measuredDigit;
   const context = document.createElement('canvas').getContext('2d');
   if (!context) return USUAL_DIGIT;
-  context.font = FIELD_FONT;
+  context.font = `${FIELD_FONT_SIZE}px ${mono}`;
   return (measuredDigit = context.measureText('0'.repeat(100)).width / 100);
 }
 
-/** As the style sheet has it. */
-const FIELD_FONT = "12px ui-monospace, 'Cascadia Mono', Consolas, 'DejaVu Sans Mono', 'Liberation Mono', monospace";
 const USUAL_DIGIT = 7.25;
 let measuredDigit = 0;

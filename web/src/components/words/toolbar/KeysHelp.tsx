@@ -2,6 +2,7 @@ import { useLayoutEffect, useRef, useState } from 'react';
 import { useTranslation } from 'react-i18next';
 import { Popup } from '../../../ui/Popup';
 import { KEY_GROUPS } from '../../../commands/keyList';
+import styles from './KeysHelp.module.css';
 
 /** Lists every key that the page acts on. */
 export function KeysHelp() {
@@ -14,7 +15,7 @@ export function KeysHelp() {
         {t('words.keys')}
       </button>
       {isOpen && (
-        <Popup anchor={button} className="keys" onClose={() => setOpen(false)}>
+        <Popup anchor={button} onClose={() => setOpen(false)}>
           <KeysList />
         </Popup>
       )}
@@ -27,7 +28,7 @@ function KeysList() {
   const dialog = useRef<HTMLDivElement>(null);
   useLayoutEffect(() => dialog.current!.focus(), []);
   return (
-    <div ref={dialog} role="dialog" tabIndex={-1} aria-label={t('words.keys')}>
+    <div ref={dialog} role="dialog" className={styles.keys} tabIndex={-1} aria-label={t('words.keys')}>
       {KEY_GROUPS.map(({ title, entries }) => (
         <section key={title} aria-label={t(title)}>
           <h2>{t(title)}</h2>

@@ -5,12 +5,13 @@ import { ConvertersPicker } from './ConvertersPicker';
 import { FormatsPicker } from './FormatsPicker';
 import { KeysHelp } from './KeysHelp';
 import { ResolutionPicker } from './ResolutionPicker';
+import styles from './SheetToolbar.module.css';
 
 /** What can be chosen for the whole sheet. */
 export function SheetToolbar({ hasOverflow }: { hasOverflow: boolean }) {
   const { t } = useTranslation();
   return (
-    <div className="sheet-toolbar" role="group" aria-label={t('words.toolbar')}>
+    <div className={styles.toolbar} role="group" aria-label={t('words.toolbar')}>
       <ResolutionPicker />
       {hasOverflow && <ScrollLock />}
       <ConvertersPicker />
@@ -26,7 +27,7 @@ function ScrollLock() {
   return (
     <button
       type="button"
-      className="switch"
+      className={styles.switch}
       aria-pressed={isOn}
       title={t('words.scrollLockHelp')}
       onClick={() => useSheetStore.getState().toggleFlagOption(SCROLL_LOCK_HORIZONTAL)}

@@ -1,3 +1,4 @@
+import cc from 'classcat';
 import { type FocusEvent, type KeyboardEvent, type ReactNode } from 'react';
 import { isFocused, useSheetStore } from '../../../stores/sheetStore';
 import { runCommand } from '../../../commands/command';
@@ -5,29 +6,30 @@ import { WORD_COMMANDS, type Direction } from '../../../commands/wordCommands';
 import { blockId } from '../wordNavigation';
 import { blockName } from './rowTexts';
 import { BLOCK_PADDING_X, type RowGeometry } from '../layout/sheetGeometry';
+import styles from './BlockFrame.module.css';
 
 /** Asks for the focus to go to the word next to one. */
-export type MoveFocus = (rowKey: string, index: number, direction: Direction, part: string) => void;
+export type MoveFocus = (rowKey: string, index: number, direction: Direction, focusKey: string) => void;
 
 interface BlockFrameProps {
   row: RowGeometry;
   index: number;
   onMove: MoveFocus;
   /** Stays in view while the row scrolls. */
-  box: ReactNode;
+  stickyContent: ReactNode;
   /** Scrolls with the row. */
   children?: ReactNode;
 }
 
 /** The place of one word in its row. A press or the focus in it makes it the focused word. */
-export function BlockFrame({ row, index, onMove, box, children }: BlockFrameProps) {
+export function BlockFrame({ row, index, onMove, stickyContent, children }: BlockFrameProps) {
   const { type, bits, count, blockWidth, boxWidth } = row;
   const focused = useSheetStore((sheet) => isFocused(sheet, type, bits, index));
   const focus = () => useSheetStore.getState().focus(type, bits, index);
 
   const onKeyDown = (event: KeyboardEvent) => {
-    const part = (event.target as Element).closest('[data-part]')?.getAttribute('data-part') ?? 'value';
-    runCommand(WORD_COMMANDS, event, { move: (direction) => onMove(row.key, index, direction, part) });
+    const focusKey = (event.target as Element).closest('[data-focus-key]')?.getAttribute('data-focus-key') ?? 'value';
+    runCommand(WORD_COMMANDS, event, { move: (direction) => onMove(row.key, index, direction, focusKey) });
   };
 
   return (
@@ -35,14 +37,15 @@ export function BlockFrame({ row, index, onMove, box, children }: BlockFrameProp
       id={blockId(row.key, index)}
       role="group"
       aria-label={blockName(row.label, index)}
-      className={`block ${index % 2 === 0 ? 'low' : 'high'}${focused ? ' focused' : ''}`}
+      data-word={index}
+      className={cc([styles.block, index % 2 === 1 && styles.high, focused && styles.focused])}
       style={{ left: (count - 1 - index) * blockWidth, width: blockWidth }}
       onPointerDown={focus}
       onFocus={(event: FocusEvent) => event.currentTarget.contains(event.target) && focus()}
       onKeyDown={onKeyDown}
     >
-      <div className="box" style={{ width: boxWidth + 2 * BLOCK_PADDING_X }}>
-        {box}
+      <div className={styles.stickyContent} style={{ width: boxWidth + 2 * BLOCK_PADDING_X }}>
+        {stickyContent}
       </div>
       {children}
     </div>

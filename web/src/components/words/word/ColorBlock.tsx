@@ -11,6 +11,8 @@ import { useSheetStore } from '../../../stores/sheetStore';
 import { BlockFrame, type BlockProps } from './BlockFrame';
 import { DigitsField } from './DigitsField';
 import { Picker } from '../../../ui/Picker';
+import styles from './ColorBlock.module.css';
+import headerStyles from './WordHeader.module.css';
 
 interface ColorBlockProps extends BlockProps {
   notation: ColorNotation;
@@ -18,7 +20,7 @@ interface ColorBlockProps extends BlockProps {
 }
 
 const NOTATIONS = [{ options: COLOR_NOTATIONS.map((id) => ({ id, label: id })) }];
-const ONE_LINE = { spans: false, lines: 1 };
+const ONE_LINE = { fullWidth: false, lines: 1 };
 const CHANNEL_BITS = 8;
 
 /** A 32-bit word as a colour: its look, its channels and its text in a notation. */
@@ -48,23 +50,23 @@ export const ColorBlock = memo(function ColorBlock({ row, index, onMove, notatio
       row={row}
       index={index}
       onMove={onMove}
-      box={
+      stickyContent={
         <>
-          <div className="word-header">
-            <span className="word-number">{wordNumber(index)}</span>
-            <span className="word-half">{row.shortLabel}</span>
+          <div className={headerStyles.header}>
+            <span className={headerStyles.number}>{wordNumber(index)}</span>
+            <span>{row.shortLabel}</span>
           </div>
-          <div className="color">
-            <div className="swatch">
+          <div className={styles.color}>
+            <div className={styles.swatch}>
               <div style={{ backgroundColor: formatColor(color, 'RGBA') }} />
             </div>
-            <div className="channels">
+            <div className={styles.channels}>
               {COLOR_CHANNELS.map((name, channel) => (
                 <DigitsField
                   key={name}
                   name={i18next.t(`words.channels.${name}`)}
                   label={i18next.t(`words.channelLabels.${name}`)}
-                  part={name}
+                  focusKey={name}
                   place={ONE_LINE}
                   shown={`${color[name]}`}
                   restored={`${color[name]}`}
@@ -74,10 +76,10 @@ export const ColorBlock = memo(function ColorBlock({ row, index, onMove, notatio
                 />
               ))}
             </div>
-            <div className="notation">
+            <div className={styles.notation}>
               <Picker
-                compact
-                part="notation"
+                hideLabel
+                focusKey="notation"
                 label={i18next.t('words.notation')}
                 summary={notation}
                 groups={NOTATIONS}
@@ -86,7 +88,7 @@ export const ColorBlock = memo(function ColorBlock({ row, index, onMove, notatio
               />
               <DigitsField
                 name={i18next.t('words.colorText')}
-                part="text"
+                focusKey="text"
                 place={ONE_LINE}
                 shown={written}
                 restored={written}

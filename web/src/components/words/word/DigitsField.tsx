@@ -1,14 +1,16 @@
+import cc from 'classcat';
 import { useLayoutEffect, useRef, type FocusEvent, type KeyboardEvent } from 'react';
 import { runCommand } from '../../../commands/command';
 import { FIELD_COMMANDS } from '../../../commands/fieldCommands';
 import type { FieldPlace } from '../layout/fieldLayout';
+import styles from './DigitsField.module.css';
 
 interface DigitsFieldProps {
   name: string;
   /** Visible before the text. */
   label?: string;
   /** Says where the field belongs, for moving between words. */
-  part: string;
+  focusKey: string;
   place: FieldPlace;
   /** What the field shows whenever the word changes. */
   shown: string;
@@ -30,7 +32,7 @@ const ALWAYS_ACTING = new Set(['ArrowLeft', 'ArrowRight', 'Tab', 'Home', 'End'])
 
 /** A text that takes effect with Enter and goes back with Escape or when it is left. */
 export function DigitsField(props: DigitsFieldProps) {
-  const { name, label, part, place, shown, restored, content, source, readOnly, onCommit } = props;
+  const { name, label, focusKey, place, shown, restored, content, source, readOnly, onCommit } = props;
   const element = useRef<TextElement>(null);
   const unaltered = useRef('');
 
@@ -56,15 +58,15 @@ export function DigitsField(props: DigitsFieldProps) {
 
   const shared = {
     'aria-label': name,
-    'data-part': part,
+    'data-focus-key': focusKey,
     autoComplete: 'off',
     readOnly,
     onKeyDown,
     onBlur: (_event: FocusEvent) => show(restored),
   };
   return (
-    <label className={place.spans ? 'field spans' : 'field'}>
-      {label !== undefined && <span className="field-label">{label}</span>}
+    <label className={cc([styles.field, place.fullWidth && styles.fullWidth])}>
+      {label !== undefined && <span className={styles.label}>{label}</span>}
       {place.lines > 1 ? (
         <textarea
           {...shared}

@@ -2,6 +2,7 @@ import { memo, useRef, useState } from 'react';
 import { i18next } from '../../../i18n';
 import { directOperations, WORD_OPERATIONS, type WordOperation } from '../../../commands/wordCommands';
 import { PopupMenu } from '../../../ui/PopupMenu';
+import styles from './OperationsBar.module.css';
 
 interface OperationsBarProps {
   width: number;
@@ -12,13 +13,13 @@ interface OperationsBarProps {
 export const OperationsBar = memo(function OperationsBar({ width, index }: OperationsBarProps) {
   const direct = directOperations(width);
   return (
-    <div className="operations" role="group" aria-label={i18next.t('words.operations.group')}>
+    <div className={styles.operations} role="group" aria-label={i18next.t('words.operations.group')}>
       {WORD_OPERATIONS.slice(0, direct).map((operation) => (
         <button
           key={operation.id}
           type="button"
           data-operation={operation.id}
-          data-part={operation.id}
+          data-focus-key={operation.id}
           aria-label={operationName(operation)}
           title={operationName(operation)}
           onClick={() => operation.run({ width, index })}
@@ -41,7 +42,7 @@ function MoreOperations({ width, index, operations }: OperationsBarProps & { ope
       <button
         ref={button}
         type="button"
-        data-part="more"
+        data-focus-key="more"
         aria-haspopup="menu"
         aria-expanded={isOpen}
         aria-label={i18next.t('words.operations.more')}

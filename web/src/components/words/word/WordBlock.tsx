@@ -36,7 +36,7 @@ export const WordBlock = memo(function WordBlock({ row, index, texts, pixelRatio
       row={row}
       index={index}
       onMove={onMove}
-      box={
+      stickyContent={
         <>
           <WordHeader width={bits} index={index} signed={signed} focused={focused} />
           <WordFields row={row} texts={texts} index={index} word={word} signed={signed} sheetId={sheetId} />

@@ -9,6 +9,7 @@ import type { Result } from '../../../model/result';
 import { useSheetStore } from '../../../stores/sheetStore';
 import { DigitsField } from './DigitsField';
 import type { RowTexts } from './rowTexts';
+import styles from './WordFields.module.css';
 import type { RowGeometry } from '../layout/sheetGeometry';
 
 interface WordFieldsProps {
@@ -38,7 +39,7 @@ export function WordFields({ row, texts, index, word, signed, sheetId }: WordFie
     const shared = {
       name: isMain ? texts.value : text!.name,
       label: text?.label,
-      part: isMain ? 'value' : text!.label,
+      focusKey: isMain ? 'value' : text!.label,
       place: row.fields.places[position]!,
       content: word,
       source: sheetId,
@@ -68,7 +69,7 @@ export function WordFields({ row, texts, index, word, signed, sheetId }: WordFie
   };
 
   return (
-    <div className="fields" style={{ height: row.fields.height }}>
+    <div className={styles.fields} style={{ height: row.fields.height }}>
       {[MAIN, ...row.converters].map(field)}
     </div>
   );

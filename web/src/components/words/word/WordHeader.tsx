@@ -1,8 +1,11 @@
+import cc from 'classcat';
 import { useRef, type MouseEvent } from 'react';
 import { i18next } from '../../../i18n';
 import { wordHalfLabel, wordNumber, wordSignLabel } from '../../../model/sheet/wordLabels';
 import { useSheetStore } from '../../../stores/sheetStore';
+import { hasTallHeader } from '../layout/sheetGeometry';
 import { OperationsBar } from './OperationsBar';
+import styles from './WordHeader.module.css';
 
 interface WordHeaderProps {
   width: number;
@@ -14,10 +17,10 @@ interface WordHeaderProps {
 /** The line above a word's fields: its number, its sign, its half, and what can be done to it. */
 export function WordHeader({ width, index, signed, focused }: WordHeaderProps) {
   return (
-    <div className={width === 8 ? 'word-header narrow' : 'word-header'}>
-      <span className="word-number">{wordNumber(index)}</span>
+    <div className={cc([styles.header, hasTallHeader(width) && styles.tall])}>
+      <span className={styles.number}>{wordNumber(index)}</span>
       <SignButton width={width} index={index} signed={signed} focused={focused} />
-      <span className="word-half">{wordHalfLabel(width, index)}</span>
+      <span>{wordHalfLabel(width, index)}</span>
       <OperationsBar width={width} index={index} />
     </div>
   );
@@ -36,8 +39,8 @@ function SignButton({ width, index, signed, focused }: WordHeaderProps) {
   return (
     <button
       type="button"
-      className="sign"
-      data-part="sign"
+      className={cc([styles.sign, focused && styles.focused])}
+      data-focus-key="sign"
       aria-label={i18next.t(signed ? 'words.signed' : 'words.unsigned', { label })}
       title={i18next.t('words.signHelp')}
       onPointerDown={() => (wasFocused.current = focused)}
