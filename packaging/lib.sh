@@ -1,5 +1,5 @@
 # shellcheck shell=bash disable=SC2034
-# Shared by the scripts that make packages: what is packed, where it goes, and how it is told.
+# Shared by the scripts that make packages: what is packed, where it goes, and how it is reported.
 . "$(dirname "${BASH_SOURCE[0]}")/../scripts/lib.sh"
 umask 022
 
@@ -41,6 +41,6 @@ pack_zip() {
   (cd "$1" && find . -mindepth 1 -printf '%P\n' | LC_ALL=C sort | zip -q -X -9 "$2" -@)
 }
 
-# tell FILE BYTES: prints the size of a package, and of what it installs.
-tell() { printf '%s: %s, %s installed\n' "${1#"$root/"}" "$(megabytes "$(stat -c %s "$1")")" "$(megabytes "$2")"; }
+# report_size FILE BYTES: prints the size of a package, and of what it installs.
+report_size() { printf '%s: %s, %s installed\n' "${1#"$root/"}" "$(megabytes "$(stat -c %s "$1")")" "$(megabytes "$2")"; }
 megabytes() { awk -v bytes="$1" 'BEGIN { printf "%.2f MB", bytes / 1e6 }'; }

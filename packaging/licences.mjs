@@ -73,7 +73,7 @@ function workerFolders() {
   const worker = readdirSync(`${root}web/dist`).find((file) => /^workbox-.*\.js$/.test(file));
   const marks = readFileSync(`${root}web/dist/${worker}`, 'utf8').matchAll(/"workbox:([a-z-]+):/g);
   const folders = [...marks].map(([, module]) => `node_modules/workbox-${module}`);
-  if (folders.length === 0) throw new Error('The worker no longer tells which modules it is made of');
+  if (folders.length === 0) throw new Error('The worker no longer names the modules it is made of');
   return folders;
 }
 

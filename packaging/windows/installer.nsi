@@ -12,7 +12,7 @@ RequestExecutionLevel user
 
 Name "${DISPLAY_NAME}"
 OutFile "${OUT}"
-!uninstfinalize 'cp "%1" "${UNINSTALLER}"' ; so that its size can be told
+!uninstfinalize 'cp "%1" "${UNINSTALLER}"' ; so that its size can be reported
 ; Files here belong to the user, so the program can write its log beside itself.
 InstallDir "$LOCALAPPDATA\Programs\${DISPLAY_NAME}"
 InstallDirRegKey HKCU "${UNINSTALL}" "InstallLocation"

@@ -12,7 +12,7 @@ export default defineConfig({
   fullyParallel: true,
   forbidOnly: true,
   workers: 2,
-  retries: process.env.CI ? 1 : 0, // told as flaky by the runner
+  retries: process.env.CI ? 1 : 0,
   timeout: 120_000,
   reporter: [['list'], ['./support/shared/summaryReporter', { part: 'browser' }]],
   projects: [

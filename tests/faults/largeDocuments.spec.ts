@@ -81,7 +81,7 @@ for (const [kind, write] of Object.entries(documents)) {
     );
     peak.stop();
 
-    expect(outcome).toMatch(/^(opened|told: .+)$/);
+    expect(outcome).toMatch(/^(opened|reported: .+)$/);
     expect(await program.call('readFile', sandbox.write('small', 'text'))).toEqual({ success: true, data: 'text' });
     expect(statSync(file).size).toBe(size);
     expect(readdirSync(sandbox.documents).toSorted()).toEqual([NAME, 'small']);
@@ -90,10 +90,10 @@ for (const [kind, write] of Object.entries(documents)) {
 }
 
 async function outcomeOf(program: Program): Promise<string | undefined> {
-  const [bar, told] = await program.page.evaluate(() => [
+  const [bar, report] = await program.page.evaluate(() => [
     document.querySelector('[role=toolbar][aria-label=Document]')?.textContent ?? '',
     /Failed to [^\n]{1,200}|The provided document[^\n]{1,200}/.exec(document.body.innerText)?.[0] ?? '',
   ]);
-  if (told) return `told: ${told}`;
+  if (report) return `reported: ${report}`;
   return bar.endsWith(NAME) ? 'opened' : undefined;
 }

@@ -51,7 +51,7 @@ test('the package holds these files, all owned by root', () => {
   ]);
 });
 
-test('menu entry and software-centre data are valid, and tell the version', ({ tree }) => {
+test('menu entry and software-centre data are valid, and state the version', ({ tree }) => {
   run('desktop-file-validate', join(tree, 'usr/share/applications/tessary.desktop'));
   const metainfo = join(tree, 'usr/share/metainfo/desktop.tessary.Tessary.metainfo.xml');
   run('appstreamcli', 'validate', '--no-net', metainfo);
@@ -66,7 +66,7 @@ test('each icon is as large as its folder says', ({ tree }) => {
   }
 });
 
-test('the manual page tells the options', ({ tree }) => {
+test('the manual page documents the options', ({ tree }) => {
   const manual = gunzipSync(readFileSync(join(tree, 'usr/share/man/man1/tessary.1.gz')));
   const shown = execFileSync('man', ['--warnings', '-l', '-'], { input: manual, encoding: 'utf8' });
   for (const text of ['-h, --help', '-v, --version', `Tessary ${version}`]) expect(shown).toContain(text);
@@ -111,13 +111,13 @@ test("a document is recognised, and opening it from the desktop shows it in the 
     WEBKIT_INSPECTOR_HTTP_SERVER: `127.0.0.1:${port}`,
   };
   for (const name of ['a document.words.tessary', 'short.tessary']) {
-    const told = execFileSync('gio', ['info', '-a', 'standard::content-type,standard::icon', name], {
+    const seen = execFileSync('gio', ['info', '-a', 'standard::content-type,standard::icon', name], {
       cwd: sandbox.documents,
       env,
       encoding: 'utf8',
     });
-    expect(told).toContain('standard::content-type: application/x-tessary-words+json\n');
-    expect(told).toMatch(/standard::icon: tessary,/);
+    expect(seen).toContain('standard::content-type: application/x-tessary-words+json\n');
+    expect(seen).toMatch(/standard::icon: tessary,/);
   }
 
   const logFile = join(tree, 'usr/lib/tessary/debug.log');

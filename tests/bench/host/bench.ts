@@ -45,9 +45,11 @@ async function compareWindows(served: Served) {
 function compare(what: string, unit: string, samples: Record<string, Sample[]>, value: (sample: Sample) => number) {
   const figures = (name: string) => (samples[name] ?? []).map(value).sort((a, b) => a - b);
   const [ours, floors] = [figures('tessary'), figures('floor')];
-  const told = (all: number[]) =>
+  const summary = (all: number[]) =>
     `${median(all).toFixed(1)} ${unit} (${all.at(0)?.toFixed(1)} to ${all.at(-1)?.toFixed(1)})`;
-  console.log(`  ${what}: ${told(ours)}, least ${told(floors)}, ratio ${(median(ours) / median(floors)).toFixed(3)}`);
+  console.log(
+    `  ${what}: ${summary(ours)}, least ${summary(floors)}, ratio ${(median(ours) / median(floors)).toFixed(3)}`,
+  );
 }
 
 function median(sorted: number[]): number {

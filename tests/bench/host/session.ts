@@ -7,7 +7,7 @@ import { createInterface } from 'node:readline';
 import { setTimeout as pause } from 'node:timers/promises';
 import { proportionalSize, treeOf } from '../processTree.ts';
 
-/** A process that tells something in the first line that it prints. */
+/** A process that reports something in the first line that it prints. */
 interface Speaking {
   process: ChildProcess;
   firstLine: string;

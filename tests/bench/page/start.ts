@@ -119,7 +119,7 @@ async function freePort(): Promise<number> {
   return port;
 }
 
-function tell(name: string, milliseconds: number[], floor?: number[]) {
+function report(name: string, milliseconds: number[], floor?: number[]) {
   const median = (all: number[]) => all.toSorted((a, b) => a - b)[all.length >> 1]!;
   const ratio = floor === undefined ? '' : `, ${(median(milliseconds) / median(floor)).toFixed(2)} times the floor`;
   console.log(`  ${name}: ${median(milliseconds).toFixed(0)} ms${ratio}`);
@@ -146,8 +146,8 @@ async function measureChromium(): Promise<void> {
     start === undefined ? floorInChromium(browser, floor.url) : inChromium(browser, page.url, start),
   );
   console.log(`From the start of the page until it is shown, in Chromium, medians of ${ROUNDS} interleaved rounds`);
-  for (const start of starts) tell(start.name, inBrowser.get(start)!, inBrowser.get(undefined));
-  tell('the floor page, one sheet', inBrowser.get(undefined)!);
+  for (const start of starts) report(start.name, inBrowser.get(start)!, inBrowser.get(undefined));
+  report('the floor page, one sheet', inBrowser.get(undefined)!);
   await Promise.all([browser.close(), page.close(), floor.close()]);
 }
 
@@ -160,7 +160,7 @@ async function measureProgram(): Promise<void> {
     console.log(
       `From the start of the program until it is shown in its window, medians of ${ROUNDS} interleaved rounds`,
     );
-    for (const start of starts) tell(start.name, inWindow.get(start)!);
+    for (const start of starts) report(start.name, inWindow.get(start)!);
   } finally {
     await session.stop();
     rmSync(home, { recursive: true, force: true });

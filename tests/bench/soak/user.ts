@@ -190,7 +190,7 @@ export class User {
     await this.#when('the mark for what is not saved to go', (screen) => screen.file === nameOf(file));
     const onDisk = sheetsOnDisk(file);
     if (!isDeepStrictEqual(onDisk, this.#expected.sheets)) {
-      throw new Error(`Saved was ${told(onDisk)} instead of ${told(this.#expected.sheets)}`);
+      throw new Error(`Saved was ${textOf(onDisk)} instead of ${textOf(this.#expected.sheets)}`);
     }
     await this.#look();
   }
@@ -211,7 +211,7 @@ export class User {
   async #look(): Promise<Screen> {
     const { sheets, active, sheet } = this.#expected;
     const names = sheets.map(({ name }) => name);
-    return this.#when(`${told([sheet])} on screen`, async (screen) => {
+    return this.#when(`${textOf([sheet])} on screen`, async (screen) => {
       if (screen.digits === undefined) await this.#scrollUp();
       return (
         isDeepStrictEqual(screen.tabs, names) &&
@@ -297,7 +297,7 @@ const valueOf = ({ digits }: Screen) => (digits === undefined ? undefined : BigI
 
 const nameOf = (file: string) => file.replace(/^.*\//, '');
 
-const told = (value: unknown) =>
+const textOf = (value: unknown) =>
   JSON.stringify(value, (_, each) => (typeof each === 'bigint' ? `0x${each.toString(16)}` : each));
 
 function bitCount(value: bigint): number {

@@ -36,27 +36,27 @@ test('start', async ({ open }) => {
   const [{ encoded, decoded }] = loadings as [Loading];
   const lines = [
     `The Windows executable under wine, medians of ${rounds} starts`,
-    told(
+    line(
       'start to loaded page',
       loadings.map(({ loaded }) => loaded),
     ),
-    told(
+    line(
       'script, request to first byte (the server compresses it)',
       loadings.map(({ firstByte }) => firstByte),
     ),
-    told(
+    line(
       'script, request to last byte',
       loadings.map(({ lastByte }) => lastByte),
     ),
     `  script: ${encoded} bytes on the wire of ${decoded}`,
     `The same script asked for again by another client, medians of ${direct.brotli.length} requests`,
-    told('with Brotli, request to last byte', direct.brotli),
-    told('as it is, request to last byte', direct.plain),
+    line('with Brotli, request to last byte', direct.brotli),
+    line('as it is, request to last byte', direct.plain),
   ];
   console.log(lines.join('\n'));
 });
 
-function told(what: string, figures: number[]): string {
+function line(what: string, figures: number[]): string {
   const sorted = figures.toSorted((a, b) => a - b);
   const [median, least, most] = [sorted[Math.floor(sorted.length / 2)], sorted[0], sorted.at(-1)];
   return `  ${what}: ${median?.toFixed(1)} ms (${least?.toFixed(1)} to ${most?.toFixed(1)})`;

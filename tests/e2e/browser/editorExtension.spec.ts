@@ -57,7 +57,7 @@ test.describe('in an editor extension', () => {
   test('edits reach the editor; leaving never asks', async ({ page }) => {
     await send(page, documentText({ displayName: 'Sent' }));
     await expect(page.getByRole('tab', { name: 'Sent' })).toBeVisible();
-    // Right after a document came, edits are not told yet; the next one after that tells both.
+    // Right after a document came, edits are not reported yet; the next one after that reports both.
     await expect
       .poll(
         async () => {

@@ -142,7 +142,7 @@ test.describe('in the native host', () => {
     ['an empty file', { [OTHER]: '' }, 'Failed to parse document data: Invalid JSON'],
     ['another kind of JSON', { [OTHER]: '{"a":1}' }, 'Invalid Tessary document data structure'],
   ] as const) {
-    test(`opening ${what} is told and leaves the document alone`, async ({ page, enter, expectAccessible }) => {
+    test(`opening ${what} is reported and leaves the document alone`, async ({ page, enter, expectAccessible }) => {
       await stubNativeHost(page, {
         args: { filePath: PATH },
         files: { [PATH]: documentText({ displayName: 'Mine' }), ...files },
@@ -157,7 +157,7 @@ test.describe('in the native host', () => {
     });
   }
 
-  test('without its file functions, opening and saving are told to have failed', async ({ page, enter }) => {
+  test('without its file functions, opening and saving are reported as failed', async ({ page, enter }) => {
     await stubNativeHost(page, { missing: ['readFile', 'writeFile'] });
     await enter();
     await page.keyboard.press('Control+n');

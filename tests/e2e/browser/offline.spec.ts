@@ -42,7 +42,7 @@ test.describe('without a network', () => {
     page.on('dialog', (dialog) => dialog.accept());
     const answer = await page.reload();
     expect(answer?.status()).toBe(404);
-    problems.length = 0; // the browser's console tells the 404
+    problems.length = 0; // the browser's console reports the 404
     await enter();
     await page.getByRole('link', { name: 'Open Words Tool' }).click();
     await expect(value).toHaveValue('77');

@@ -74,7 +74,7 @@ test.describe('sheet tabs', () => {
     await expect(page.getByRole('toolbar')).not.toContainText('*');
   });
 
-  test('the one that is shown can be told where the system rules the colours', async ({ page }) => {
+  test('the one that is shown can be made out where the system rules the colours', async ({ page }) => {
     await page.emulateMedia({ forcedColors: 'active' });
     const line = (name: string) =>
       page.getByRole('tab', { name }).evaluate((tab) => getComputedStyle(tab.parentElement!).borderBottomWidth);

@@ -48,7 +48,7 @@ test.describe('rows and words', () => {
     }
   });
 
-  test('headers tell number, width, sign and half', async ({ page, enter }) => {
+  test('headers show number, width, sign and half', async ({ page, enter }) => {
     const tool = new WordsTool(page);
     await tool.open(enter, {});
     const header = tool.word(16, 2).group;

@@ -111,7 +111,7 @@ test('help and version are printed, without a window or a log', async ({ run, sa
   expect(existsSync(sandbox.logFile)).toBe(false);
 });
 
-test('without a display one sentence tells what is missing', async ({ run, sandbox }) => {
+test('without a display one sentence says what is missing', async ({ run, sandbox }) => {
   const program = run([], { env: { DISPLAY: undefined } });
   expect(await program.exit()).toBe(1);
   expect(program.stderr).toBe(

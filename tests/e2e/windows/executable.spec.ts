@@ -66,7 +66,7 @@ test('the manifest asks for no more rights than the user has, and for nothing el
   expect(texts[0]).not.toMatch(/dpiAware|activeCodePage/i);
 });
 
-test('the version is told in its properties', () => {
+test('the version stands in its properties', () => {
   const [version] = ofType(versionInformation);
   const text = version?.bytes.toString('utf16le') ?? '';
   for (const [name, value] of [

@@ -41,8 +41,13 @@ test('every text is written as UTF-8, byte for byte', async ({ open, sandbox }) 
 test('a text ends at its first NUL, in both directions', async ({ open, sandbox }) => {
   const program = await open();
   sandbox.write('with zero.txt', 'before\0after');
-  expect(await program.call('readFile', sandbox.windowsPath('with zero.txt'))).toEqual({ success: true, data: 'before' });
-  expect(await program.call('writeFile', sandbox.windowsPath('with zero.txt'), 'kept\0lost')).toEqual({ success: true });
+  expect(await program.call('readFile', sandbox.windowsPath('with zero.txt'))).toEqual({
+    success: true,
+    data: 'before',
+  });
+  expect(await program.call('writeFile', sandbox.windowsPath('with zero.txt'), 'kept\0lost')).toEqual({
+    success: true,
+  });
   expect(readFileSync(join(sandbox.documents, 'with zero.txt'), 'latin1')).toBe('kept');
 });
 

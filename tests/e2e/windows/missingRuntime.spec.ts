@@ -36,7 +36,7 @@ for (const { title, arrange } of [
     arrange: ({ sandbox }: Machine) => copyFileSync(fakeWebView2Dll, join(sandbox.documents, 'WebView2Loader.dll')),
   },
 ]) {
-  test(`${title} one message box tells where to get it, and the exit code is not 0`, async ({
+  test(`${title} one message box says where to get it, and the exit code is not 0`, async ({
     run,
     prefix,
     desktop,

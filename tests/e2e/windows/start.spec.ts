@@ -65,7 +65,7 @@ test('the window has its title, size and icon', async ({ open }) => {
   expect(program.runtime.texts('bounds').at(-1)).toBe('800 600');
   const icon = program.desktop.describe('xprop', program.window, '_NET_WM_ICON');
   for (const size of [16, 32]) expect(icon).toContain(`Icon (${size} x ${size}):`);
-  // Wine tells X of the frame as well.
+  // Wine reports the frame to X as well.
   const [width, height] = ['Width', 'Height'].map((side) =>
     Number(new RegExp(`${side}: (\\d+)`).exec(program.desktop.describe('xwininfo', program.window))?.[1]),
   );

@@ -13,12 +13,12 @@ const camera = '2';
 const boundName = (script: string) => /name = '(\w+)'/.exec(script)?.[1];
 
 /** The program is ready for the page when it has given its window its size. */
-const ready = (runtime: FakeWebView2) => runtime.told('bounds', (size) => size === '800 600');
+const ready = (runtime: FakeWebView2) => runtime.reported('bounds', (size) => size === '800 600');
 
 /** Calls a bound function as a page does, and gives the script with which the program answers. */
 async function answerTo(runtime: FakeWebView2, id: number, method: string, ...params: unknown[]): Promise<string> {
   runtime.post(JSON.stringify({ id, method, params }));
-  return runtime.told('exec', (script) => script.includes(`seq = "${id}"`));
+  return runtime.reported('exec', (script) => script.includes(`seq = "${id}"`));
 }
 
 test('the program asks its browser runtime for what it needs, in order, and for nothing else', async ({
@@ -76,7 +76,7 @@ test('a page may read the clipboard without a question, and nothing else', async
   await ready(runtime);
   runtime.askForPermission(camera);
   runtime.askForPermission(clipboardRead);
-  await runtime.told('permission-state');
+  await runtime.reported('permission-state');
   expect(runtime.texts('permission-state')).toEqual(['1']);
 });
 

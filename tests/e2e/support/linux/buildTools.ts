@@ -3,7 +3,7 @@ import { mkdirSync } from 'node:fs';
 import { tools, toolSources } from '../shared/paths';
 
 /** Builds what no package of Debian 12 brings: to ask a window to close, to read what a
- * screen reader is told, to drag something into a window, and to set a clock. */
+ * screen reader gets, to drag something into a window, and to set a clock. */
 export default function buildTools() {
   mkdirSync(tools, { recursive: true });
   build('close_window', 'x11');

@@ -50,7 +50,7 @@ export class FileDialog {
     return this.content().find(({ role }) => role === 'combo box')?.name;
   }
 
-  /** The texts in the dialog's list: names of files, and what it tells of them. */
+  /** The texts in the dialog's list: names of files, and what it shows of them. */
   list(): string[] {
     return this.content()
       .filter(({ role, name }) => role === 'table cell' && name !== '')

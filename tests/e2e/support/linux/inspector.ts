@@ -39,7 +39,7 @@ export class Inspector {
     });
   }
 
-  /** Waits until the program offers its page on this port. `alive` is asked meanwhile, so that a crash is told at once. */
+  /** Waits until the program offers its page on this port. `alive` is asked meanwhile, so that a crash is reported at once. */
   static async connect(port: number, alive: () => boolean): Promise<Inspector> {
     const path = await until('the inspector', async () => {
       if (!alive()) throw new Error('The program ended before its page could be inspected');

@@ -12,7 +12,7 @@ export interface DesktopWindow {
   title: string;
 }
 
-/** Something in a window, as a screen reader is told of it. */
+/** Something in a window, as a screen reader gets it. */
 export interface Accessible {
   depth: number;
   state: 'hidden' | 'shown' | 'focused';
@@ -79,7 +79,7 @@ export class Desktop {
       .map((id) => ({ id, title: this.#query('xdotool', 'getwindowname', id).trim() }));
   }
 
-  /** All that a screen reader is told of the windows of one process. */
+  /** All that a screen reader gets of the windows of one process. */
   accessiblesOf(pid: number): Accessible[] {
     return this.#query(`${tools}/accessible_tree`, String(pid))
       .split('\n')
@@ -129,22 +129,22 @@ export class Desktop {
       env: this.environment,
       stdio: ['ignore', 'pipe', 'ignore'],
     });
-    let told = '';
-    source.stdout.setEncoding('utf8').on('data', (text: string) => (told += text));
+    let printed = '';
+    source.stdout.setEncoding('utf8').on('data', (text: string) => (printed += text));
     try {
-      await until('something to drag', () => told.includes('ready'));
+      await until('something to drag', () => printed.includes('ready'));
       await until('it to be dropped', async () => {
-        told = '';
+        printed = '';
         this.#dragByHand(window, at);
-        await until('the end of the drag', () => told !== '');
-        return told.includes('dropped');
+        await until('the end of the drag', () => printed !== '');
+        return printed.includes('dropped');
       });
     } finally {
       source.kill();
     }
   }
 
-  /** From the window of drag_source. Both programs are told of each move and answer it before the next. */
+  /** From the window of drag_source. Both programs hear of each move and answer it before the next. */
   #dragByHand(window: DesktopWindow, at: Point) {
     const pause = ['sleep', '0.1'];
     const near = { x: at.x - 10, y: at.y - 10 };

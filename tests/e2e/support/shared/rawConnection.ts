@@ -21,7 +21,7 @@ export async function ask(port: number, request: string): Promise<string> {
   return allFrom(socket);
 }
 
-/** Sends some bytes, tells that no more will come, and gives what comes back. */
+/** Sends some bytes, says that no more will come, and gives what comes back. */
 export async function sendAndFinish(port: number, bytes: string | Uint8Array): Promise<string> {
   const socket = await rawConnection(port);
   socket.end(bytes);

@@ -80,7 +80,7 @@ export function loadedPage(page: ScriptablePage): Promise<string | false> {
   return page.evaluate(look).catch(() => false);
 }
 
-/** What the page was told of the command line. */
+/** What the page was given of the command line. */
 export function launchArgs(program: RunningProgram): Promise<unknown> {
   return program.page.evaluate(() => (window as { tessary?: { args?: unknown } }).tessary?.args);
 }

@@ -18,7 +18,7 @@ static gboolean note_refusal(GtkWidget* source, GdkDragContext* context, GtkDrag
     return TRUE;
 }
 
-static void tell(GtkWidget* source, GdkDragContext* context) {
+static void report(GtkWidget* source, GdkDragContext* context) {
     (void)source, (void)context;
     puts(refused ? "refused" : "dropped");
     fflush(stdout);
@@ -33,7 +33,7 @@ int main(int argc, char** argv) {
     gtk_drag_source_set(window, GDK_BUTTON1_MASK, &kind, 1, GDK_ACTION_COPY | GDK_ACTION_LINK);
     g_signal_connect(window, "drag-data-get", G_CALLBACK(give), NULL);
     g_signal_connect(window, "drag-failed", G_CALLBACK(note_refusal), NULL);
-    g_signal_connect(window, "drag-end", G_CALLBACK(tell), NULL);
+    g_signal_connect(window, "drag-end", G_CALLBACK(report), NULL);
     gtk_window_move(GTK_WINDOW(window), 900, 100);
     gtk_window_resize(GTK_WINDOW(window), 100, 100);
     gtk_widget_show_all(window);

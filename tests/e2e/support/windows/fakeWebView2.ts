@@ -41,7 +41,7 @@ export class FakeWebView2 {
   }
 
   /** Waits for a call that the program makes sooner or later, and gives its text. */
-  async told(verb: string, accepts: (text: string) => boolean = () => true): Promise<string> {
+  async reported(verb: string, accepts: (text: string) => boolean = () => true): Promise<string> {
     const [text] = await until(`the call "${verb}"`, () => {
       const found = this.texts(verb).filter(accepts);
       return found.length > 0 && found;

@@ -48,7 +48,7 @@ export class WindowsSandbox {
 }
 
 export type StartOptions = Partial<Pick<Launch, 'cwd' | 'env'>> & {
-  /** How Windows is told to start the program; by its full path unless given. */
+  /** How Windows starts the program; by its full path unless given. */
   executable?: string;
 };
 

@@ -10,7 +10,7 @@
 #include <memory>
 
 /// Lives as long as the process: references are not counted and no other interface is given. A method that is not set
-/// tells the driver "unexpected-call" with the object's name and the slot, and fails.
+/// reports to the driver "unexpected-call" with the object's name and the slot, and fails.
 struct ComObject {
     static constexpr std::size_t slotCount = 61;  ///< of the largest interface
 

@@ -27,15 +27,15 @@ static HRESULT subscribe(Handler& place, IUnknown* handler, const GUID& interfac
     return place ? S_OK : E_NOINTERFACE;
 }
 
-static HRESULT tell(const char* verb, PCWSTR text) {
+static HRESULT report(const char* verb, PCWSTR text) {
     tellDriver(verb, utf8(text));
     return S_OK;
 }
 
 static HRESULT STDMETHODCALLTYPE settingsOf(ComObject*, ComObject** result) {
     static ComObject settings("settings");
-    settings.set(10, +[](ComObject*, BOOL on) -> HRESULT { return tell("status-bar", on ? L"1" : L"0"); });
-    settings.set(12, +[](ComObject*, BOOL on) -> HRESULT { return tell("dev-tools", on ? L"1" : L"0"); });
+    settings.set(10, +[](ComObject*, BOOL on) -> HRESULT { return report("status-bar", on ? L"1" : L"0"); });
+    settings.set(12, +[](ComObject*, BOOL on) -> HRESULT { return report("dev-tools", on ? L"1" : L"0"); });
     *result = &settings;
     return S_OK;
 }
@@ -43,8 +43,8 @@ static HRESULT STDMETHODCALLTYPE settingsOf(ComObject*, ComObject** result) {
 ComObject& webView() {
     static ComObject view("web-view");
     view.set(3, settingsOf);
-    view.set(5, +[](ComObject*, PCWSTR address) -> HRESULT { return tell("navigate", address); });
-    view.set(6, +[](ComObject*, PCWSTR html) -> HRESULT { return tell("html", html); });
+    view.set(5, +[](ComObject*, PCWSTR address) -> HRESULT { return report("navigate", address); });
+    view.set(6, +[](ComObject*, PCWSTR html) -> HRESULT { return report("html", html); });
     view.set(
         7, +[](ComObject*, IUnknown* handler, INT64* token) -> HRESULT {
             return subscribe(navigationHandler, handler, navigationHandlerId, token);
@@ -53,9 +53,9 @@ ComObject& webView() {
         23, +[](ComObject*, IUnknown* handler, INT64* token) -> HRESULT {
             return subscribe(permissionHandler, handler, permissionHandlerId, token);
         });
-    view.set(27, +[](ComObject*, PCWSTR script, IUnknown*) -> HRESULT { return tell("init", script); });
-    view.set(29, +[](ComObject*, PCWSTR script, IUnknown*) -> HRESULT { return tell("exec", script); });
-    view.set(33, +[](ComObject*, PCWSTR text) -> HRESULT { return tell("echo", text); });
+    view.set(27, +[](ComObject*, PCWSTR script, IUnknown*) -> HRESULT { return report("init", script); });
+    view.set(29, +[](ComObject*, PCWSTR script, IUnknown*) -> HRESULT { return report("exec", script); });
+    view.set(33, +[](ComObject*, PCWSTR text) -> HRESULT { return report("echo", text); });
     view.set(
         34, +[](ComObject*, IUnknown* handler, INT64* token) -> HRESULT {
             return subscribe(messageHandler, handler, messageHandlerId, token);

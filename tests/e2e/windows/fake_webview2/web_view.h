@@ -12,10 +12,10 @@ void postFromPage(const std::string& message);
 /// The page asks for a permission, such as 6 for reading the clipboard. UI thread only, in turn.
 void askForPermission(int kind);
 
-/// The page is about to go to an address; the driver is told "navigation-allowed" or "navigation-refused" with it.
+/// The page is about to go to an address; the driver hears "navigation-allowed" or "navigation-refused" with it.
 /// UI thread only, in turn.
 void startNavigation(const std::string& address);
 
-/// The page asks for a new window; the driver is told "new-window-allowed" or "new-window-refused" with its address.
+/// The page asks for a new window; the driver hears "new-window-allowed" or "new-window-refused" with its address.
 /// UI thread only, in turn.
 void requestNewWindow(const std::string& address);
