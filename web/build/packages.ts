@@ -1,7 +1,7 @@
 const MARK = '/node_modules/';
 
 /**
- * Tells which npm packages modules come from.
+ * Finds which npm packages modules come from.
  * @param modules - ids as the bundler gives them: absolute paths, some with a query, and names of its own
  * @returns the packages' folders, each once, in alphabetical order; modules of the page itself have none
  */

@@ -29,7 +29,7 @@ describe('treeProblems', () => {
     ]);
   });
 
-  test('counts: a second script chunk and a missing font are both told', () => {
+  test('counts: a second script chunk and a missing font are both reported', () => {
     const files = [...complete.filter((file) => !file.includes('greek-ext-400')), 'assets/index-AAAAAAAA.js'];
     const problems = treeProblems(files);
     expect(problems).toHaveLength(2);

@@ -1,6 +1,6 @@
 /*
  * Catches going back or forward in the page's history before the router does. The browser has already gone when it
- * tells, so the guard first returns, then asks, and goes again when the answer is yes.
+ * reports it, so the guard first returns, then asks, and goes again when the answer is yes.
  * It must be installed before the router starts to listen.
  */
 

@@ -1,6 +1,6 @@
 import type { Command } from './command';
 
-/** A text field that takes effect only when it is told to. */
+/** A text field that takes effect only when it is committed. */
 export interface FieldTarget {
   readonly isAltered: () => boolean;
   readonly commit: () => void;

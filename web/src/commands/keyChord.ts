@@ -4,7 +4,7 @@
  */
 export type KeyChord = string;
 
-/** The parts of a keyboard event that tell a chord; DOM events and React's both have them. */
+/** The parts of a keyboard event that make up a chord; DOM events and React's both have them. */
 export type ChordEvent = Pick<KeyboardEvent, 'key' | 'ctrlKey' | 'metaKey' | 'altKey' | 'shiftKey'>;
 
 interface ParsedChord {

@@ -23,9 +23,9 @@ export function createTitleSelector(): (store: { sheets: ReadonlyMap<string, Bit
 
 function isUpToDate(titles: readonly SheetTitle[], sheets: ReadonlyMap<string, BitsSheet>): boolean {
   if (titles.length !== sheets.size) return false;
-  let at = 0;
+  let index = 0;
   for (const { id, displayName } of sheets.values()) {
-    const title = titles[at++]!;
+    const title = titles[index++]!;
     if (title.id !== id || title.name !== displayName) return false;
   }
   return true;

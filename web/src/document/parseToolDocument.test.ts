@@ -38,7 +38,7 @@ describe('parseToolDocument', () => {
     ['a bad header and bad sheets', documentText({ version: 0, sheets: 5 }), INVALID_STRUCTURE],
     ['missing sheets', '{"tool":"words","version":1}', NOT_RECOGNIZED],
     ['a width of 24 bits', documentText({ sheets: [sheetData({ intResolution: 24 })] }), NOT_RECOGNIZED],
-  ])('tells and returns what is wrong with %s', async (_, text, error) => {
+  ])('shows and returns what is wrong with %s', async (_, text, error) => {
     expect(parseToolDocument(text)).toEqual({ success: false, error });
     expect(showError).toHaveBeenCalledExactlyOnceWith(error);
     expect(await withLoading((loading) => parseToolDocumentInSteps(text, loading))).toEqual({ success: false, error });
@@ -50,7 +50,7 @@ describe('parseToolDocument', () => {
     expect(await withLoading((loading) => parseToolDocumentInSteps(data, loading))).toEqual(parseToolDocument(data));
   });
 
-  test('shows nothing when told to be quiet', () => {
+  test('shows nothing when asked to be quiet', () => {
     expect(parseToolDocument('{', false)).toEqual({ success: false, error: INVALID_JSON });
     expect(showError).not.toHaveBeenCalled();
   });

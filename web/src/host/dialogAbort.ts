@@ -1,7 +1,7 @@
 /** The message that the native host and the page use for a dialog that the user left without choosing. */
 export const USER_CANCELLED = 'user-cancelled';
 
-/** Tells a dialog that the user dismissed, which needs no message, from a real failure. */
+/** Distinguishes a dialog that the user dismissed, which needs no message, from a real failure. */
 export function isDialogAbortError(error: unknown): boolean {
   if (error instanceof DOMException && error.name === 'AbortError') return true;
   return error instanceof Error && error.message === USER_CANCELLED;

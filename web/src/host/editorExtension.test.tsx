@@ -58,7 +58,7 @@ describe('in an editor extension', () => {
     await vi.waitFor(() => expect([...store.getState().sheets.keys()]).toEqual(['last']));
   });
 
-  test('what is no document is told and changes nothing', async () => {
+  test('what is no document is reported and changes nothing', async () => {
     const store = await loadPage();
     send(documentData());
     await vi.waitFor(() => expect(store.getState().sheets.size).toBe(1));
@@ -71,7 +71,7 @@ describe('in an editor extension', () => {
     expect(store.getState().sheets.size).toBe(1);
   });
 
-  test('edits are told once, 300 ms after the last of them, and leave no unsaved mark', async () => {
+  test('edits are posted once, 300 ms after the last of them, and leave no unsaved mark', async () => {
     const store = await loadPage();
     vi.useFakeTimers();
     const { id } = store.getState().addSheet();
@@ -85,7 +85,7 @@ describe('in an editor extension', () => {
     expect(store.getState().isUnsaved).toBe(false);
   });
 
-  test('focus and switches are not told', async () => {
+  test('focus and switches are not posted', async () => {
     const store = await loadPage();
     const { id } = store.getState().addSheet();
     vi.useFakeTimers();
@@ -96,7 +96,7 @@ describe('in an editor extension', () => {
     expect(updates()).toEqual([]);
   });
 
-  test('a document from the editor drops a waiting update, and for 500 ms nothing is told', async () => {
+  test('a document from the editor drops a waiting update, and for 500 ms nothing is posted', async () => {
     const store = await loadPage();
     vi.useFakeTimers();
     store.getState().addSheet();

@@ -2,9 +2,9 @@ import debounce from 'lodash.debounce';
 import type { WordsDocumentData } from '../document/schema';
 import { vsCodeApi } from './hostFlags';
 
-/** Rest after an edit before the editor is told, in milliseconds. */
+/** Rest after an edit before it is posted to the editor, in milliseconds. */
 const UPDATE_DELAY = 300;
-/** Rest after a document came from the editor before edits are told again, in milliseconds. */
+/** Rest after a document came from the editor before edits are posted again, in milliseconds. */
 const RESUME_DELAY = 500;
 
 let isSuspended = false;
@@ -14,7 +14,7 @@ const post = debounce((getData: () => WordsDocumentData) => {
   vsCodeApi?.postMessage({ type: 'updateDocument', data: getData() });
 }, UPDATE_DELAY);
 
-/** Tells the editor, after a short rest, what the document is then. Does nothing in other hosts. */
+/** Posts the document to the editor as it is after a short rest. Does nothing in other hosts. */
 export function postDocumentUpdate(getData: () => WordsDocumentData): void {
   if (vsCodeApi && !isSuspended) post(getData);
 }
@@ -35,7 +35,7 @@ export function resumeDocumentUpdates(): void {
 }
 
 /**
- * Tells the editor that the page is ready and hands over every document that it sends from then on.
+ * Reports to the editor that the page is ready and hands over every document that it sends from then on.
  * @param receive - gets JSON text or an object, neither of them checked
  */
 export function connectToEditor(receive: (document: unknown) => void): void {

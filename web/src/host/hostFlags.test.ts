@@ -60,7 +60,7 @@ describe('host flags', () => {
     expect((await flagsWith({ matchMedia: () => ({ matches }), navigator })).isStandalone).toBe(expected);
   });
 
-  test('an opener for links is told by being a function', async () => {
+  test('an opener for links is recognised by being a function', async () => {
     expect((await flagsWith({ openExternalUrl: () => null })).hasExternalUrlOpener).toBe(true);
     vi.resetModules();
     expect((await flagsWith({ openExternalUrl: 'yes' })).hasExternalUrlOpener).toBe(false);

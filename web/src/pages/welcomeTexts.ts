@@ -18,7 +18,7 @@ Background reading on what the tool shows:
 `;
 
 export const support = `
-Something is wrong or missing? Tell whoever gave you this copy: name the version above, say what you did and what you
+Something is wrong or missing? Write to whoever gave you this copy: name the version above, say what you did and what you
 saw, and add the document if you may share it. The desktop program keeps a log, \`debug.log\`, beside its executable.
 `;
 

@@ -57,7 +57,7 @@ describe('editing words', () => {
       act: () => sheet().updateColor32(0, { red: 1, green: 2, blue: 3, alpha: 4 }, true),
       becomes: 0x04030201n,
     },
-  ])('$name, tells the sheets and makes the document unsaved', async ({ act, becomes }) => {
+  ])('$name, reaches the sheets and makes the document unsaved', async ({ act, becomes }) => {
     await show('0x8f80');
     const { revision } = sheet();
     act();

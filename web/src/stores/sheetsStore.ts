@@ -42,7 +42,7 @@ export interface SheetsOperations {
 
 const EMPTY: SheetsState = { sheets: new Map(), activeSheetKey: null, documentFile: null, isUnsaved: false };
 
-/** What a change of the document means: it is unsaved, or the editor is told about it soon. */
+/** What a change of the document means: it is unsaved, or the editor gets it soon. */
 function changed(get: () => SheetsOperations): Partial<SheetsState> {
   if (!isVsCode) return { isUnsaved: true };
   postDocumentUpdate(() => get().getWordsDocument().toData());

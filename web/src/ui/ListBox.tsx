@@ -87,7 +87,7 @@ export function ListBox({ labelledBy, groups, isChosen, onChoose, multiple }: Li
 /** Goes to the next option that begins with a typed character. */
 function seekByLetter(event: KeyboardEvent, options: readonly HTMLElement[]): void {
   if (event.key.length !== 1 || event.ctrlKey || event.metaKey || event.altKey) return;
-  const at = options.indexOf(event.target as HTMLElement);
-  const following = [...options.slice(at + 1), ...options.slice(0, at + 1)];
+  const index = options.indexOf(event.target as HTMLElement);
+  const following = [...options.slice(index + 1), ...options.slice(0, index + 1)];
   following.find(({ textContent }) => textContent.toLowerCase().startsWith(event.key.toLowerCase()))?.focus();
 }

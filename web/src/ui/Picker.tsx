@@ -1,5 +1,5 @@
 import cc from 'classcat';
-import { type KeyboardEvent, type ReactNode, type RefObject, useId, useRef, useState } from 'react';
+import { type KeyboardEvent, type ReactNode, useId, useRef, useState } from 'react';
 import { ListBox, type ListGroup } from './ListBox';
 import styles from './Picker.module.css';
 import { Popup } from './Popup';

@@ -4,12 +4,12 @@ import { createRef } from 'react';
 /** The place on the page where notifications appear. */
 export const notificationPlace = createRef<SnackbarProvider>();
 
-/** Tells the user that something failed. */
+/** Shows that something failed. */
 export function showError(message: string): void {
   notificationPlace.current?.enqueueSnackbar(message, { variant: 'error' });
 }
 
-/** Tells the user that an input was refused and why. */
+/** Shows that an input was refused and why. */
 export function showWarning(message: string): void {
   notificationPlace.current?.enqueueSnackbar(message, { variant: 'warning' });
 }

@@ -18,7 +18,7 @@ const SIDE = 6;
 const MARGIN = 32;
 
 interface SheetViewProps {
-  /** Told whenever rows begin or cease to be wider than the view. */
+  /** Called whenever rows begin or cease to be wider than the view. */
   onOverflow: (overflows: boolean) => void;
 }
 

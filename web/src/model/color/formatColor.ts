@@ -53,7 +53,7 @@ function writeComponents(values: Vec3, { components }: ColorSpace): string[] {
   return written.map((value, position) => `${value}${components[position]!.suffix}`);
 }
 
-// Two places where they tell the byte, as style sheets are usually written, otherwise three.
+// Two places where they determine the byte, as style sheets are usually written, otherwise three.
 function writeAlpha(byte: number): string {
   const short = Number((byte / 255).toFixed(2));
   return `${Math.round(short * 255) === byte ? short : Number((byte / 255).toFixed(3))}`;

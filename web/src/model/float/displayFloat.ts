@@ -12,7 +12,7 @@ const DIGITS_WITH_EXPONENT = 16;
  * does not fit is cut off and never rounded, so no digit differs from a longer table of the same number.
  *
  * A fraction that ends within 20 digits is written without trailing zeros; one that goes on is cut to 20 digits, which
- * are all zeros for a very small number (that tells it from zero, which is "0.0"). Large normal numbers are cut to 16
+ * are all zeros for a very small number (which distinguishes it from zero, written "0.0"). Large normal numbers are cut to 16
  * digits with an exponent. There, trailing zeros go when the value's bits reach below the binary point, but one digit
  * stays after the decimal point.
  */

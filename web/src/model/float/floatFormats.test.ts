@@ -28,7 +28,7 @@ test('words up to 256 bits have a float view, those up to 128 bits an editable o
   expect([WIDEST_FLOAT, WIDEST_EDITABLE_FLOAT]).toEqual([256, 128]);
 });
 
-test('fields of wide words tell their width, those of a byte have no room for it', () => {
+test('fields of wide words show their width, those of a byte have no room for it', () => {
   expect(floatFields(floatFormatFor(16)!)).toEqual([
     { label: 'S', bits: 1, color: '#d32f2f' },
     { label: 'Exponent (5)', bits: 5, color: '#1976d2' },

@@ -3,7 +3,7 @@ import { allBits, bitwiseNot, randomWord, shiftLeft, shiftRight, shiftRightUnsig
 
 /**
  * A value of a fixed number of bits. It never changes: every operation gives a new one, so two of them can share
- * a store's history and an unchanged word can be told by comparing bigints.
+ * a store's history and comparing bigints finds an unchanged word.
  *
  * Words are addressed by width (bits, any positive number) and index (from 0 at the least significant end).
  * A word that is not wholly inside the value raises a RangeError with a sentence for the user.

@@ -2,7 +2,7 @@ import { integerWidths } from './resolutions';
 
 export type NumberType = 'integer' | 'float' | 'color32';
 
-/** A row that a sheet can show. Which row it is, is told by type and width together. */
+/** A row that a sheet can show. Type and width together identify it. */
 export interface NumberDefinition {
   readonly type: NumberType;
   readonly bits: number;

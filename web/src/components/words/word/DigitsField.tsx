@@ -16,7 +16,7 @@ interface DigitsFieldProps {
   shown: string;
   /** What it shows after Escape and after it was left. */
   restored: string;
-  /** Tells apart the contents that are shown: when it changes, so does the text. */
+  /** Identifies the content that is shown: when it changes, so does the text. */
   content: unknown;
   /** A second mark of the content. */
   source: unknown;
