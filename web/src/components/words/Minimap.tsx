@@ -1,4 +1,4 @@
-import { useLayoutEffect, useRef, type MouseEvent, type PointerEvent, type RefObject } from 'react';
+import { type MouseEvent, type PointerEvent, type RefObject, useLayoutEffect, useRef } from 'react';
 import { i18next } from '../../i18n';
 import { useSheetStore } from '../../stores/sheetStore';
 import type { SheetGeometry } from './layout/sheetGeometry';

@@ -1,14 +1,14 @@
-import { memo, useCallback, useLayoutEffect, useMemo, useRef, useState } from 'react';
+import { memo, useLayoutEffect, useMemo, useRef, useState } from 'react';
 import type { ColorNotation } from '../../model/color/formatColor';
 import { useSheetStore } from '../../stores/sheetStore';
-import type { MoveFocus } from './word/BlockFrame';
-import { ColorBlock } from './word/ColorBlock';
+import { partsInView, type RowGeometry } from './layout/sheetGeometry';
+import styles from './RowView.module.css';
 import { RowScroller } from './scrollers';
 import type { ScrollSync } from './scrollSync';
+import type { MoveFocus } from './word/BlockFrame';
+import { ColorBlock } from './word/ColorBlock';
 import { rowTexts } from './word/rowTexts';
-import { partsInView, type RowGeometry } from './layout/sheetGeometry';
 import { WordBlock } from './word/WordBlock';
-import styles from './RowView.module.css';
 
 interface RowViewProps {
   row: RowGeometry;
@@ -53,11 +53,11 @@ function RowBlocks({ row, viewWidth, pixelRatio, scrollSync, onMove, notation, o
   useLayoutEffect(() => scrollSync.attachRow(key, scroller.current!), [scrollSync, key]);
 
   const placesAt = (position: number) => partsInView(count, blockWidth, position, viewWidth, MARGIN);
-  const onScroll = useCallback(() => {
+  const onScroll = () => {
     const position = scroller.current!.scrollLeft;
     scrollSync.rowScrolled(key, position);
-    setScrolled((before) => (`${placesAt(before)}` === `${placesAt(position)}` ? before : position));
-  }, [scrollSync, row, viewWidth]);
+    setScrolled((before) => (isEqual(placesAt(before), placesAt(position)) ? before : position));
+  };
 
   const [first, last] = placesAt(Math.min(scrolled, Math.max(0, count * blockWidth - viewWidth)));
   return (
@@ -82,6 +82,10 @@ function RowBlocks({ row, viewWidth, pixelRatio, scrollSync, onMove, notation, o
       </div>
     </div>
   );
+}
+
+function isEqual(a: readonly [number, number], b: readonly [number, number]): boolean {
+  return a[0] === b[0] && a[1] === b[1];
 }
 
 /** Words from left to right: those in or near the view, and the focused one, which may hold the keyboard's focus. */

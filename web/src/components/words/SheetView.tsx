@@ -1,14 +1,14 @@
-import { useCallback, useLayoutEffect, useMemo, useRef, useState, type PointerEvent } from 'react';
+import { type PointerEvent, useCallback, useLayoutEffect, useMemo, useRef, useState } from 'react';
 import { useSheetStore } from '../../stores/sheetStore';
+import { LABELS_WIDTH, type RowGeometry, type SheetGeometry, sheetGeometry } from './layout/sheetGeometry';
+import { digitWidth, usePixelRatio, useViewSize } from './layout/useViewport';
 import { Minimap } from './Minimap';
-import { focusWord, neighbour } from './wordNavigation';
-import { ScrollSync } from './scrollSync';
 import { RowView } from './RowView';
 import { SheetScroller } from './scrollers';
+import { ScrollSync } from './scrollSync';
 import styles from './SheetView.module.css';
-import { LABELS_WIDTH, sheetGeometry, type RowGeometry, type SheetGeometry } from './layout/sheetGeometry';
-import { digitWidth, usePixelRatio, useViewSize } from './layout/useViewport';
 import type { MoveFocus } from './word/BlockFrame';
+import { focusWord, neighbour } from './wordNavigation';
 
 const SIDE = 6;
 /**
@@ -40,13 +40,14 @@ export function SheetView({ onOverflow }: SheetViewProps) {
   );
   const [scrolled, setScrolled] = useState(0);
   const viewHeight = size?.height ?? 0;
+  const isMeasured = size !== undefined;
 
   useLayoutEffect(() => onOverflow(geometry.overflows), [geometry.overflows, onOverflow]);
   useLayoutEffect(() => {
     scrollSync.attachView(view.current);
     scrollSync.restore(sheetId, useSheetStore.getState().scrollMap);
     setScrolled(view.current!.scrollTop);
-  }, [scrollSync, sheetId, size !== undefined]);
+  }, [scrollSync, sheetId, isMeasured]);
   useLayoutEffect(() => () => scrollSync.store(), [scrollSync]);
 
   const onScroll = () => {
@@ -55,13 +56,15 @@ export function SheetView({ onOverflow }: SheetViewProps) {
     setScrolled((before) => (sameRows(geometry, before, position, viewHeight) ? before : position));
   };
 
-  const rows = useRef(geometry.rows);
-  rows.current = geometry.rows;
-  const onMove = useCallback<MoveFocus>((rowKey, index, direction, focusKey) => {
-    const target = neighbour(rows.current, rowKey, index, direction);
-    const row = rows.current.find(({ key }) => key === target?.rowKey);
-    if (target && row) focusWord(row, target.index, focusKey);
-  }, []);
+  const { rows } = geometry;
+  const onMove = useCallback<MoveFocus>(
+    (rowKey, index, direction, focusKey) => {
+      const target = neighbour(rows, rowKey, index, direction);
+      const row = rows.find(({ key }) => key === target?.rowKey);
+      if (target && row) focusWord(row, target.index, focusKey);
+    },
+    [rows],
+  );
 
   const focusedRow = useSheetStore(({ focusedBlock: [type, bits] }) => `${type}:${bits}`);
   const top = Math.min(scrolled, Math.max(0, geometry.height - viewHeight));

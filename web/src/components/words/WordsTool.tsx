@@ -1,12 +1,12 @@
 import cc from 'classcat';
 import { useState } from 'react';
 import { useSheetStore } from '../../stores/sheetStore';
+import controlStyles from '../../ui/controls.module.css';
 import { SHEET_PANEL_ID } from '../sheetPanel';
 import { BitStatus } from './bitField/BitStatus';
-import { SheetToolbar } from './toolbar/SheetToolbar';
-import { SheetView } from './SheetView';
 import { geometryProperties } from './layout/geometryProperties';
-import controlStyles from '../../ui/controls.module.css';
+import { SheetView } from './SheetView';
+import { SheetToolbar } from './toolbar/SheetToolbar';
 import styles from './WordsTool.module.css';
 
 /** The sheet that is shown: its toolbar and its rows of words. Nothing while there is none. */

@@ -1,8 +1,8 @@
 import { expect, test } from 'vitest';
-import { definitionsFor } from '../../model/sheet/numberDefinitions';
 import type { Direction } from '../../commands/wordCommands';
-import { neighbour } from './wordNavigation';
+import { definitionsFor } from '../../model/sheet/numberDefinitions';
 import { sheetGeometry } from './layout/sheetGeometry';
+import { neighbour } from './wordNavigation';
 
 const definitions = definitionsFor(64);
 const { rows } = sheetGeometry({ resolution: 64, definitions, converters: [], viewWidth: 1200, charWidth: 7 });

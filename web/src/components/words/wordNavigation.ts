@@ -1,5 +1,5 @@
-import type { Direction } from '../../commands/wordCommands';
 import { flushSync } from 'react-dom';
+import type { Direction } from '../../commands/wordCommands';
 import { useSheetStore } from '../../stores/sheetStore';
 import type { RowGeometry } from './layout/sheetGeometry';
 

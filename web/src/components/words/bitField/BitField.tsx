@@ -1,24 +1,25 @@
 import {
+  type FocusEvent,
+  type KeyboardEvent,
   memo,
+  type PointerEvent,
   useContext,
   useLayoutEffect,
   useRef,
-  type FocusEvent,
-  type KeyboardEvent,
-  type PointerEvent,
+  useState,
 } from 'react';
+import { BIT_FIELD_COMMANDS } from '../../../commands/bitFieldCommands';
+import { runCommand } from '../../../commands/command';
 import { i18next } from '../../../i18n';
 import { formatInteger } from '../../../model/integer/formatInteger';
 import { readWord } from '../../../model/integer/wordLayout';
 import { useSheetStore } from '../../../stores/sheetStore';
-import { bitAt, cellOf, type BitFieldLayout } from '../layout/bitFieldLayout';
+import { bitAt, type BitFieldLayout, cellOf } from '../layout/bitFieldLayout';
 import { RowScroller, SheetScroller } from '../scrollers';
-import { useBitFieldPalette } from './bitFieldPalette';
-import { BitFieldPainter } from './bitFieldPainter';
 import { activeBitState, showBit } from './activeBit';
-import { BIT_FIELD_COMMANDS } from '../../../commands/bitFieldCommands';
-import { runCommand } from '../../../commands/command';
 import styles from './BitField.module.css';
+import { BitFieldPainter } from './bitFieldPainter';
+import { useBitFieldPalette } from './bitFieldPalette';
 
 export const READOUT_ID = 'bit-readout';
 
@@ -37,7 +38,7 @@ export const BitField = memo(function BitField({ name, layout, pixelRatio, index
   const canvas = useRef<HTMLCanvasElement>(null);
   const row = useContext(RowScroller);
   const sheet = useContext(SheetScroller);
-  const painter = (useRef<BitFieldPainter>(null).current ??= new BitFieldPainter());
+  const [painter] = useState(() => new BitFieldPainter());
   const palette = useBitFieldPalette();
   const digits = formatInteger(word, 2, width).padStart(width, '0');
   const stroke = useRef<{ value: boolean; last: number } | undefined>(undefined);
@@ -45,10 +46,16 @@ export const BitField = memo(function BitField({ name, layout, pixelRatio, index
 
   useLayoutEffect(() => {
     painter.show(canvas.current!, { layout, pixelRatio, palette, digits });
-    const { bit } = activeBitState;
-    if (bit && painter.isMarked && bit.width === width && bit.index === index) read(bit.bit);
-  }, [layout, pixelRatio, palette, digits, signed]);
-  useLayoutEffect(() => () => void (painter.isMarked && showBit(undefined)), []);
+    const { bit: shown } = activeBitState;
+    if (!shown || !painter.isMarked || shown.width !== width || shown.index !== index) return;
+    showBit({ ...shown, isSet: digits[width - 1 - shown.bit] === '1', signed });
+  }, [painter, layout, pixelRatio, palette, digits, signed, width, index]);
+  useLayoutEffect(
+    () => () => {
+      if (painter.isMarked) showBit(undefined);
+    },
+    [painter],
+  );
 
   const isSet = (bit: number) => readWord(useSheetStore.getState().int.value, 1, width * index + bit) === 1n;
   const read = (bit: number) => showBit({ width, index, bit, isSet: isSet(bit), signed });

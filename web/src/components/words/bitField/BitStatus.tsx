@@ -1,7 +1,7 @@
 import { useTranslation } from 'react-i18next';
 import { useSnapshot } from 'valtio';
-import { READOUT_ID } from './BitField';
 import { activeBitState, bitWeight } from './activeBit';
+import { READOUT_ID } from './BitField';
 import styles from './BitStatus.module.css';
 
 /** Says the bit under the pointer or the keyboard's cursor, also to screen readers. */

@@ -1,4 +1,4 @@
-import { drawBitField, type BitFieldPicture } from './drawBitField';
+import { type BitFieldPicture, drawBitField } from './drawBitField';
 
 type Content = Omit<BitFieldPicture, 'hovered' | 'cursor'>;
 type Marks = Partial<Pick<BitFieldPicture, 'hovered' | 'cursor'>>;

@@ -1,7 +1,7 @@
 import { floatFields, floatFormatFor } from '../../../model/float/floatFormats';
-import { cellOf, type BitFieldLayout, type Rect } from '../layout/bitFieldLayout';
 import { mono } from '../../../ui/tokens';
-import { textColorOn, type BitFieldPalette } from './bitFieldPalette';
+import { type BitFieldLayout, cellOf, type Rect } from '../layout/bitFieldLayout';
+import { type BitFieldPalette, textColorOn } from './bitFieldPalette';
 
 /** What a bit field shows at one moment. */
 export interface BitFieldPicture {

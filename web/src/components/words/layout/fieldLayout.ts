@@ -1,5 +1,5 @@
-import type { Converter } from '../../../model/sheet/converters';
 import { WIDEST_FLOAT } from '../../../model/float/floatFormats';
+import type { Converter } from '../../../model/sheet/converters';
 
 export const FIELD_FONT_SIZE = 12;
 export const FIELD_LINE_HEIGHT = 18;

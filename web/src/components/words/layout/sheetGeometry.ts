@@ -1,10 +1,10 @@
-import { activeConverters, type Converter } from '../../../model/sheet/converters';
 import { floatFormatFor } from '../../../model/float/floatFormats';
-import { definitionLabel, definitionShortLabel, shownDefinitions } from '../../../model/sheet/numberDefinitions';
-import type { NumberDefinition, NumberType } from '../../../model/sheet/numberDefinitions';
 import { wordCount } from '../../../model/integer/wordLayout';
-import { bitFieldLayout, type BitFieldLayout } from './bitFieldLayout';
-import { convertersFor, layoutFields, type FieldLayout } from './fieldLayout';
+import { activeConverters, type Converter } from '../../../model/sheet/converters';
+import type { NumberDefinition, NumberType } from '../../../model/sheet/numberDefinitions';
+import { definitionLabel, definitionShortLabel, shownDefinitions } from '../../../model/sheet/numberDefinitions';
+import { type BitFieldLayout, bitFieldLayout } from './bitFieldLayout';
+import { convertersFor, type FieldLayout, layoutFields } from './fieldLayout';
 
 /** Width of a byte in every row, in pixels: words below each other are aligned. */
 const NARROWEST_BYTE = 140;

@@ -1,4 +1,4 @@
-import { useLayoutEffect, useState, useSyncExternalStore, type RefObject } from 'react';
+import { type RefObject, useLayoutEffect, useState, useSyncExternalStore } from 'react';
 import { mono } from '../../../ui/tokens';
 import { FIELD_FONT_SIZE } from './fieldLayout';
 

@@ -1,7 +1,7 @@
 import { useLayoutEffect, useRef, useState } from 'react';
 import { useTranslation } from 'react-i18next';
-import { Popup } from '../../../ui/Popup';
 import { KEY_GROUPS } from '../../../commands/keyList';
+import { Popup } from '../../../ui/Popup';
 import styles from './KeysHelp.module.css';
 
 /** Lists every key that the page acts on. */

@@ -1,12 +1,12 @@
 import cc from 'classcat';
 import { type FocusEvent, type KeyboardEvent, type ReactNode } from 'react';
-import { isFocused, useSheetStore } from '../../../stores/sheetStore';
 import { runCommand } from '../../../commands/command';
-import { WORD_COMMANDS, type Direction } from '../../../commands/wordCommands';
-import { blockId } from '../wordNavigation';
-import { blockName } from './rowTexts';
+import { type Direction, WORD_COMMANDS } from '../../../commands/wordCommands';
+import { isFocused, useSheetStore } from '../../../stores/sheetStore';
 import { BLOCK_PADDING_X, type RowGeometry } from '../layout/sheetGeometry';
+import { blockId } from '../wordNavigation';
 import styles from './BlockFrame.module.css';
+import { blockName } from './rowTexts';
 
 /** Asks for the focus to go to the word next to one. */
 export type MoveFocus = (rowKey: string, index: number, direction: Direction, focusKey: string) => void;

@@ -1,17 +1,17 @@
 import { memo } from 'react';
-import { showWarning } from '../../../ui/notifications';
 import { i18next } from '../../../i18n';
 import { COLOR_CHANNELS, colorOfBlock } from '../../../model/color/colorWord';
-import { COLOR_NOTATIONS, formatColor, type ColorNotation } from '../../../model/color/formatColor';
+import { COLOR_NOTATIONS, type ColorNotation, formatColor } from '../../../model/color/formatColor';
 import { parseColor } from '../../../model/color/parseColor';
 import { parseInteger } from '../../../model/integer/parseInteger';
-import { wordNumber } from '../../../model/sheet/wordLabels';
 import { readWord } from '../../../model/integer/wordLayout';
+import { wordNumber } from '../../../model/sheet/wordLabels';
 import { useSheetStore } from '../../../stores/sheetStore';
-import { BlockFrame, type BlockProps } from './BlockFrame';
-import { DigitsField } from './DigitsField';
+import { showWarning } from '../../../ui/notifications';
 import { Picker } from '../../../ui/Picker';
+import { BlockFrame, type BlockProps } from './BlockFrame';
 import styles from './ColorBlock.module.css';
+import { DigitsField } from './DigitsField';
 import headerStyles from './WordHeader.module.css';
 
 interface ColorBlockProps extends BlockProps {

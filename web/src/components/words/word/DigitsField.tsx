@@ -1,5 +1,5 @@
 import cc from 'classcat';
-import { useLayoutEffect, useRef, type FocusEvent, type KeyboardEvent } from 'react';
+import { type FocusEvent, type KeyboardEvent, useLayoutEffect, useRef } from 'react';
 import { runCommand } from '../../../commands/command';
 import { FIELD_COMMANDS } from '../../../commands/fieldCommands';
 import type { FieldPlace } from '../layout/fieldLayout';
@@ -50,7 +50,9 @@ export function DigitsField(props: DigitsFieldProps) {
     const isTaken = runCommand(FIELD_COMMANDS, event, {
       isAltered: () => field.value !== unaltered.current,
       // No change of the word will bring our own way of writing it.
-      commit: () => void (onCommit(field.value) && show(shown)),
+      commit: () => {
+        if (onCommit(field.value)) show(shown);
+      },
       restore: () => show(restored),
     });
     if (isTaken) event.stopPropagation();
@@ -87,6 +89,6 @@ function swallow(event: KeyboardEvent): void {
 }
 
 /** Pasted line breaks go, as they do in a field of one line. */
-function joinLines({ currentTarget }: React.FormEvent<HTMLTextAreaElement>): void {
+function joinLines({ currentTarget }: React.InputEvent<HTMLTextAreaElement>): void {
   if (/[\r\n]/.test(currentTarget.value)) currentTarget.value = currentTarget.value.replace(/[\r\n]+/g, '');
 }

@@ -1,6 +1,6 @@
 import { memo } from 'react';
-import { isSigned } from '../../../model/sheet/signMap';
 import { readWord } from '../../../model/integer/wordLayout';
+import { isSigned } from '../../../model/sheet/signMap';
 import { isFocused, useSheetStore } from '../../../stores/sheetStore';
 import { BitField } from '../bitField/BitField';
 import { BlockFrame, type BlockProps } from './BlockFrame';

@@ -1,16 +1,16 @@
-import { showWarning } from '../../../ui/notifications';
-import type { Converter } from '../../../model/sheet/converters';
 import { displayFloat } from '../../../model/float/displayFloat';
 import { floatFormatFor, WIDEST_EDITABLE_FLOAT } from '../../../model/float/floatFormats';
-import { formatInteger } from '../../../model/integer/formatInteger';
 import { parseFloatInput } from '../../../model/float/parseFloatInput';
+import { formatInteger } from '../../../model/integer/formatInteger';
 import { parseInteger } from '../../../model/integer/parseInteger';
 import type { Result } from '../../../model/result';
+import type { Converter } from '../../../model/sheet/converters';
 import { useSheetStore } from '../../../stores/sheetStore';
+import { showWarning } from '../../../ui/notifications';
+import type { RowGeometry } from '../layout/sheetGeometry';
 import { DigitsField } from './DigitsField';
 import type { RowTexts } from './rowTexts';
 import styles from './WordFields.module.css';
-import type { RowGeometry } from '../layout/sheetGeometry';
 
 interface WordFieldsProps {
   row: RowGeometry;

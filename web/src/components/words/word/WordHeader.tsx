@@ -1,5 +1,5 @@
 import cc from 'classcat';
-import { useRef, type MouseEvent } from 'react';
+import { type MouseEvent, useRef } from 'react';
 import { i18next } from '../../../i18n';
 import { wordHalfLabel, wordNumber, wordSignLabel } from '../../../model/sheet/wordLabels';
 import { useSheetStore } from '../../../stores/sheetStore';
