@@ -17,7 +17,7 @@ find_package(Webview REQUIRED)
 
 if(WIN32)
   set(WEBVIEW2_INCLUDE_DIR "" CACHE PATH "Folder with a Microsoft SDK's WebView2.h, to use instead of our declarations")
-  set(TESSARY_WEBVIEW2_INCLUDE_DIR ${PROJECT_SOURCE_DIR}/src/app/webview2)
+  set(TESSARY_WEBVIEW2_INCLUDE_DIR ${PROJECT_SOURCE_DIR}/src/app/window/webview2)
   if(WEBVIEW2_INCLUDE_DIR)
     set(TESSARY_WEBVIEW2_INCLUDE_DIR ${WEBVIEW2_INCLUDE_DIR})
   endif()

@@ -2,7 +2,7 @@
 #pragma once
 #include <string>
 
-#include "bridge/json.h"
+#include "bridge/text/json.h"
 
 /// Loaded once, on first use. Every text is empty when the file or its key is missing.
 class AppMetadata {

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "app/app_metadata.h"
-#include "bridge/narrow_path.h"
+#include "bridge/text/native_path.h"
 
 static LaunchArgs misuse(std::string error) { return {false, std::move(error), std::nullopt}; }
 

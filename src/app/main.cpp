@@ -6,14 +6,14 @@
 #include "app/app_metadata.h"
 #include "app/command_line.h"
 #include "app/host_scripts.h"
-#include "app/native_web_view.h"
-#include "app/window_system.h"
+#include "app/window/native_web_view.h"
+#include "app/window/window_system.h"
 #include "bridge/bridge.h"
-#include "bridge/narrow_path.h"
+#include "bridge/text/native_path.h"
 #include "console/log.h"
 #include "console/tee_stream_buf.h"
 #include "server/local_server.h"
-#include "server/twin_address.h"
+#include "server/loopback_guard.h"
 
 static void logStart(const std::filesystem::path& executable, const std::string& serverUrl) {
     const AppMetadata& metadata = AppMetadata::instance();

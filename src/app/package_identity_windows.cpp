@@ -3,7 +3,7 @@
 #include <exception>
 
 #include "app/host_scripts.h"
-#include "bridge/utf16_windows.h"
+#include "bridge/text/utf16_windows.h"
 
 // Declared in <appmodel.h>, which mingw-w64 lacks.
 extern "C" WINBASEAPI LONG WINAPI GetCurrentPackageFullName(UINT32* packageFullNameLength, PWSTR packageFullName);

@@ -5,7 +5,7 @@
 #include "bridge/dialog_arguments.h"
 #include "bridge/envelope.h"
 #include "bridge/file_dialogs.h"
-#include "bridge/file_io.h"
+#include "bridge/files/file_io.h"
 #include "bridge/link_opener.h"
 #include "bridge/request.h"
 #include "bridge/web_view.h"

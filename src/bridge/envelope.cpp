@@ -1,7 +1,7 @@
 #include "bridge/envelope.h"
 
-#include "bridge/json.h"
-#include "bridge/utf8.h"
+#include "bridge/text/json.h"
+#include "bridge/text/utf8.h"
 
 std::string envelope(const Outcome& outcome, const char* payloadKey) {
     const Json object(json_object_new_object());

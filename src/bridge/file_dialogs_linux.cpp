@@ -4,7 +4,7 @@
 #include <system_error>
 
 #include "bridge/file_dialogs.h"
-#include "bridge/glib_ownership_linux.h"
+#include "bridge/text/glib_ownership_linux.h"
 
 using OwnedDialog = OwnedObject<GtkFileChooserNative>;
 

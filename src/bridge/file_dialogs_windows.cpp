@@ -1,6 +1,6 @@
 #include "bridge/file_dialogs_windows.h"
 
-#include "bridge/utf16_windows.h"
+#include "bridge/text/utf16_windows.h"
 
 std::wstring filterString(const FileFilter& filter) {
     std::wstring list;

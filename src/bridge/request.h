@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "bridge/json.h"
+#include "bridge/text/json.h"
 
 /// The arguments of one call: the elements of a JSON array.
 class Request {

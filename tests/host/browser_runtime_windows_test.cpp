@@ -1,4 +1,4 @@
-#include "app/browser_runtime_windows.h"
+#include "app/window/browser_runtime_windows.h"
 
 #include <gtest/gtest.h>
 

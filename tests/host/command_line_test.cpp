@@ -5,7 +5,7 @@
 #include <initializer_list>
 #include <vector>
 
-#include "bridge/narrow_path.h"
+#include "bridge/text/native_path.h"
 #include "temporary_folder.h"
 
 static LaunchArgs parse(std::vector<const char*> arguments) {

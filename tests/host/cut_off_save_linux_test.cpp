@@ -11,7 +11,7 @@
 #include <string>
 #include <thread>
 
-#include "bridge/file_io.h"
+#include "bridge/files/file_io.h"
 #include "temporary_folder.h"
 
 namespace {

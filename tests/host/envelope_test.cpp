@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "bridge/json.h"
+#include "bridge/text/json.h"
 
 TEST(Envelope, LeavesEmptyMembersOut) {
     EXPECT_EQ(envelope(succeeded(), "data"), R"({ "success": true })");

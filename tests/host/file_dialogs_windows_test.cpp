@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "bridge/utf16_windows.h"
+#include "bridge/text/utf16_windows.h"
 
 using std::string_literals::operator""s;
 

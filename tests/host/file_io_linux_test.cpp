@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "bridge/file_io.h"
-#include "bridge/save_turn.h"
+#include "bridge/files/file_io.h"
+#include "bridge/files/save_lock.h"
 #include "temporary_folder.h"
 
 TEST(FileIoOnLinux, LeavesLineEndsAlone) {

@@ -1,4 +1,4 @@
-#include "bridge/file_io.h"
+#include "bridge/files/file_io.h"
 
 #include <gtest/gtest.h>
 

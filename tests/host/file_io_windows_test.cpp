@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "bridge/file_io.h"
+#include "bridge/files/file_io.h"
 #include "temporary_folder.h"
 
 TEST(FileIoOnWindows, WritesLineEndsAsCrLf) {

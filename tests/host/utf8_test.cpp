@@ -1,4 +1,4 @@
-#include "bridge/utf8.h"
+#include "bridge/text/utf8.h"
 
 #include <gtest/gtest.h>
 

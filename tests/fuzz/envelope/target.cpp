@@ -1,7 +1,7 @@
 // Whatever a file or a path holds, the page gets a plain ASCII answer that reads back as the same text.
 #include "bridge/envelope.h"
 
-#include "bridge/utf8.h"
+#include "bridge/text/utf8.h"
 #include "support/input.h"
 #include "support/json_text.h"
 #include "support/require.h"

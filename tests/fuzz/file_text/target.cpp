@@ -1,7 +1,7 @@
 // Whatever text a document is saved with, reading it gives that text again.
 #include "bridge/bridge.h"
 #include "bridge/envelope.h"
-#include "bridge/file_io.h"
+#include "bridge/files/file_io.h"
 #include "host/temporary_folder.h"
 #include "support/input.h"
 #include "support/json_text.h"

@@ -1,7 +1,7 @@
 // Whatever a file or a package is called, it stays inside its literal of the start scripts.
 #include "app/host_scripts.h"
 
-#include "bridge/utf8.h"
+#include "bridge/text/utf8.h"
 #include "support/input.h"
 #include "support/require.h"
 #include "support/utf8_reference.h"

@@ -1,0 +1,28 @@
+// src/app/window/native_web_view.h: the real window, made with the web-view library.
+#pragma once
+#include <memory>
+
+#include "bridge/web_view.h"
+
+/// Opens its own top-level window, with developer tools. The window is closed when the object is destroyed.
+/// What the library returns from its operations is not looked at.
+class NativeWebView final : public WebView {
+public:
+    NativeWebView();
+    ~NativeWebView() override;
+
+    /// Keeps the window on pages of this origin (navigation_fence.h).
+    void keepOn(const std::string& origin);
+
+    void setTitle(const std::string& title) override;
+    void init(const std::string& script) override;
+    void bind(const std::string& name, Handler handler) override;
+    void bindRaising(const std::string& name, Handler handler) override;
+    void navigate(const std::string& url) override;
+    void setSize(int width, int height) override;
+    void run() override;
+
+private:
+    struct Library;
+    std::unique_ptr<Library> library_;
+};

@@ -1,0 +1,11 @@
+// src/app/window/window_system.h: what the system must offer before a window can be made.
+#pragma once
+#include <optional>
+#include <string>
+
+/// One sentence for the user when no window can be shown here (no display, no web engine); nothing when all is well.
+/// Also readies the window's icon. On the UI thread, before the first window.
+[[nodiscard]] std::optional<std::string> prepareWindowSystem();
+
+/// Shows a sentence that must not be missed where the user of this system looks: the terminal, or a message box.
+void tellUser(const std::string& sentence);

@@ -1,0 +1,68 @@
+#include <windows.h>
+// windows.h must come first
+#include <fcntl.h>
+#include <io.h>
+#include <share.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <string_view>
+
+#include "bridge/files/durable_file.h"
+
+namespace {
+class Descriptor {
+public:
+    Descriptor(const std::string& path, int flags) {
+        const int mode = _S_IREAD | _S_IWRITE;
+        if (_sopen_s(&number_, path.c_str(), flags | _O_TEXT | _O_NOINHERIT, _SH_DENYNO, mode) != 0) number_ = -1;
+    }
+    ~Descriptor() {
+        if (isOpen()) _close(number_);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    [[nodiscard]] bool isOpen() const { return number_ >= 0; }
+    [[nodiscard]] bool write(std::string_view text) const;
+    [[nodiscard]] bool flush() const { return _commit(number_) == 0; }
+
+private:
+    int number_ = -1;
+};
+}  // namespace
+
+bool Descriptor::write(std::string_view text) const {
+    constexpr std::size_t atOnce = 1 << 20;
+    while (!text.empty()) {
+        const auto length = static_cast<unsigned>(std::min(text.size(), atOnce));
+        const int count = _write(number_, text.data(), length);
+        if (count <= 0) return false;
+        text.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return true;
+}
+
+static NewFile writeText(const Descriptor& file, const std::string& content) {
+    if (!file.isOpen()) return errno == ENOSPC ? NewFile::cutShort : NewFile::notCreated;
+    return file.write(content) && file.flush() ? NewFile::written : NewFile::cutShort;
+}
+
+NewFile writeNewFile(const std::string& path, const std::string& content) {
+    removeFile(path);
+    const NewFile outcome = writeText(Descriptor(path, _O_WRONLY | _O_CREAT | _O_EXCL), content);
+    if (outcome == NewFile::cutShort) removeFile(path);
+    return outcome;
+}
+
+bool replaceFile(const std::string& from, const std::string& to) {
+    return MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
+}
+
+bool flushFile(const std::string& path) {
+    const Descriptor file(path, _O_WRONLY);
+    return file.isOpen() && file.flush();
+}
+
+void removeFile(const std::string& path) { DeleteFileA(path.c_str()); }
