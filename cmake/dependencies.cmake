@@ -14,6 +14,7 @@ find_package(argparse REQUIRED CONFIG)
 find_package(Brotli REQUIRED)
 find_package(Httplib REQUIRED)
 find_package(Webview REQUIRED)
+include(httplib_library)
 
 if(WIN32)
   set(WEBVIEW2_INCLUDE_DIR "" CACHE PATH "Folder with a Microsoft SDK's WebView2.h, to use instead of our declarations")

@@ -1,28 +1,31 @@
-# Compiler options of our own code, as one target that every library links.
+# Compiler options, as targets: tessary_build for everything that is compiled here, tessary_options for our own code.
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 
 set(TESSARY_SANITIZERS "" CACHE STRING "Sanitizers to build with, such as address,undefined")
 
-add_library(tessary_options INTERFACE)
-target_include_directories(tessary_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+add_library(tessary_build INTERFACE)
 if(WIN32)
-  target_compile_definitions(tessary_options INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN= _WIN32_WINNT=0x0A00)
-endif()
-if(MSVC)
-  target_compile_options(tessary_options INTERFACE /W4 /utf-8 /permissive-)
-else()
-  target_compile_options(tessary_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror=return-type)
+  target_compile_definitions(tessary_build INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN= _WIN32_WINNT=0x0A00)
 endif()
 if(MINGW)
   # The executable imports Windows' own DLLs only. Its threads need room for the regular expression that matches paths.
-  target_link_options(tessary_options INTERFACE -static -Wl,--stack,16777216)
+  target_link_options(tessary_build INTERFACE -static -Wl,--stack,16777216)
 endif()
 if(TESSARY_SANITIZERS)
   # Without the check of virtual tables: the web engine's libraries have no run-time type information and share templates of
   # the standard library with us, so that our copy would report their objects.
-  target_compile_options(tessary_options INTERFACE
+  target_compile_options(tessary_build INTERFACE
     -fsanitize=${TESSARY_SANITIZERS} -fno-sanitize=vptr -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  target_link_options(tessary_options INTERFACE -fsanitize=${TESSARY_SANITIZERS})
+  target_link_options(tessary_build INTERFACE -fsanitize=${TESSARY_SANITIZERS})
+endif()
+
+add_library(tessary_options INTERFACE)
+target_link_libraries(tessary_options INTERFACE tessary_build)
+target_include_directories(tessary_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+if(MSVC)
+  target_compile_options(tessary_options INTERFACE /W4 /WX /utf-8 /permissive-)
+else()
+  target_compile_options(tessary_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
 endif()

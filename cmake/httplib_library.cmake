@@ -1,0 +1,37 @@
+# tessary_httplib: cpp-httplib compiled once. As a header alone every unit that includes it compiles all of it: ten units,
+# 12 MB of object code each. The header is made to be split at two marked lines; a header without them is used whole.
+get_target_property(include_dir Httplib::httplib INTERFACE_INCLUDE_DIRECTORIES)
+set(header_file ${include_dir}/httplib.h)
+set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${header_file})
+file(READ ${header_file} header)
+set(mark "\n// ----------------------------------------------------------------------------\n")
+string(FIND "${header}" "${mark}" begin)
+string(FIND "${header}" "${mark}" end REVERSE)
+if(NOT begin LESS end)
+  message(STATUS "cpp-httplib's header is not marked for splitting: every unit that includes it compiles all of it")
+  add_library(tessary_httplib ALIAS Httplib::httplib)
+  return()
+endif()
+
+function(write_if_changed path text)
+  if(EXISTS ${path})
+    file(READ ${path} present)
+  endif()
+  if(NOT "${present}" STREQUAL "${text}")
+    file(WRITE ${path} "${text}")
+  endif()
+endfunction()
+
+math(EXPR length "${end} - ${begin}")
+string(SUBSTRING "${header}" 0 ${begin} declarations)
+string(SUBSTRING "${header}" ${begin} ${length} definitions)
+string(SUBSTRING "${header}" ${end} -1 tail)
+string(REPLACE "inline " "" definitions "${definitions}")
+
+set(generated ${PROJECT_BINARY_DIR}/generated/httplib)
+write_if_changed(${generated}/httplib.h "${declarations}${tail}")
+write_if_changed(${generated}/httplib.cpp "#include \"httplib.h\"\nnamespace httplib {${definitions}}\n")
+
+add_library(tessary_httplib STATIC ${generated}/httplib.cpp)
+target_include_directories(tessary_httplib SYSTEM BEFORE PUBLIC ${generated})
+target_link_libraries(tessary_httplib PUBLIC Httplib::httplib PRIVATE tessary_build)
