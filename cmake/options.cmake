@@ -5,13 +5,17 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 
 set(TESSARY_SANITIZERS "" CACHE STRING "Sanitizers to build with, such as address,undefined")
 
+# Bytes of stack for each of the server's threads: the standard library's regular expressions recurse once per character of
+# a request path, and a path may have 8,191 of them.
+set(TESSARY_WORKER_STACK 16777216)
+
 add_library(tessary_build INTERFACE)
 if(WIN32)
   target_compile_definitions(tessary_build INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN= _WIN32_WINNT=0x0A00)
 endif()
 if(MINGW)
-  # The executable imports Windows' own DLLs only. Its threads need room for the regular expression that matches paths.
-  target_link_options(tessary_build INTERFACE -static -Wl,--stack,16777216)
+  # The executable imports Windows' own DLLs only.
+  target_link_options(tessary_build INTERFACE -static -Wl,--stack,${TESSARY_WORKER_STACK})
 endif()
 if(TESSARY_SANITIZERS)
   # Without the check of virtual tables: the web engine's libraries have no run-time type information and share templates of

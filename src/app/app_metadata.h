@@ -1,4 +1,4 @@
-// src/app/app_metadata.h: the program's own name and version, from the embedded package.json.
+// The program's own name and version, from the embedded package.json.
 #pragma once
 #include <string>
 

@@ -1,4 +1,4 @@
-// src/app/command_line.h: turns the process's arguments into what the page is told at start.
+// Turns the process's arguments into what the page gets at start.
 #pragma once
 #include <optional>
 #include <string>

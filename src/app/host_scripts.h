@@ -1,4 +1,4 @@
-// src/app/host_scripts.h: the two scripts by which the page learns about its host before its own code runs.
+// The two scripts by which the page learns about its host before its own code runs.
 #pragma once
 #include <optional>
 #include <string>

@@ -23,16 +23,16 @@ static void logStart(const std::filesystem::path& executable, const std::string&
     logText("Server URL: {}\n", serverUrl);
 }
 
-static void endWithoutWindow(const std::string& reason) {
+[[noreturn]] static void exitWithError(const std::string& reason) {
     Console::shutdown();
     stopServer();
-    tellUser(reason);
+    showStartupError(reason);
     std::exit(EXIT_FAILURE);
 }
 
 // One sentence for the user when no page can or may be shown.
-static std::optional<std::string> whyNoWindow(const TwinAddress& twin) {
-    if (twin.isTaken()) {
+static std::optional<std::string> startupError(const LoopbackGuard& loopbackGuard) {
+    if (loopbackGuard.otherAddressIsTaken()) {
         return "Another program listens at port " + std::to_string(serverPort) +
                " of this computer, where it could pass for Tessary's own page: start Tessary again to get another "
                "port.";
@@ -50,18 +50,20 @@ int main(int argc, char* argv[]) {
     static_cast<void>(AppMetadata::instance());
     setupServer(exePath);
     startServer();
-    const TwinAddress twin(serverPort);
+    const LoopbackGuard loopbackGuard(serverPort);
     const std::string serverUrl = getServerUrl();
     logStart(exePath, serverUrl);
 
-    if (const auto reason = whyNoWindow(twin)) endWithoutWindow(*reason);
+    if (const auto reason = startupError(loopbackGuard)) exitWithError(*reason);
     NativeWebView view;
     view.setTitle(AppMetadata::instance().displayName());
     injectHostInfo(view);
     bindFileFunctions(view);
     bindLinkOpener(view);
     injectLaunchArgs(view, args);
-    view.keepOn(serverUrl);
+    if (!view.restrictNavigation(serverUrl)) {
+        exitWithError("Tessary cannot keep its window on its own page, so it shows none: start Tessary again.");
+    }
     view.navigate(serverUrl.empty() ? "about:blank" : serverUrl);
     view.setSize(800, 600);
     view.run();

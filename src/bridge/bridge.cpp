@@ -46,5 +46,5 @@ void bindFileFunctions(WebView& view) {
 }
 
 void bindLinkOpener(WebView& view) {
-    view.bindRaising("openExternalUrl", [](const std::string& request) { return openExternalUrl(request); });
+    view.bindThrowing("openExternalUrl", [](const std::string& request) { return openExternalUrl(request); });
 }

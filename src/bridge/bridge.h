@@ -1,4 +1,4 @@
-// src/bridge/bridge.h: the five native functions that the page can call, and how their arguments are read.
+// The five native functions that the page can call, and how their arguments are read.
 #pragma once
 #include <string>
 

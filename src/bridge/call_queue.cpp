@@ -2,7 +2,7 @@
 
 #include <utility>
 
-void SerialCalls::run(std::function<void()> call) {
+void CallQueue::run(std::function<void()> call) {
     waiting_.push(std::move(call));
     if (running_) return;
     running_ = true;

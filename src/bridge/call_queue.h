@@ -1,10 +1,10 @@
-// src/bridge/call_queue.h: keeps calls one after the other where a running one lets others in.
+// Keeps calls one after the other where a running one lets others in.
 #pragma once
 #include <functional>
 #include <queue>
 
 /// Runs calls in the order they came, never one inside another. For one thread.
-class SerialCalls {
+class CallQueue {
 public:
     /// Runs `call` at once, or, from inside another call, as soon as those before it are done. `call` must not throw.
     void run(std::function<void()> call);

@@ -1,5 +1,5 @@
-// src/bridge/dialog_arguments.h: what the page asks a dialog for. Every argument is optional; one that is missing or
-// not a string keeps its default, and a request that is no array keeps them all.
+// What the page asks a dialog for. Every argument is optional; one that is missing or not a string keeps its default,
+// and a request that is no array keeps them all.
 #pragma once
 #include <string>
 

@@ -1,5 +1,4 @@
-// src/bridge/file_dialogs.h: the system's dialogs for choosing a file. They only choose: nothing is read or written.
-// All texts are UTF-8.
+// The system's dialogs for choosing a file. They only choose: nothing is read or written. All texts are UTF-8.
 #pragma once
 #include <optional>
 #include <string>
@@ -44,4 +43,4 @@ struct FilterChoice {
 [[nodiscard]] std::optional<std::string> askForFileToSave(const SaveRequest& request);
 
 /// Whether the page's calls arrive while a dialog is open, so that they must be held back until it is closed.
-[[nodiscard]] bool dialogsLetCallsIn();
+[[nodiscard]] bool dialogsAreReentrant();

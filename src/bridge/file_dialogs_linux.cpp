@@ -61,7 +61,7 @@ static gint answerTo(GtkWidget* box, const char* title) {
 
 static std::string nameOf(const std::string& path) { return std::filesystem::path(path).filename().string(); }
 
-static void tellMissing(const std::string& name) {
+static void showMissing(const std::string& name) {
     answerTo(gtk_message_dialog_new(nullptr, GTK_DIALOG_MODAL, GTK_MESSAGE_WARNING, GTK_BUTTONS_OK,
                                     "There is no file named “%s”.", name.c_str()),
              openTitle);
@@ -70,9 +70,9 @@ static void tellMissing(const std::string& name) {
 std::optional<std::string> askForFileToOpen(const FileFilter& filter) {
     const OwnedDialog dialog = makeDialog(openTitle, GTK_FILE_CHOOSER_ACTION_OPEN, filter);
     while (gtk_native_dialog_run(GTK_NATIVE_DIALOG(dialog.get())) == GTK_RESPONSE_ACCEPT) {
-        const auto path = chosenPath(GTK_FILE_CHOOSER(dialog.get()));
+        auto path = chosenPath(GTK_FILE_CHOOSER(dialog.get()));
         if (!path || exists(*path)) return path;
-        tellMissing(nameOf(*path));
+        showMissing(nameOf(*path));
     }
     return std::nullopt;
 }
@@ -101,4 +101,4 @@ std::optional<std::string> askForFileToSave(const SaveRequest& request) {
     return std::nullopt;
 }
 
-bool dialogsLetCallsIn() { return true; }
+bool dialogsAreReentrant() { return true; }

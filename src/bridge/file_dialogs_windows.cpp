@@ -2,14 +2,7 @@
 
 #include "bridge/text/utf16_windows.h"
 
-std::wstring filterString(const FileFilter& filter) {
-    std::wstring list;
-    for (const FilterChoice& choice : filterChoices(filter)) {
-        list += utf16FromUtf8(choice.text) + L'\0';
-        list += utf16FromUtf8(choice.pattern) + L'\0';
-    }
-    return list;
-}
+std::wstring filterString(const FileFilter& filter) { return utf16FromUtf8(filterList(filter)); }
 
 FileNameBuffer preFilledName(const std::string& name) {
     FileNameBuffer buffer{};
@@ -59,4 +52,4 @@ std::optional<std::string> askForFileToSave(const SaveRequest& save) {
 }
 
 // The web view raises no event while one of its handlers runs, and the dialogs run inside a handler.
-bool dialogsLetCallsIn() { return false; }
+bool dialogsAreReentrant() { return false; }

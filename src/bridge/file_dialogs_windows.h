@@ -1,4 +1,4 @@
-// src/bridge/file_dialogs_windows.h: what the common dialogs are given.
+// What the common dialogs are given.
 #pragma once
 #include <windows.h>
 // windows.h must come first

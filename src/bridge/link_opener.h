@@ -1,4 +1,4 @@
-// src/bridge/link_opener.h: hands the page's external links to the desktop.
+// Hands the page's external links to the desktop.
 #pragma once
 #include <string>
 #include <string_view>

@@ -1,4 +1,4 @@
-// src/bridge/request.h: reads the arguments that the page passed to a bound function.
+// Reads the arguments that the page passed to a bound function.
 #pragma once
 #include <cstddef>
 #include <optional>

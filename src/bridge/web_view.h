@@ -1,4 +1,4 @@
-// src/bridge/web_view.h: what the host asks of the window and the page in it. Used on the UI thread only.
+// What the host asks of the window and the page in it. Used on the UI thread only.
 #pragma once
 #include <functional>
 #include <string>
@@ -17,7 +17,7 @@ public:
     /// Makes `name` a function of the page's window. Its promise resolves with the answer. `handler` must not throw.
     virtual void bind(const std::string& name, Handler handler) = 0;
     /// The same for a handler that may throw std::exception: its message becomes the reason of a rejected promise.
-    virtual void bindRaising(const std::string& name, Handler handler) = 0;
+    virtual void bindThrowing(const std::string& name, Handler handler) = 0;
     virtual void navigate(const std::string& url) = 0;
     /// In pixels; the user may change it freely.
     virtual void setSize(int width, int height) = 0;

@@ -1,4 +1,4 @@
-// src/console/log.h: every line of the log goes through here.
+// Every line of the log goes through here.
 #pragma once
 #include <fmt/format.h>
 

@@ -1,4 +1,4 @@
-// src/console/own_console.h: gives back a console window that the program made for itself.
+// Gives back a console window that the program made for itself.
 #pragma once
 
 namespace Console {

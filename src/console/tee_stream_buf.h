@@ -1,4 +1,4 @@
-// src/console/tee_stream_buf.h: carries what is written to the standard streams into the log file.
+// Carries what is written to the standard streams into the log file.
 #pragma once
 #include <array>
 #include <fstream>

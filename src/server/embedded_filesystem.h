@@ -1,5 +1,5 @@
-// src/server/embedded_filesystem.h: the read-only tree of files that is compiled into the program.
-// Paths use "/" and are relative to the root: "package.json", "dist/index.html". They are compared byte by byte.
+// The read-only tree of files that is compiled into the program. Paths use "/" and are relative to the root:
+// "package.json", "dist/index.html". They are compared byte by byte.
 #pragma once
 #include <cstddef>
 #include <list>

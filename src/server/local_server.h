@@ -1,5 +1,5 @@
-// src/server/local_server.h: the program's HTTP server on the loopback interface, from start-up until the window
-// closed. All four functions are called on the main thread, in the order below.
+// The program's HTTP server on the loopback interface, from start-up until the window closed. All four functions are
+// called on the main thread, in the order below.
 #pragma once
 #include <httplib.h>
 
@@ -15,7 +15,7 @@ extern bool devMode;             ///< show the page from the page's own developm
 
 /// Registers the route, the request log and the error texts. Once per process; `executablePath` is not used.
 void setupServer(const std::filesystem::path& executablePath);
-/// Binds to a free port of "localhost" and starts listening on a thread of its own. A failed bind is told by
+/// Binds to a free port of "localhost" and starts listening on a thread of its own. A failed bind shows in
 /// `serverPort` alone. Throws std::system_error when the thread cannot be made.
 void startServer();
 /// "http://localhost:PORT", without a slash at the end.

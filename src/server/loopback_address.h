@@ -1,4 +1,4 @@
-// src/server/loopback_address.h: a loopback address in the form that sockets take, on every system.
+// A loopback address in the form that sockets take, on every system.
 #pragma once
 #include <httplib.h>
 

@@ -2,14 +2,14 @@
 
 #include <httplib.h>
 
-TwinAddress::TwinAddress(std::int32_t serverPort) {
+LoopbackGuard::LoopbackGuard(std::int32_t serverPort) {
     if (serverPort < 1) return;
     const auto port = static_cast<std::uint16_t>(serverPort);
     version4_.emplace(AF_INET, port);
     version6_.emplace(AF_INET6, port);
 }
 
-bool TwinAddress::isTaken() const {
+bool LoopbackGuard::otherAddressIsTaken() const {
     // One of the two is the server's own.
     const auto inUse = [](const std::optional<LoopbackSocket>& socket) {
         return socket && socket->state() == LoopbackSocket::State::inUse;

@@ -1,5 +1,5 @@
-// src/server/loopback_guard.h: "localhost" means 127.0.0.1 and ::1, and the server listens at one of them. Web engines
-// try both, so a program that listened at the other with the server's port could be shown in the window.
+// "localhost" means 127.0.0.1 and ::1, and the server listens at one of them. Web engines try both, so a program that
+// listened at the other with the server's port could be shown in the window.
 #pragma once
 #include <cstdint>
 #include <optional>
@@ -7,13 +7,13 @@
 #include "server/loopback_socket.h"
 
 /// Holds the loopback address that the server with this port does not have, for as long as the object lives.
-class TwinAddress {
+class LoopbackGuard {
 public:
     /// A port below 1, which a server without an address has, holds nothing.
-    explicit TwinAddress(std::int32_t serverPort);
+    explicit LoopbackGuard(std::int32_t serverPort);
 
     /// Another program has the address already.
-    [[nodiscard]] bool isTaken() const;
+    [[nodiscard]] bool otherAddressIsTaken() const;
 
 private:
     std::optional<LoopbackSocket> version4_;

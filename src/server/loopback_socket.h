@@ -1,4 +1,4 @@
-// src/server/loopback_socket.h: a socket that keeps a loopback address from everybody.
+// A socket that keeps a loopback address from everybody.
 #pragma once
 #include <cstdint>
 

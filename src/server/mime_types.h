@@ -1,4 +1,4 @@
-// src/server/mime_types.h: which content type the server gives to which file.
+// Which content type the server gives to which file.
 #pragma once
 #include <string>
 #include <unordered_map>

@@ -1,4 +1,4 @@
-// src/server/static_assets.h: answers page requests from the embedded tree.
+// Answers page requests from the embedded tree.
 #pragma once
 #include <httplib.h>
 

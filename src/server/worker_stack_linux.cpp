@@ -6,7 +6,7 @@
 
 // The default follows the shell's stack limit, and is only 2 MiB where that is "unlimited".
 void reserveWorkerStack() {
-    static constexpr std::size_t wanted = std::size_t{16} << 20;
+    static constexpr std::size_t wanted = TESSARY_WORKER_STACK;
     pthread_attr_t attributes;
     if (pthread_getattr_default_np(&attributes) != 0) return;
     std::size_t current = 0;

@@ -62,7 +62,7 @@ TEST_F(BridgeFiles, EndsAPathAtItsFirstNul) {
     EXPECT_EQ(readFile("[" + withNul + "]"), R"({ "success": true, "data": "text" })");
 }
 
-TEST_F(BridgeFiles, TellsWhatCouldNotBeOpened) {
+TEST_F(BridgeFiles, ReportsWhatCouldNotBeOpened) {
     EXPECT_EQ(readFile("[" + quoted + "]"), R"({ "success": false, "error": "file-not-found" })");
     const std::string deeper = jsonString(path + "/deeper");
     EXPECT_EQ(writeFile("[" + deeper + ", \"\"]"), R"({ "success": false, "error": "file-write-failed" })");

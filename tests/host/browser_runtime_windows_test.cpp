@@ -29,11 +29,13 @@ TEST(WebView2Interfaces, HaveEveryCalledMethodInItsSlot) {
     EXPECT_EQ(slotOf(&ICoreWebView2::get_Settings), 3);
     EXPECT_EQ(slotOf(&ICoreWebView2::Navigate), 5);
     EXPECT_EQ(slotOf(&ICoreWebView2::NavigateToString), 6);
+    EXPECT_EQ(slotOf(&ICoreWebView2::add_NavigationStarting), 7);
     EXPECT_EQ(slotOf(&ICoreWebView2::add_PermissionRequested), 23);
     EXPECT_EQ(slotOf(&ICoreWebView2::AddScriptToExecuteOnDocumentCreated), 27);
     EXPECT_EQ(slotOf(&ICoreWebView2::ExecuteScript), 29);
     EXPECT_EQ(slotOf(&ICoreWebView2::PostWebMessageAsString), 33);
     EXPECT_EQ(slotOf(&ICoreWebView2::add_WebMessageReceived), 34);
+    EXPECT_EQ(slotOf(&ICoreWebView2::add_NewWindowRequested), 44);
     EXPECT_EQ(slotOf(&ICoreWebView2::remove_WindowCloseRequested), 60);
     EXPECT_EQ(slotOf(&ICoreWebView2Environment::CreateCoreWebView2Controller), 3);
     EXPECT_EQ(slotOf(&ICoreWebView2Environment::remove_NewBrowserVersionAvailable), 7);
@@ -44,6 +46,10 @@ TEST(WebView2Interfaces, HaveEveryCalledMethodInItsSlot) {
     EXPECT_EQ(slotOf(&ICoreWebView2Settings::put_AreDevToolsEnabled), 12);
     EXPECT_EQ(slotOf(&ICoreWebView2Settings::put_IsBuiltInErrorPageEnabled), 20);
     EXPECT_EQ(slotOf(&ICoreWebView2WebMessageReceivedEventArgs::TryGetWebMessageAsString), 5);
+    EXPECT_EQ(slotOf(&ICoreWebView2NavigationStartingEventArgs::get_Uri), 3);
+    EXPECT_EQ(slotOf(&ICoreWebView2NavigationStartingEventArgs::put_Cancel), 8);
+    EXPECT_EQ(slotOf(&ICoreWebView2NewWindowRequestedEventArgs::get_Uri), 3);
+    EXPECT_EQ(slotOf(&ICoreWebView2NewWindowRequestedEventArgs::put_Handled), 6);
     EXPECT_EQ(slotOf(&ICoreWebView2PermissionRequestedEventArgs::get_PermissionKind), 4);
     EXPECT_EQ(slotOf(&ICoreWebView2PermissionRequestedEventArgs::put_State), 7);
 }

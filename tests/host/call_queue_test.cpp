@@ -4,15 +4,15 @@
 
 #include <vector>
 
-TEST(SerialCalls, RunsACallAtOnceWhenNoneIsRunning) {
-    SerialCalls calls;
+TEST(CallQueue, RunsACallAtOnceWhenNoneIsRunning) {
+    CallQueue calls;
     bool ran = false;
     calls.run([&] { ran = true; });
     EXPECT_TRUE(ran);
 }
 
-TEST(SerialCalls, HoldsACallBackUntilTheRunningOneIsDone) {
-    SerialCalls calls;
+TEST(CallQueue, HoldsACallBackUntilTheRunningOneIsDone) {
+    CallQueue calls;
     std::vector<int> order;
     calls.run([&] {
         calls.run([&] { order.push_back(2); });

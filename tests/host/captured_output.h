@@ -1,4 +1,4 @@
-// tests/host/captured_output.h: what is written to std::cout while it lives.
+// What is written to std::cout while it lives.
 #pragma once
 #include <iostream>
 #include <sstream>

@@ -19,7 +19,7 @@ namespace {
 const int kills = std::getenv("TESSARY_KILLS") != nullptr ? std::stoi(std::getenv("TESSARY_KILLS")) : 400;
 
 struct Tally {
-    int damaged = 0;  ///< documents that were cut off, with a whole copy beside them
+    int damaged = 0;  ///< documents that were cut off, with a whole recovery file beside them
     int lost = 0;     ///< no whole text left
 };
 

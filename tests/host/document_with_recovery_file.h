@@ -1,4 +1,4 @@
-// tests/host/document_with_copy.h: a document in a folder of its own, and the names that its copy may have there.
+// A document in a folder of its own, and the names that its recovery file may have there.
 #pragma once
 #include <gtest/gtest.h>
 
@@ -6,10 +6,10 @@
 
 #include "temporary_folder.h"
 
-class DocumentWithCopy : public testing::Test {
+class DocumentWithRecoveryFile : public testing::Test {
 protected:
     TemporaryFolder folder;
     std::string document = folder.file("notes.words.tessary");
-    std::string copy = document + ".new-text";
-    std::string incomplete = copy + ".incomplete";
+    std::string recovery = document + ".new-text";
+    std::string incomplete = recovery + ".incomplete";
 };

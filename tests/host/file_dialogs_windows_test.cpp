@@ -23,17 +23,22 @@ TEST(FilterString, KeepsCharactersOutsideTheCodePage) {
     EXPECT_EQ(filterString({"漢\xF0\x9F\x98\x80", "*.x"}), L"漢\xD83D\xDE00 (*.x)\0*.x\0All Files (*.*)\0*.*\0"s);
 }
 
-TEST(OpenDialogRequest, HasTheseMembersAndNoOthers) {
-    const std::wstring filters = filterString({});
-    FileNameBuffer name{};
-    const OPENFILENAMEW request = openDialogRequest(filters, name);
+static OPENFILENAMEW expectedRequest(const std::wstring& filters, FileNameBuffer& name, DWORD flags) {
     OPENFILENAMEW expected{};
     expected.lStructSize = sizeof(OPENFILENAMEW);
     expected.lpstrFilter = filters.c_str();
     expected.nFilterIndex = 1;
     expected.lpstrFile = name.data();
     expected.nMaxFile = 260;
-    expected.Flags = 0x1808;
+    expected.Flags = flags;
+    return expected;
+}
+
+TEST(OpenDialogRequest, HasTheseMembersAndNoOthers) {
+    const std::wstring filters = filterString({});
+    FileNameBuffer name{};
+    const OPENFILENAMEW request = openDialogRequest(filters, name);
+    const OPENFILENAMEW expected = expectedRequest(filters, name, 0x1808);
     EXPECT_EQ(memcmp(&request, &expected, sizeof request), 0);
 }
 
@@ -42,13 +47,7 @@ TEST(SaveDialogRequest, HasTheseMembersAndNoOthers) {
     const std::wstring extension = L"words.tessary";
     FileNameBuffer name = preFilledName("Untitled.words.tessary");
     const OPENFILENAMEW request = saveDialogRequest(filters, name, extension);
-    OPENFILENAMEW expected{};
-    expected.lStructSize = sizeof(OPENFILENAMEW);
-    expected.lpstrFilter = filters.c_str();
-    expected.nFilterIndex = 1;
-    expected.lpstrFile = name.data();
-    expected.nMaxFile = 260;
-    expected.Flags = 0x080A;
+    OPENFILENAMEW expected = expectedRequest(filters, name, 0x080A);
     expected.lpstrDefExt = extension.c_str();
     EXPECT_EQ(memcmp(&request, &expected, sizeof request), 0);
     EXPECT_STREQ(request.lpstrFile, L"Untitled.words.tessary");
@@ -69,12 +68,12 @@ TEST(PreFilledName, IsEmptyWhenTheNameDoesNotFit) {
     EXPECT_STREQ(preFilledName("").data(), L"");
 }
 
-TEST(DialogCalls, AreHeldBackByTheWebView) { EXPECT_FALSE(dialogsLetCallsIn()); }
+TEST(DialogCalls, AreHeldBackByTheWebView) { EXPECT_FALSE(dialogsAreReentrant()); }
 
 TEST(Utf16, GoesBothWays) {
     EXPECT_EQ(utf16FromUtf8("é漢\xF0\x9F\x98\x80"), L"é漢\xD83D\xDE00");
     EXPECT_EQ(utf8FromUtf16(L"é漢\xD83D\xDE00"), "é漢\xF0\x9F\x98\x80");
     EXPECT_EQ(utf16FromUtf8(""), L"");
     EXPECT_EQ(utf8FromUtf16(L""), "");
-    EXPECT_EQ(utf16FromUtf8("a\0b"s), L"a");
+    EXPECT_EQ(utf16FromUtf8("a\0b"s), L"a\0b"s);
 }

@@ -27,7 +27,7 @@ TEST(FileIoOnLinux, DoesNotNoticeAFullDisk) {
 TEST(FileIoOnLinux, SavesWhileAProgramThatHangsHasTheTurn) {
     const TemporaryFolder folder;
     const std::string path = folder.file("document");
-    const SaveTurn hanging = takeSaveTurn(path);
+    const SaveLock hanging = acquireSaveLock(path);
     ASSERT_TRUE(hanging);
     EXPECT_TRUE(writeTextFile(path, "text").success);
     EXPECT_EQ(bytesOf(path), "text");

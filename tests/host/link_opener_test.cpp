@@ -60,7 +60,7 @@ TEST(OpenExternalUrl, NeedsAString) {
     }
 }
 
-TEST(OpenExternalUrl, TellsThatTheSystemRefused) {
+TEST(OpenExternalUrl, ReportsThatTheSystemRefused) {
     EXPECT_EQ(complaintAbout("[\"https://x\"]", refuse), "Failed to open URL in browser");
 }
 

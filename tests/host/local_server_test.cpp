@@ -35,7 +35,7 @@ protected:
     httplib::Client client{"localhost", serverPort};
 };
 
-TEST_F(LocalServer, TellsItsPort) {
+TEST_F(LocalServer, ReportsItsPort) {
     EXPECT_GT(serverPort, 0);
     EXPECT_EQ(getServerUrl(), "http://localhost:" + std::to_string(serverPort));
     EXPECT_TRUE(

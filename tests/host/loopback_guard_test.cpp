@@ -39,46 +39,46 @@ private:
 
 bool answers(const char* address, int port) { return static_cast<bool>(httplib::Client(address, port).Get("/")); }
 
-class TwinAddressOf : public testing::TestWithParam<std::pair<const char*, const char*>> {
+class LoopbackGuardOf : public testing::TestWithParam<std::pair<const char*, const char*>> {
 protected:
     const char* own = GetParam().first;
-    const char* twin = GetParam().second;
+    const char* other = GetParam().second;
 };
 }  // namespace
 
-TEST_P(TwinAddressOf, AServerIsKeptFromOthers) {
+TEST_P(LoopbackGuardOf, AServerIsKeptFromOthers) {
     const OtherServer server(own);
     ASSERT_GT(server.port(), 0);
     {
-        const TwinAddress held(server.port());
-        EXPECT_FALSE(held.isTaken());
-        EXPECT_EQ(OtherServer(twin, server.port()).port(), -1);
-        EXPECT_FALSE(answers(twin, server.port()));
+        const LoopbackGuard held(server.port());
+        EXPECT_FALSE(held.otherAddressIsTaken());
+        EXPECT_EQ(OtherServer(other, server.port()).port(), -1);
+        EXPECT_FALSE(answers(other, server.port()));
         EXPECT_TRUE(answers(own, server.port()));
     }
-    EXPECT_EQ(OtherServer(twin, server.port()).port(), server.port()) << "free again once nobody holds it";
+    EXPECT_EQ(OtherServer(other, server.port()).port(), server.port()) << "free again once nobody holds it";
 }
 
-TEST_P(TwinAddressOf, AServerIsTakenWhereAnotherListens) {
+TEST_P(LoopbackGuardOf, AServerIsTakenWhereAnotherListens) {
     const OtherServer server(own);
-    const OtherServer other(twin, server.port());
-    ASSERT_EQ(other.port(), server.port());
-    const TwinAddress held(server.port());
-    EXPECT_TRUE(held.isTaken());
+    const OtherServer intruder(other, server.port());
+    ASSERT_EQ(intruder.port(), server.port());
+    const LoopbackGuard held(server.port());
+    EXPECT_TRUE(held.otherAddressIsTaken());
 }
 
-/// None where the system has no IPv6, and with it no twin.
+/// None where the system has no IPv6, and with it no second address.
 static std::vector<std::pair<const char*, const char*>> bothWays() {
     if (OtherServer("::1").port() < 0) return {};
     return {{"127.0.0.1", "::1"}, {"::1", "127.0.0.1"}};
 }
 
-GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(TwinAddressOf);
-INSTANTIATE_TEST_SUITE_P(BothWays, TwinAddressOf, testing::ValuesIn(bothWays()));
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(LoopbackGuardOf);
+INSTANTIATE_TEST_SUITE_P(BothWays, LoopbackGuardOf, testing::ValuesIn(bothWays()));
 
-TEST(TwinAddress, OfTheOnlyServerIsNotTaken) {
+TEST(LoopbackGuard, OfTheOnlyServerIsNotTaken) {
     const OtherServer server("127.0.0.1");
-    EXPECT_FALSE(TwinAddress(server.port()).isTaken());
+    EXPECT_FALSE(LoopbackGuard(server.port()).otherAddressIsTaken());
 }
 
-TEST(TwinAddress, OfNoServerIsNotTaken) { EXPECT_FALSE(TwinAddress(-1).isTaken()); }
+TEST(LoopbackGuard, OfNoServerIsNotTaken) { EXPECT_FALSE(LoopbackGuard(-1).otherAddressIsTaken()); }

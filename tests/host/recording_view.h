@@ -1,4 +1,4 @@
-// tests/host/recording_view.h: a window that only remembers what it was asked.
+// A window that only remembers what it was asked.
 #pragma once
 #include <map>
 #include <string>
@@ -12,7 +12,7 @@ public:
     void setTitle(const std::string&) override {}
     void init(const std::string& script) override { scripts.push_back(script); }
     void bind(const std::string& name, Handler handler) override { add(name, std::move(handler)); }
-    void bindRaising(const std::string& name, Handler handler) override { add(name, std::move(handler)); }
+    void bindThrowing(const std::string& name, Handler handler) override { add(name, std::move(handler)); }
     void navigate(const std::string&) override {}
     void setSize(int, int) override {}
     void run() override {}

@@ -30,41 +30,41 @@ private:
 };
 }  // namespace
 
-class DocumentCopiesOnLinux : public DocumentWithCopy {};
+class RecoveryFilesOnLinux : public DocumentWithRecoveryFile {};
 
-TEST_F(DocumentCopiesOnLinux, AreReadByTheirOwnerOnly) {
+TEST_F(RecoveryFilesOnLinux, AreReadByTheirOwnerOnly) {
     putBytes(document, "old");
-    ASSERT_EQ(keepDocumentCopy(document, "secret"), DocumentCopy::kept);
+    ASSERT_EQ(writeRecoveryFile(document, "secret"), RecoveryFile::written);
     struct stat status {};
-    ASSERT_EQ(stat(copy.c_str(), &status), 0);
+    ASSERT_EQ(stat(recovery.c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 0777U, 0600U);
 }
 
-TEST_F(DocumentCopiesOnLinux, DoNotFollowALinkOfTheirName) {
+TEST_F(RecoveryFilesOnLinux, DoNotFollowALinkOfTheirName) {
     putBytes(document, "old");
     const std::string elsewhere = folder.file("elsewhere");
     putBytes(elsewhere, "not ours");
     std::filesystem::create_symlink(elsewhere, incomplete);
-    std::filesystem::create_symlink(elsewhere, copy);
+    std::filesystem::create_symlink(elsewhere, recovery);
     EXPECT_TRUE(writeTextFile(document, "new").success);
     EXPECT_EQ(bytesOf(elsewhere), "not ours");
     EXPECT_EQ(bytesOf(document), "new");
 }
 
-TEST_F(DocumentCopiesOnLinux, AreDoneWithoutWhereTheNameWouldBeTooLong) {
+TEST_F(RecoveryFilesOnLinux, AreDoneWithoutWhereTheNameWouldBeTooLong) {
     const std::string longNamed = folder.file(std::string(250, 'n'));
     putBytes(longNamed, "old");
-    EXPECT_EQ(keepDocumentCopy(longNamed, "new"), DocumentCopy::impossible);
+    EXPECT_EQ(writeRecoveryFile(longNamed, "new"), RecoveryFile::impossible);
     EXPECT_TRUE(writeTextFile(longNamed, "new").success);
     EXPECT_EQ(bytesOf(longNamed), "new");
 }
 
-TEST_F(DocumentCopiesOnLinux, SaveAnOldDocumentFromADiskWithoutRoom) {
+TEST_F(RecoveryFilesOnLinux, SaveAnOldDocumentFromADiskWithoutRoom) {
     putBytes(document, "old");
     const FileSizeLimit limit(1000);
     const Outcome outcome = writeTextFile(document, std::string(2000, 'x'));
     EXPECT_EQ(outcome.error, "file-write-failed");
     EXPECT_EQ(bytesOf(document), "old");
-    EXPECT_FALSE(std::filesystem::exists(copy));
+    EXPECT_FALSE(std::filesystem::exists(recovery));
     EXPECT_FALSE(std::filesystem::exists(incomplete));
 }

@@ -1,4 +1,4 @@
-// tests/host/temporary_folder.h: a folder for one test, removed with all that is in it.
+// A folder for one test, removed with all that is in it.
 #pragma once
 #include <filesystem>
 #include <fstream>

@@ -1,4 +1,4 @@
-// src/app/window/browser_runtime_windows.h: whether the browser runtime that the window needs is installed.
+// Whether the browser runtime that the window needs is installed.
 #pragma once
 #include <string>
 

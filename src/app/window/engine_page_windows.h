@@ -1,5 +1,4 @@
-// src/app/window/engine_page_windows.h: the ICoreWebView2 behind the library's window. To be included after the
-// library, in the one unit that includes it.
+// The ICoreWebView2 behind the library's window. To be included after the library, in the one unit that includes it.
 #pragma once
 
 // Of its objects the library hands out the window's handle alone. A private member may be named where a template is
@@ -12,4 +11,4 @@ ICoreWebView2* pageOf(const webview::webview& view);
 template struct EnginePage<&webview::detail::win32_edge_engine::m_webview>;
 
 /// Null when the engine did not start.
-inline void* enginePage(const webview::webview& view) { return pageOf(view); }
+inline ICoreWebView2* enginePage(const webview::webview& view) { return pageOf(view); }

@@ -7,10 +7,11 @@
 
 #ifdef _WIN32
 #include "app/window/engine_page_windows.h"
+#include "app/window/restrict_navigation_windows.h"
 #else
 #include "app/window/engine_page_linux.h"
+#include "app/window/restrict_navigation_linux.h"
 #endif
-#include "app/window/navigation_policy.h"
 #include "bridge/call_queue.h"
 #include "bridge/envelope.h"
 #include "bridge/file_dialogs.h"
@@ -21,7 +22,7 @@ static constexpr int rejected = 1;
 
 struct NativeWebView::Library {
     webview::webview view{true, nullptr};
-    SerialCalls calls;
+    CallQueue calls;
 
     /// Calls `handler` when its turn has come and replies by the call's id. An exception must not get out: it would
     /// cross the web engine's frames and end the process.
@@ -52,14 +53,14 @@ void NativeWebView::init(const std::string& script) { library_->view.init(wellFo
 
 void NativeWebView::bind(const std::string& name, Handler handler) {
     // The library's synchronous form is enough where the engine holds other calls back while a dialog is open.
-    if (dialogsLetCallsIn()) return library_->bindById(name, handler);
+    if (dialogsAreReentrant()) return library_->bindById(name, handler);
     library_->view.bind(name, std::move(handler));
 }
 
-void NativeWebView::bindRaising(const std::string& name, Handler handler) { library_->bindById(name, handler); }
+void NativeWebView::bindThrowing(const std::string& name, Handler handler) { library_->bindById(name, handler); }
 
-void NativeWebView::keepOn(const std::string& origin) {
-    if (void* const page = enginePage(library_->view)) keepOnOrigin(page, origin);
+bool NativeWebView::restrictNavigation(const std::string& origin) {
+    return ::restrictNavigation(enginePage(library_->view), origin);
 }
 
 void NativeWebView::navigate(const std::string& url) { library_->view.navigate(url); }

@@ -1,4 +1,4 @@
-// src/app/window/native_web_view.h: the real window, made with the web-view library.
+// The real window, made with the web-view library.
 #pragma once
 #include <memory>
 
@@ -11,13 +11,14 @@ public:
     NativeWebView();
     ~NativeWebView() override;
 
-    /// Keeps the window on pages of this origin (navigation_fence.h).
-    void keepOn(const std::string& origin);
+    /// Keeps the window on pages of this origin (navigation_policy.h). False when the web engine cannot be restricted:
+    /// no page may be shown then.
+    [[nodiscard]] bool restrictNavigation(const std::string& origin);
 
     void setTitle(const std::string& title) override;
     void init(const std::string& script) override;
     void bind(const std::string& name, Handler handler) override;
-    void bindRaising(const std::string& name, Handler handler) override;
+    void bindThrowing(const std::string& name, Handler handler) override;
     void navigate(const std::string& url) override;
     void setSize(int width, int height) override;
     void run() override;

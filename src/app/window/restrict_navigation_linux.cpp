@@ -1,6 +1,7 @@
-#include <webkit2/webkit2.h>
+#include "app/window/restrict_navigation_linux.h"
 
 #include "app/window/navigation_policy.h"
+#include "bridge/link_opener.h"
 
 static std::string addressOf(WebKitPolicyDecision* decision) {
     auto* action = webkit_navigation_policy_decision_get_navigation_action(WEBKIT_NAVIGATION_POLICY_DECISION(decision));
@@ -8,16 +9,21 @@ static std::string addressOf(WebKitPolicyDecision* decision) {
     return address == nullptr ? "" : address;
 }
 
-static gboolean decide(WebKitWebView*, WebKitPolicyDecision* decision, WebKitPolicyDecisionType type,
-                       const std::string* origin) {
+static gboolean decidePolicy(WebKitWebView*, WebKitPolicyDecision* policyDecision, WebKitPolicyDecisionType type,
+                             const std::string* origin) {
     if (type == WEBKIT_POLICY_DECISION_TYPE_RESPONSE) return FALSE;
-    if (mayShow(addressOf(decision), *origin)) return FALSE;
-    webkit_policy_decision_ignore(decision);
+    const std::string address = addressOf(policyDecision);
+    const NavigationDecision decision = decideNavigation(address, *origin);
+    if (decision == NavigationDecision::allow) return FALSE;
+    // A link that no program opens goes nowhere.
+    if (decision == NavigationDecision::openExternally) static_cast<void>(launchUrl(address));
+    webkit_policy_decision_ignore(policyDecision);
     return TRUE;
 }
 
-void keepOnOrigin(void* page, const std::string& origin) {
-    const auto forget = [](gpointer text, GClosure*) { delete static_cast<std::string*>(text); };
-    g_signal_connect_data(page, "decide-policy", G_CALLBACK(decide), new std::string(origin), forget,
-                          static_cast<GConnectFlags>(0));
+bool restrictNavigation(WebKitWebView* view, const std::string& origin) {
+    if (view == nullptr) return false;
+    const auto release = [](gpointer text, GClosure*) { delete static_cast<std::string*>(text); };
+    return g_signal_connect_data(view, "decide-policy", G_CALLBACK(decidePolicy), new std::string(origin), release,
+                                 static_cast<GConnectFlags>(0)) != 0;
 }

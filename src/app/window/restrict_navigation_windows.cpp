@@ -1,9 +1,10 @@
-#include <WebView2.h>
+#include "app/window/restrict_navigation_windows.h"
 
 #include <atomic>
 #include <utility>
 
 #include "app/window/navigation_policy.h"
+#include "bridge/link_opener.h"
 #include "bridge/text/utf16_windows.h"
 
 namespace {
@@ -57,7 +58,12 @@ public:
     explicit NavigationHandler(const std::string& origin) : EventHandler(navigationStarting, origin) {}
 
     HRESULT STDMETHODCALLTYPE Invoke(ICoreWebView2*, ICoreWebView2NavigationStartingEventArgs* arguments) override {
-        return mayShow(addressOf(arguments), origin()) ? S_OK : arguments->put_Cancel(TRUE);
+        const std::string address = addressOf(arguments);
+        const NavigationDecision decision = decideNavigation(address, origin());
+        if (decision == NavigationDecision::allow) return S_OK;
+        // A link that no program opens goes nowhere.
+        if (decision == NavigationDecision::openExternally) static_cast<void>(launchUrl(address));
+        return arguments->put_Cancel(TRUE);
     }
 };
 
@@ -67,19 +73,23 @@ public:
 
     /// There is one window only. What may be shown in it gets no second one.
     HRESULT STDMETHODCALLTYPE Invoke(ICoreWebView2*, ICoreWebView2NewWindowRequestedEventArgs* arguments) override {
-        static_cast<void>(mayShow(addressOf(arguments), origin()));
+        const std::string address = addressOf(arguments);
+        if (decideNavigation(address, origin()) == NavigationDecision::openExternally) {
+            static_cast<void>(launchUrl(address));
+        }
         return arguments->put_Handled(TRUE);
     }
 };
 }  // namespace
 
-void keepOnOrigin(void* page, const std::string& origin) {
-    auto* view = static_cast<ICoreWebView2*>(page);
+bool restrictNavigation(ICoreWebView2* view, const std::string& origin) {
+    if (view == nullptr) return false;
     EventRegistrationToken token;
     auto* const navigation = new NavigationHandler(origin);
-    view->add_NavigationStarting(navigation, &token);
+    const HRESULT navigationAdded = view->add_NavigationStarting(navigation, &token);
     navigation->Release();
     auto* const newWindow = new NewWindowHandler(origin);
-    view->add_NewWindowRequested(newWindow, &token);
+    const HRESULT newWindowAdded = view->add_NewWindowRequested(newWindow, &token);
     newWindow->Release();
+    return SUCCEEDED(navigationAdded) && SUCCEEDED(newWindowAdded);
 }

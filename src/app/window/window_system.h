@@ -1,4 +1,4 @@
-// src/app/window/window_system.h: what the system must offer before a window can be made.
+// What the system must offer before a window can be made.
 #pragma once
 #include <optional>
 #include <string>
@@ -8,4 +8,4 @@
 [[nodiscard]] std::optional<std::string> prepareWindowSystem();
 
 /// Shows a sentence that must not be missed where the user of this system looks: the terminal, or a message box.
-void tellUser(const std::string& sentence);
+void showStartupError(const std::string& sentence);

@@ -20,7 +20,7 @@ static OwnedObject<GdkPixbuf> embeddedPicture(const std::string& path) {
     return OwnedObject<GdkPixbuf>(gdk_pixbuf_new_from_stream(stream.get(), nullptr, nullptr));
 }
 
-/// A program without its icon is still of use, so nothing that goes wrong here is told.
+/// A program without its icon is still of use, so nothing that goes wrong here is reported.
 static void setWindowIcon() {
     GList* pictures = nullptr;
     for (const char* size : {"16", "32", "48", "64", "128", "256"}) {
@@ -58,4 +58,4 @@ std::optional<std::string> prepareWindowSystem() {
     return std::nullopt;
 }
 
-void tellUser(const std::string& sentence) { std::fputs((sentence + "\n").c_str(), stderr); }
+void showStartupError(const std::string& sentence) { std::fputs((sentence + "\n").c_str(), stderr); }

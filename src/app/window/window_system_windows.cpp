@@ -12,6 +12,6 @@ std::optional<std::string> prepareWindowSystem() {
            "https://developer.microsoft.com/microsoft-edge/webview2/ and start Tessary again.";
 }
 
-void tellUser(const std::string& sentence) {
+void showStartupError(const std::string& sentence) {
     MessageBoxW(nullptr, utf16FromUtf8(sentence).c_str(), L"Tessary", MB_OK | MB_ICONERROR);
 }

@@ -1,16 +1,16 @@
-// src/bridge/files/durable_file.h: files whose bytes are known to be on the disk, for copies that outlive a cut-off
-// save. Paths are narrow strings in the process's code page. All functions block until the system has written.
+// Files whose bytes are known to be on the disk, for recovery files that outlive a cut-off save. Paths are narrow
+// strings in the process's code page. All functions block until the system has written.
 #pragma once
 #include <string>
 
-enum class NewFile {
+enum class WriteResult {
     written,     ///< the file is whole and on the disk
     notCreated,  ///< the folder takes no file of this name; nothing was left behind
-    cutShort,    ///< the disk or a quota is full, or failed; nothing was left behind
+    ioError,     ///< the disk or a quota is full, or failed; nothing was left behind
 };
 
 /// Writes `content` in text mode to a file that only this user may read, in place of whatever had the name before.
-[[nodiscard]] NewFile writeNewFile(const std::string& path, const std::string& content);
+[[nodiscard]] WriteResult writeNewFile(const std::string& path, const std::string& content);
 
 /// Gives the file `from` the name `to`, at once and in place of the file that had it. False when the system refused.
 [[nodiscard]] bool replaceFile(const std::string& from, const std::string& to);

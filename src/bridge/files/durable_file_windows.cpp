@@ -44,15 +44,15 @@ bool Descriptor::write(std::string_view text) const {
     return true;
 }
 
-static NewFile writeText(const Descriptor& file, const std::string& content) {
-    if (!file.isOpen()) return errno == ENOSPC ? NewFile::cutShort : NewFile::notCreated;
-    return file.write(content) && file.flush() ? NewFile::written : NewFile::cutShort;
+static WriteResult writeText(const Descriptor& file, const std::string& content) {
+    if (!file.isOpen()) return errno == ENOSPC ? WriteResult::ioError : WriteResult::notCreated;
+    return file.write(content) && file.flush() ? WriteResult::written : WriteResult::ioError;
 }
 
-NewFile writeNewFile(const std::string& path, const std::string& content) {
+WriteResult writeNewFile(const std::string& path, const std::string& content) {
     removeFile(path);
-    const NewFile outcome = writeText(Descriptor(path, _O_WRONLY | _O_CREAT | _O_EXCL), content);
-    if (outcome == NewFile::cutShort) removeFile(path);
+    const WriteResult outcome = writeText(Descriptor(path, _O_WRONLY | _O_CREAT | _O_EXCL), content);
+    if (outcome == WriteResult::ioError) removeFile(path);
     return outcome;
 }
 

@@ -29,7 +29,7 @@ Outcome readTextFile(const std::string& path) {
     }
 }
 
-// Opening for appending tells it without emptying the file.
+// Opening for appending shows it without emptying the file.
 static bool canBeWritten(const std::string& path) {
     return std::ofstream(path, std::ios::out | std::ios::app).is_open();
 }
@@ -42,17 +42,17 @@ static bool holdsDocument(const std::string& path) {
 
 Outcome writeTextFile(const std::string& path, const std::string& content) {
     try {
-        const SaveTurn turn = takeSaveTurn(path);
+        const SaveLock lock = acquireSaveLock(path);
         const bool replaces = holdsDocument(path);
         if (replaces && !canBeWritten(path)) return failed(fileWriteFailed);
-        const DocumentCopy copy = replaces ? keepDocumentCopy(path, content) : DocumentCopy::impossible;
-        if (copy == DocumentCopy::noSpace) return failed(fileWriteFailed);
+        const RecoveryFile recovery = replaces ? writeRecoveryFile(path, content) : RecoveryFile::impossible;
+        if (recovery == RecoveryFile::noSpace) return failed(fileWriteFailed);
 
         std::ofstream file(path, std::ios::out | std::ios::trunc);
         if (!file.is_open()) return failed(fileWriteFailed);
         file << content;
         file.close();
-        if (copy == DocumentCopy::kept && file.good()) dropDocumentCopy(path);
+        if (recovery == RecoveryFile::written && file.good()) removeRecoveryFile(path);
         return succeeded();
     } catch (const std::exception&) {
         return failed(fileWriteFailed);

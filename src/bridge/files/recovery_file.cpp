@@ -2,19 +2,19 @@
 
 #include "bridge/files/durable_file.h"
 
-static std::string copyOf(const std::string& document) { return document + ".new-text"; }
+static std::string recoveryFileOf(const std::string& document) { return document + ".new-text"; }
 
-DocumentCopy keepDocumentCopy(const std::string& document, const std::string& content) {
-    const std::string copy = copyOf(document);
-    const std::string incomplete = copy + ".incomplete";
-    const NewFile outcome = writeNewFile(incomplete, content);
-    if (outcome == NewFile::cutShort) return DocumentCopy::noSpace;
-    if (outcome == NewFile::notCreated) return DocumentCopy::impossible;
-    if (replaceFile(incomplete, copy)) return DocumentCopy::kept;
+RecoveryFile writeRecoveryFile(const std::string& document, const std::string& content) {
+    const std::string complete = recoveryFileOf(document);
+    const std::string incomplete = complete + ".incomplete";
+    const WriteResult result = writeNewFile(incomplete, content);
+    if (result == WriteResult::ioError) return RecoveryFile::noSpace;
+    if (result == WriteResult::notCreated) return RecoveryFile::impossible;
+    if (replaceFile(incomplete, complete)) return RecoveryFile::written;
     removeFile(incomplete);
-    return DocumentCopy::impossible;
+    return RecoveryFile::impossible;
 }
 
-void dropDocumentCopy(const std::string& document) {
-    if (flushFile(document)) removeFile(copyOf(document));
+void removeRecoveryFile(const std::string& document) {
+    if (flushFile(document)) removeFile(recoveryFileOf(document));
 }

@@ -3,19 +3,17 @@
 
 #include "bridge/files/save_lock.h"
 
-static constexpr DWORD patience = 2000;  // milliseconds
-
-static void endTurn(HANDLE turn) {
-    ReleaseMutex(turn);
-    CloseHandle(turn);
+static void release(HANDLE mutex) {
+    ReleaseMutex(mutex);
+    CloseHandle(mutex);
 }
 
-// One turn for all documents: a lock on the file itself would keep other programs from reading it.
-SaveTurn takeSaveTurn(const std::string& /*document*/) {
-    const HANDLE turn = CreateMutexW(nullptr, FALSE, L"Local\\tessary-save");
-    if (turn == nullptr) return nullptr;
-    const DWORD outcome = WaitForSingleObject(turn, patience);
-    if (outcome == WAIT_OBJECT_0 || outcome == WAIT_ABANDONED) return {turn, endTurn};
-    CloseHandle(turn);
+// One lock for all documents: a lock on the file itself would keep other programs from reading it.
+SaveLock acquireSaveLock(const std::string& /*document*/) {
+    const HANDLE mutex = CreateMutexW(nullptr, FALSE, L"Local\\tessary-save");
+    if (mutex == nullptr) return nullptr;
+    const DWORD outcome = WaitForSingleObject(mutex, static_cast<DWORD>(saveLockPatience.count()));
+    if (outcome == WAIT_OBJECT_0 || outcome == WAIT_ABANDONED) return {mutex, release};
+    CloseHandle(mutex);
     return nullptr;
 }

@@ -1,4 +1,4 @@
-// src/bridge/text/glib_ownership_linux.h: what GLib hands over, released at the end of the scope.
+// What GLib hands over, released at the end of the scope.
 #pragma once
 #include <glib-object.h>
 

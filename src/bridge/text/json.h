@@ -1,4 +1,4 @@
-// src/bridge/text/json.h: ownership of json-c's reference-counted values.
+// Ownership of json-c's reference-counted values.
 #pragma once
 #include <json-c/json.h>
 

@@ -1,5 +1,5 @@
-// src/bridge/text/native_path.h: between the narrow strings of the process (argument vector, bridge paths) and
-// file-system paths. Narrow means the file-system code page: the ANSI code page on Windows, plain bytes elsewhere.
+// Between the narrow strings of the process (argument vector, bridge paths) and file-system paths. Narrow means the
+// file-system code page: the ANSI code page on Windows, plain bytes elsewhere.
 #pragma once
 #include <filesystem>
 #include <string>

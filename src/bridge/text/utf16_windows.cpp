@@ -4,12 +4,11 @@
 
 #include <cstddef>
 
-std::wstring utf16FromUtf8(const std::string& utf8) {
-    const int size = MultiByteToWideChar(CP_UTF8, 0, utf8.c_str(), -1, nullptr, 0);
-    if (size <= 1) return {};
+std::wstring utf16FromUtf8(std::string_view utf8) {
+    const int length = static_cast<int>(utf8.size());
+    const int size = MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, nullptr, 0);
     std::wstring text(static_cast<std::size_t>(size), L'\0');
-    MultiByteToWideChar(CP_UTF8, 0, utf8.c_str(), -1, text.data(), size);
-    text.pop_back();
+    MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, text.data(), size);
     return text;
 }
 

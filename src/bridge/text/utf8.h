@@ -1,4 +1,4 @@
-// src/bridge/text/utf8.h: what has to happen to text before it may enter the page.
+// What has to happen to text before it may enter the page.
 #pragma once
 #include <string>
 #include <string_view>

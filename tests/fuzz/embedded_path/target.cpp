@@ -40,7 +40,7 @@ static void checkLookup(const std::string& path) {
         require(file.begin() == entry->file()->begin && file.end() == entry->file()->end, "a file's bytes are its own");
     } catch (const std::system_error& error) {
         require(entry == nullptr || !entry->isFile(), "every file can be opened");
-        require(error.code() == std::errc::no_such_file_or_directory, "a missing file is told as such");
+        require(error.code() == std::errc::no_such_file_or_directory, "a missing file is reported as such");
     }
 }
 

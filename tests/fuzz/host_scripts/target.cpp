@@ -34,9 +34,9 @@ static std::string valueAt(const std::string& script, std::size_t& at) {
 static void checkArguments(const std::string& script, const std::string& error, const std::string& filePath) {
     std::size_t at = 0;
     skip(script, at, "\n            window.tessary.args = {\n                error: ");
-    require(valueAt(script, at) == error, "the page is told the error");
+    require(valueAt(script, at) == error, "the page gets the error");
     skip(script, at, ",\n                filePath: ");
-    require(valueAt(script, at) == filePath, "the page is told the path");
+    require(valueAt(script, at) == filePath, "the page gets the path");
     skip(script, at, "\n            };\n        ");
     require(at == script.size(), "nothing follows the script");
 }
@@ -46,7 +46,7 @@ static void checkPackage(const std::string& script, const std::string& package) 
     std::size_t at = script.find(before);
     require(at != std::string::npos, "the script names the package");
     at += before.size();
-    require(literalAt(script, at) == package, "the page is told the package");
+    require(literalAt(script, at) == package, "the page gets the package");
     require(script.substr(at) == "\n                }\n            };\n        ", "nothing follows the package");
 }
 

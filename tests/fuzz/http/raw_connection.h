@@ -1,4 +1,4 @@
-// tests/fuzz/http/raw_connection.h: a client that sends any bytes to the program's server.
+// A client that sends any bytes to the program's server.
 #pragma once
 #include <netinet/in.h>
 #include <sys/socket.h>

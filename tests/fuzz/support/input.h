@@ -1,4 +1,4 @@
-// tests/fuzz/support/input.h: what a fuzz target makes of its bytes.
+// What a fuzz target makes of its bytes.
 #pragma once
 #include <cstddef>
 #include <cstdint>

@@ -1,5 +1,5 @@
-// tests/fuzz/support/json_text.h: JSON strings as a page reads and writes them, apart from the host's own parser (which
-// reads some escaped pairs above U+FFFF as U+FFFD; a page never escapes them).
+// JSON strings as a page reads and writes them, apart from the host's own parser (which reads some escaped pairs above
+// U+FFFF as U+FFFD; a page never escapes them).
 #pragma once
 #include <cstdlib>
 #include <string>

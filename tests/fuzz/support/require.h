@@ -1,4 +1,4 @@
-// tests/fuzz/support/require.h: how a fuzz target says that a promise was broken.
+// How a fuzz target says that a promise was broken.
 #pragma once
 #include <cstdio>
 #include <cstdlib>

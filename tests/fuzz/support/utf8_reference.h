@@ -1,4 +1,4 @@
-// tests/fuzz/support/utf8_reference.h: a second, plain way to read UTF-8, to compare the program's own with.
+// A second, plain way to read UTF-8, to compare the program's own with.
 #pragma once
 #include <string>
 #include <string_view>

@@ -1,8 +1,7 @@
-// src/app/window/webview2/WebView2.h: the part of the WebView2 runtime's COM interface that the web-view library and
-// this program call.
-// Slots and signatures are the published ones and never change. Parameters of methods that nothing calls are given as
-// plain pointers, integers and tokens: only their place in the table matters on 64-bit Windows.
-// A Microsoft SDK's header of the same name may be used instead (WEBVIEW2_INCLUDE_DIR).
+// The part of the WebView2 runtime's COM interface that the web-view library and this program call. Slots and
+// signatures are the published ones and never change. Parameters of methods that nothing calls are given as plain
+// pointers, integers and tokens: only their place in the table matters on 64-bit Windows. A Microsoft SDK's header of
+// the same name may be used instead (WEBVIEW2_INCLUDE_DIR).
 #pragma once
 #include <windows.h>
 // windows.h must come first
