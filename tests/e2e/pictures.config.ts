@@ -1,5 +1,5 @@
 import { defineConfig } from '@playwright/test';
-import shared from './playwright.config.ts';
+import shared from './browser.config';
 
 // Not a test: draws the pictures of docs/ from the built page.
 export default defineConfig({

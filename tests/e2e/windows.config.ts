@@ -10,5 +10,6 @@ export default defineConfig({
   workers: 2,
   retries: process.env.CI ? 2 : 0, // the keyboard of a busy desktop can be taken away between two keys
   timeout: 120_000,
+  expect: { timeout: 30_000 }, // a busy machine takes longer than the runner's own five seconds
   reporter: [['list'], ['./support/shared/summaryReporter', { part: 'windows' }]],
 });

@@ -1,5 +1,5 @@
 import { defineConfig } from '@playwright/test';
-import shared from '../e2e/playwright.config.ts';
+import shared from '../e2e/browser.config';
 
 // What scripts/package made, as users install and start it.
 export default defineConfig({

@@ -32,9 +32,9 @@ const send = (page: Page, rawContent: string) =>
   }, rawContent);
 
 test.describe('in an editor extension', () => {
-  test.beforeEach(async ({ page, enter }) => {
+  test.beforeEach(async ({ page, server }) => {
     await stubEditor(page);
-    await enter();
+    await page.goto(server.url); // shows nothing before the editor sends its document
     await expect.poll(() => posted(page)).toEqual([{ type: 'ready' }]);
   });
 

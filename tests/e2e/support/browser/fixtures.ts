@@ -6,7 +6,7 @@ import { type PageServer, servePage } from './pageServer';
 interface Fixtures {
   /** Errors on the page's console so far. What is still in the list at the end fails the test. */
   problems: string[];
-  /** Opens the page at "/", the only place where it can be entered. */
+  /** Opens the page at "/", the only place where it can be entered, and waits until it can be used. */
   enter: () => Promise<void>;
   /** Fails when the page as it is now has something that people with assistive technology cannot use. */
   expectAccessible: () => Promise<void>;
@@ -33,6 +33,8 @@ export const test = base.extend<Fixtures, { server: PageServer }>({
   enter: async ({ page, server }, use) => {
     await use(async () => {
       await page.goto(server.url);
+      // The page shows nothing before it listens to the keyboard. While it fades from one route to the next it shows two.
+      await page.getByRole('main').first().waitFor();
     });
   },
   expectAccessible: async ({ page }, use) => {

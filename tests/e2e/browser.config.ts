@@ -8,12 +8,13 @@ const chromium = execFileSync('sh', ['-c', 'command -v chromium'], {
 
 export default defineConfig({
   testDir: '.',
-  outputDir: '../../build/test-results/e2e',
+  outputDir: '../../build/test-results/browser',
   fullyParallel: true,
   forbidOnly: true,
   workers: 2,
   retries: process.env.CI ? 1 : 0,
   timeout: 120_000,
+  expect: { timeout: 30_000 }, // a busy machine takes longer than the runner's own five seconds
   reporter: [['list'], ['./support/shared/summaryReporter', { part: 'browser' }]],
   projects: [
     {
