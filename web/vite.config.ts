@@ -47,6 +47,7 @@ export default defineConfig({
     }),
     !installable && treePlugin(),
   ],
+  css: { modules: { generateScopedName: '[local]-[hash:base64:3]' } }, // shorter than the default: they stand in the script
   build: {
     target: 'es2022',
     assetsInlineLimit: 0,

@@ -1,22 +1,22 @@
-import Box from '@mui/joy/Box';
 import { AnimatePresence, usePresence } from 'framer-motion';
-import { type ReactNode, useEffect } from 'react';
+import { type CSSProperties, type ReactNode, useEffect } from 'react';
 import { useLocation, useOutlet } from 'react-router';
-import { colors } from '../ui/tokens';
+import styles from './FadingOutlet.module.css';
 
 /** How long a page takes to come or to go, in milliseconds. */
 const FADE = 150;
+const FADING = { '--fade': `${FADE}ms` } as CSSProperties;
 
 /** The content of the current route. The old one fades out before the new one fades in. */
 export function FadingOutlet() {
   const outlet = useOutlet();
   const { pathname } = useLocation();
   return (
-    <Box sx={{ background: colors.content, minHeight: 0, overflow: 'hidden' }}>
+    <div className={styles.outlet}>
       <AnimatePresence mode="wait">
         <FadingPage key={pathname}>{outlet}</FadingPage>
       </AnimatePresence>
-    </Box>
+    </div>
   );
 }
 
@@ -29,17 +29,8 @@ function FadingPage({ children }: { children: ReactNode }) {
     return () => clearTimeout(timer);
   }, [isPresent, safeToRemove]);
   return (
-    <Box
-      inert={!isPresent}
-      sx={{
-        height: '100%',
-        opacity: isPresent ? 1 : 0,
-        transition: `opacity ${FADE}ms`,
-        animation: `fade-in ${FADE}ms`,
-        '@media (prefers-reduced-motion: reduce)': { transition: 'none', animation: 'none' },
-      }}
-    >
+    <div inert={!isPresent} className={styles.page} style={FADING}>
       {children}
-    </Box>
+    </div>
   );
 }

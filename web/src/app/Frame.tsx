@@ -1,10 +1,11 @@
-import Box from '@mui/joy/Box';
+import cc from 'classcat';
 import { useDocumentKeys } from '../commands/useDocumentCommands';
 import { LoadingProgress } from '../components/LoadingProgress';
 import { UnsavedChangesDialog } from '../components/UnsavedChangesDialog';
 import { useDocumentDrop } from '../components/useDocumentDrop';
 import { isVsCode } from '../host/hostFlags';
 import { FadingOutlet } from './FadingOutlet';
+import styles from './Frame.module.css';
 import { Rail } from './Rail';
 import { useLeaveGuards } from './useLeaveGuards';
 
@@ -14,20 +15,11 @@ export function Frame() {
   useDocumentDrop();
   useLeaveGuards();
   return (
-    <Box
-      sx={{
-        display: 'grid',
-        gridTemplateColumns: isVsCode ? 'minmax(0, 1fr)' : 'auto minmax(0, 1fr)',
-        gridTemplateRows: 'minmax(0, 1fr)',
-        width: '100vw',
-        height: '100vh',
-        overflow: 'hidden',
-      }}
-    >
+    <div className={cc([styles.frame, !isVsCode && styles.withRail])}>
       {!isVsCode && <Rail />}
       <FadingOutlet />
       <UnsavedChangesDialog />
       <LoadingProgress />
-    </Box>
+    </div>
   );
 }

@@ -1,4 +1,3 @@
-import Box from '@mui/joy/Box';
 import Button from '@mui/joy/Button';
 import Tooltip from '@mui/joy/Tooltip';
 import Typography from '@mui/joy/Typography';
@@ -8,6 +7,7 @@ import { DOCUMENT_COMMANDS, type DocumentTarget } from '../commands/documentComm
 import { useDocumentTarget } from '../commands/useDocumentCommands';
 import { isVsCode } from '../host/hostFlags';
 import { useSheetsStore } from '../stores/sheetsStore';
+import styles from './DocumentBar.module.css';
 
 /** What can be done with the open document, and its file's name. An editor has its own commands for that. */
 export function DocumentBar() {
@@ -17,11 +17,7 @@ export function DocumentBar() {
   const isUnsaved = useSheetsStore((store) => store.isUnsaved);
   if (!hasDocument || isVsCode) return null;
   return (
-    <Box
-      role="toolbar"
-      aria-label={t('frame.documentBar')}
-      sx={{ display: 'flex', alignItems: 'center', gap: 0.25, paddingInline: 1, paddingBlock: 0.5 }}
-    >
+    <div role="toolbar" aria-label={t('frame.documentBar')} className={styles.bar}>
       {DOCUMENT_COMMANDS.map((command) => (
         <CommandButton
           key={command.id}
@@ -31,7 +27,7 @@ export function DocumentBar() {
         />
       ))}
       <FileName />
-    </Box>
+    </div>
   );
 }
 

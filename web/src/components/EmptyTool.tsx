@@ -1,16 +1,16 @@
-import Box from '@mui/joy/Box';
 import Typography from '@mui/joy/Typography';
 import { Trans, useTranslation } from 'react-i18next';
 import { newDocument, openDocument } from '../actions/documentActions';
 import { useDocumentTarget } from '../commands/useDocumentCommands';
 import { ActionLink } from '../ui/ActionLink';
+import styles from './EmptyTool.module.css';
 
 /** What the Words tool shows while there is no sheet. */
 export function EmptyTool() {
   const { t } = useTranslation();
   const { navigate } = useDocumentTarget();
   return (
-    <Box sx={{ display: 'grid', placeContent: 'center', justifyItems: 'center', gap: 1, height: '100%', padding: 2 }}>
+    <div className={styles.empty}>
       <Typography level="h2" component="h1">
         {t('tools.words.welcome')}
       </Typography>
@@ -24,6 +24,6 @@ export function EmptyTool() {
           }}
         />
       </Typography>
-    </Box>
+    </div>
   );
 }

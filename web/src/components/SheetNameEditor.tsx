@@ -1,4 +1,3 @@
-import Box from '@mui/joy/Box';
 import { type KeyboardEvent, useRef } from 'react';
 import { useTranslation } from 'react-i18next';
 import { runCommand } from '../commands/command';
@@ -6,7 +5,7 @@ import { FIELD_COMMANDS } from '../commands/fieldCommands';
 import { parseSheetName } from '../model/sheet/sheetNames';
 import { useSheetsStore } from '../stores/sheetsStore';
 import { showWarning } from '../ui/notifications';
-import { colors } from '../ui/tokens';
+import styles from './SheetNameEditor.module.css';
 
 interface SheetNameEditorProps {
   sheetId: string;
@@ -38,25 +37,14 @@ export function SheetNameEditor({ sheetId, name, onDone }: SheetNameEditorProps)
   const onBlur = (text: string) => finish(text.trim() === '' ? undefined : text);
 
   return (
-    <Box
-      component="input"
+    <input
       autoFocus
       aria-label={t('sheets.rename')}
       defaultValue={name}
       onFocus={(event) => event.currentTarget.select()}
       onKeyDown={onKeyDown}
       onBlur={(event) => onBlur(event.currentTarget.value)}
-      sx={{
-        position: 'absolute',
-        inset: 2,
-        paddingInline: 1,
-        border: 0,
-        borderRadius: 4,
-        color: '#fff',
-        background: colors.body,
-        font: 'inherit',
-        fontSize: '0.875rem',
-      }}
+      className={styles.field}
     />
   );
 }

@@ -1,13 +1,13 @@
-import Box from '@mui/joy/Box';
+import cc from 'classcat';
 import { type KeyboardEvent, memo, useRef, useState } from 'react';
 import { useTranslation } from 'react-i18next';
 import { VscClose } from 'react-icons/vsc';
 import { runCommand } from '../commands/command';
 import { TAB_COMMANDS, type TabTarget } from '../commands/tabCommands';
 import { useSheetsStore } from '../stores/sheetsStore';
-import { colors } from '../ui/tokens';
 import { SheetNameEditor } from './SheetNameEditor';
 import { SHEET_PANEL_ID } from './sheetPanel';
+import styles from './SheetTab.module.css';
 import { TAB_WIDTH } from './tabVirtualizer';
 
 /** No tab shows more than this of a name, however long a document makes it. */
@@ -45,10 +45,9 @@ export const SheetTab = memo(function SheetTab(props: SheetTabProps) {
   };
 
   return (
-    <Box sx={[TAB, isActive && ACTIVE_TAB]}>
-      <Box
+    <div className={cc([styles.tab, isActive && styles.active])} style={{ width: TAB_WIDTH }}>
+      <button
         ref={tab}
-        component="button"
         type="button"
         role="tab"
         id={tabId}
@@ -61,72 +60,22 @@ export const SheetTab = memo(function SheetTab(props: SheetTabProps) {
         onClick={() => setActiveSheet(sheetId)}
         onDoubleClick={() => setEditing(true)}
         onKeyDown={onKeyDown}
-        sx={TAB_BUTTON}
+        className={styles.name}
       >
         <bdi>{shownName}</bdi>
-      </Box>
+      </button>
       {isClosable && (
-        <Box
-          component="button"
+        <button
           type="button"
           aria-label={t('sheets.close', { name: shownName })}
           tabIndex={isActive ? 0 : -1}
           onClick={() => onClose(sheetId)}
-          sx={CLOSE_BUTTON}
+          className={styles.close}
         >
           <VscClose aria-hidden />
-        </Box>
+        </button>
       )}
       {isEditing && <SheetNameEditor sheetId={sheetId} name={name} onDone={stopEditing} />}
-    </Box>
+    </div>
   );
 });
-
-const BARE_BUTTON = { padding: 0, border: 0, background: 'transparent', color: 'inherit', font: 'inherit' } as const;
-
-const TAB = {
-  position: 'relative',
-  display: 'flex',
-  alignItems: 'center',
-  width: TAB_WIDTH,
-  height: 32,
-  color: '#c3cad5',
-  borderRight: '1px solid #ffffff1a',
-  '&:hover': { background: '#ffffff14' },
-} as const;
-
-const ACTIVE_TAB = {
-  color: '#fff',
-  background: colors.activeTab,
-  '&:hover': { background: colors.activeTab },
-  // Where the system's colours replace ours, a line marks the tab instead.
-  '@media (forced-colors: active)': { borderBottom: '3px solid Highlight' },
-} as const;
-
-const TAB_BUTTON = {
-  ...BARE_BUTTON,
-  flex: 1,
-  minWidth: 0,
-  height: '100%',
-  paddingLeft: 1.25,
-  textAlign: 'left',
-  fontSize: '0.875rem',
-  overflow: 'hidden',
-  textOverflow: 'ellipsis',
-  whiteSpace: 'nowrap',
-  cursor: 'pointer',
-  '&:focus-visible': { outlineOffset: -2 },
-} as const;
-
-const CLOSE_BUTTON = {
-  ...BARE_BUTTON,
-  display: 'grid',
-  placeItems: 'center',
-  flexShrink: 0,
-  width: 24,
-  height: 24,
-  marginInline: 0.5,
-  borderRadius: 4,
-  cursor: 'pointer',
-  '&:hover': { background: '#ffffff26' },
-} as const;

@@ -1,9 +1,9 @@
-import Box from '@mui/joy/Box';
 import { useCallback, useEffect, useId, useMemo, useRef, useState, type WheelEvent } from 'react';
 import { useTranslation } from 'react-i18next';
 import { isVsCode } from '../host/hostFlags';
 import { useSheetsStore } from '../stores/sheetsStore';
 import { SheetTab } from './SheetTab';
+import styles from './SheetTabs.module.css';
 import { createTitleSelector } from './sheetTitles';
 import { scrollToTab, visibleTabs } from './tabVirtualizer';
 
@@ -61,10 +61,10 @@ export function SheetTabs() {
   const owned = Array.from({ length: end - first }, (_, offset) => tabId(first + offset)).join(' ');
 
   return (
-    <Box sx={{ display: 'flex', alignItems: 'flex-start', minWidth: 0 }}>
+    <div className={styles.tabs}>
       {/* Close buttons stand beside their tabs, and a list of tabs may hold nothing but tabs: it owns them by name. */}
       <div role="tablist" aria-label={t('sheets.tabs')} aria-owns={owned || undefined} />
-      <Box ref={strip} onScroll={measure} onWheel={scrollSideways} sx={STRIP}>
+      <div ref={strip} onScroll={measure} onWheel={scrollSideways} className={styles.strip}>
         <div style={{ position: 'relative', width, height: '100%' }}>
           <div style={{ position: 'absolute', left, display: 'flex' }}>
             {titles.slice(first, end).map(({ id, name }, offset) => (
@@ -83,42 +83,16 @@ export function SheetTabs() {
             ))}
           </div>
         </div>
-      </Box>
-      <Box
-        component="button"
+      </div>
+      <button
         type="button"
         aria-label={t('sheets.add')}
         title={t('sheets.add')}
         onClick={() => useSheetsStore.getState().addSheet()}
-        sx={ADD_BUTTON}
+        className={styles.add}
       >
         +
-      </Box>
-    </Box>
+      </button>
+    </div>
   );
 }
-
-const STRIP = {
-  minWidth: 0,
-  height: 38, // tabs of 32 pixels above a scrollbar of 6
-  overflowX: 'auto',
-  overflowY: 'hidden',
-  '&::-webkit-scrollbar': { height: 6 },
-  '&::-webkit-scrollbar-thumb': { background: 'transparent', borderRadius: 3 },
-  '&:hover::-webkit-scrollbar-thumb, &:focus-within::-webkit-scrollbar-thumb': { background: '#6b7482' },
-} as const;
-
-const ADD_BUTTON = {
-  flexShrink: 0,
-  width: 32,
-  height: 32,
-  padding: 0,
-  border: 0,
-  borderRadius: 4,
-  background: 'transparent',
-  color: 'inherit',
-  font: 'inherit',
-  fontSize: '1.25rem',
-  cursor: 'pointer',
-  '&:hover': { background: '#ffffff1f' },
-} as const;

@@ -1,4 +1,3 @@
-import Box from '@mui/joy/Box';
 import Button from '@mui/joy/Button';
 import Divider from '@mui/joy/Divider';
 import JoyLink from '@mui/joy/Link';
@@ -10,6 +9,7 @@ import { displayName, version } from '../../package.json';
 import { Markdown } from '../components/Markdown';
 import { isMsStorePackage } from '../host/hostFlags';
 import { PrivacyPolicyLink } from './PrivacyPolicyLink';
+import styles from './WelcomePage.module.css';
 import { download, introduction, support } from './welcomeTexts';
 
 const WORDS_ROUTE = '/tools/words';
@@ -18,15 +18,15 @@ const WORDS_ROUTE = '/tools/words';
 export function WelcomePage() {
   const { t } = useTranslation();
   return (
-    <Box component="main" sx={{ height: '100%', overflow: 'auto' }}>
-      <Box sx={{ maxWidth: '46rem', marginInline: 'auto', padding: 4, paddingTop: 3 }}>
-        <Box sx={{ display: 'flex', alignItems: 'center', gap: 2 }}>
+    <main className={styles.page}>
+      <div className={styles.column}>
+        <div className={styles.title}>
           <img src="/favicon.svg" alt="" width={64} height={64} />
           <div>
             <Typography level="h1">{displayName}</Typography>
             <Typography level="body-sm">{version}</Typography>
           </div>
-        </Box>
+        </div>
         <Markdown text={introduction} />
         <WordsSection />
         <Divider sx={{ marginBlock: 3 }} />
@@ -44,8 +44,8 @@ export function WelcomePage() {
         <Section title={t('welcome.support')}>
           <Markdown text={support} />
         </Section>
-      </Box>
-    </Box>
+      </div>
+    </main>
   );
 }
 

@@ -17,7 +17,7 @@ export const theme = extendTheme({
     dark: {
       palette: {
         background: { body: colors.body },
-        text: { primary: colors.text, secondary: '#c3cad5', tertiary: colors.dim },
+        text: { primary: colors.text, secondary: colors.secondary, tertiary: colors.dim },
       },
     },
   },

@@ -13,6 +13,7 @@ export const colors = {
   field: '#15181d',
   line: '#3d4451',
   text: '#eceff4',
+  secondary: '#c3cad5',
   dim: '#a3adbb',
   /** Of numbers and lines that matter less than what they belong to. */
   faint: '#98a2b1',
