@@ -5,6 +5,7 @@ import { isDialogAbortError } from '../host/dialogAbort';
 import type { FileHandle } from '../host/fileHandle';
 import { fileService, type OpenedFile } from '../host/fileService';
 import { i18next } from '../i18n';
+import { inOneStep } from '../stores/history';
 import { useSheetsStore } from '../stores/sheetsStore';
 import { showError } from '../ui/notifications';
 import { mayDiscardChanges } from './unsavedChangesPrompt';
@@ -16,8 +17,10 @@ export type Navigate = (route: string) => void | Promise<void>;
 export async function newDocument(navigate: Navigate): Promise<void> {
   if (!(await mayDiscardChanges())) return;
   const { reset, addSheet } = useSheetsStore.getState();
-  reset();
-  addSheet();
+  inOneStep(() => {
+    reset();
+    addSheet();
+  });
   await navigate('/tools/words');
 }
 

@@ -4,6 +4,7 @@ import { BIT_FIELD_COMMANDS } from './bitFieldCommands';
 import { type Command, isOffered, runCommand, shortcutLabel } from './command';
 import { DOCUMENT_COMMANDS, PAGE_COMMANDS } from './documentCommands';
 import { FIELD_COMMANDS } from './fieldCommands';
+import { HISTORY_COMMANDS } from './historyCommands';
 import { KEY_GROUPS } from './keyList';
 import { TAB_COMMANDS } from './tabCommands';
 import { WORD_COMMANDS } from './wordCommands';
@@ -70,6 +71,7 @@ describe('a pressed key', () => {
 describe('the list of keys', () => {
   const all = [
     DOCUMENT_COMMANDS,
+    HISTORY_COMMANDS,
     PAGE_COMMANDS,
     TAB_COMMANDS,
     WORD_COMMANDS,
@@ -83,7 +85,7 @@ describe('the list of keys', () => {
   });
 
   test('has no key twice among commands that can act at the same place', () => {
-    const everywhere = [...DOCUMENT_COMMANDS, ...PAGE_COMMANDS];
+    const everywhere = [...DOCUMENT_COMMANDS, ...HISTORY_COMMANDS, ...PAGE_COMMANDS];
     for (const local of [
       TAB_COMMANDS,
       [...WORD_COMMANDS, ...FIELD_COMMANDS],

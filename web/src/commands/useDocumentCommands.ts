@@ -2,6 +2,9 @@ import { useEffect, useMemo, useRef } from 'react';
 import { useNavigate } from 'react-router';
 import { runCommand } from './command';
 import { DOCUMENT_COMMANDS, type DocumentTarget, PAGE_COMMANDS } from './documentCommands';
+import { HISTORY_COMMANDS } from './historyCommands';
+
+const EVERYWHERE = [...DOCUMENT_COMMANDS, ...HISTORY_COMMANDS, ...PAGE_COMMANDS];
 
 /** What the document's commands act on. The same object for as long as the component lives. */
 export function useDocumentTarget(): DocumentTarget {
@@ -13,8 +16,7 @@ export function useDocumentTarget(): DocumentTarget {
 export function useDocumentKeys(): void {
   const target = useDocumentTarget();
   useEffect(() => {
-    const onKeyDown = (event: KeyboardEvent) =>
-      void runCommand([...DOCUMENT_COMMANDS, ...PAGE_COMMANDS], event, target);
+    const onKeyDown = (event: KeyboardEvent) => void runCommand(EVERYWHERE, event, target);
     window.addEventListener('keydown', onKeyDown, { capture: true });
     return () => window.removeEventListener('keydown', onKeyDown, { capture: true });
   }, [target]);

@@ -1,4 +1,5 @@
 import { allBits } from '../model/integer/wordOperations';
+import { type ValueChange, withCause } from '../stores/changeCause';
 import { type SheetOperations, useSheetStore } from '../stores/sheetStore';
 import type { Command } from './command';
 
@@ -13,12 +14,15 @@ export interface WordOperation extends Command<WordTarget> {
   readonly icon: string;
 }
 
-function operation<Id extends string>(
+function operation<Id extends ValueChange>(
   id: Id,
   icon: string,
   change: (sheet: SheetOperations, index: number, width: number) => void,
 ) {
-  const run = ({ width, index }: WordTarget) => change(useSheetStore.getState(), index, width);
+  const run = ({ width, index }: WordTarget) =>
+    withCause({ kind: id, word: { type: 'integer', bits: width, index } }, () =>
+      change(useSheetStore.getState(), index, width),
+    );
   return { id, icon, keys: [], label: `words.operations.${id}`, run } as const;
 }
 

@@ -7,6 +7,7 @@ export const commandTexts = {
     fields: 'Text fields',
     bits: 'Bit fields',
   },
+  history: { undo: 'Undo', redo: 'Redo' },
   page: { reload: 'Reload' },
   tab: { show: 'Show another sheet', rename: 'Rename the sheet', close: 'Close the sheet' },
   word: { move: 'Go to the word beside, above or below' },

@@ -1,4 +1,5 @@
 import { commandTexts } from './commandTexts';
+import { historyTexts } from './historyTexts';
 import { wordsTexts } from './wordsTexts';
 
 /** Every text of the page. Texts that only name a key in "@( )" repeat that key's text. */
@@ -75,6 +76,7 @@ export const en = {
     privacyPolicy: 'Privacy policy',
   },
   commands: commandTexts,
+  history: historyTexts,
   words: wordsTexts,
   sheets: {
     tabs: 'Sheets',

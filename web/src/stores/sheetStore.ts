@@ -12,6 +12,7 @@ import {
 import { DEFAULT_RESOLUTION } from '../model/sheet/resolutions';
 import { ScrollMap } from '../model/sheet/scrollMap';
 import { filledSignMap, toggleSign } from '../model/sheet/signMap';
+import { type ChangedWord, type ValueChange, withCause } from './changeCause';
 
 /** The sheet being shown. Everything in it is replaced, never changed in place. */
 export interface SheetState extends Omit<BitsSheetFields, 'id' | 'int' | 'intResolution'> {
@@ -78,26 +79,35 @@ export const useSheetStore = create<SheetState & SheetOperations>()((set, get) =
     set(({ revision }) => ({ ...changes, revision: revision + 1 }));
   }
 
-  function edit(change: (int: BitInt) => BitInt): void {
-    apply({ int: change(get().int) });
+  function edit(kind: ValueChange, word: ChangedWord, change: (int: BitInt) => BitInt): void {
+    withCause({ kind, word }, () => apply({ int: change(get().int) }));
+  }
+
+  function editWord(kind: ValueChange, index: number, bits: number, change: (int: BitInt) => BitInt): void {
+    edit(kind, { type: 'integer', bits, index }, change);
   }
 
   function editColor(block: number, change: (word: bigint) => bigint): void {
-    edit((int) => int.setWord(COLOR_WIDTH, block, change(int.getWord(COLOR_WIDTH, block))));
+    edit('color', { type: 'color32', bits: COLOR_WIDTH, index: block }, (int) =>
+      int.setWord(COLOR_WIDTH, block, change(int.getWord(COLOR_WIDTH, block))),
+    );
   }
 
   return {
     ...emptyState(),
     revision: 0,
 
-    updateWord: (index, width, value) => edit((int) => int.setWord(width, index, value)),
-    randomWord: (index, width) => edit((int) => int.random(width, index)),
-    toggleWordBit: (index, width, bit) => edit((int) => int.toggleBit(width, index, bit)),
+    updateWord: (index, width, value) => editWord('edit', index, width, (int) => int.setWord(width, index, value)),
+    randomWord: (index, width) => editWord('random', index, width, (int) => int.random(width, index)),
+    toggleWordBit: (index, width, bit) => editWord('bit', index, width, (int) => int.toggleBit(width, index, bit)),
     toggleWordSign: (index, width) => apply({ signMap: toggleSign(get().signMap, index, width) }),
-    shiftWordLeft: (index, width, count) => edit((int) => int.shiftLeft(width, index, count)),
-    shiftWordRight: (index, width, count) => edit((int) => int.shiftRight(width, index, count)),
-    shiftWordRightUnsigned: (index, width, count) => edit((int) => int.shiftRightUnsigned(width, index, count)),
-    bitwiseNot: (index, width) => edit((int) => int.not(width, index)),
+    shiftWordLeft: (index, width, count) =>
+      editWord('shift-left', index, width, (int) => int.shiftLeft(width, index, count)),
+    shiftWordRight: (index, width, count) =>
+      editWord('shift-right', index, width, (int) => int.shiftRight(width, index, count)),
+    shiftWordRightUnsigned: (index, width, count) =>
+      editWord('shift-right-unsigned', index, width, (int) => int.shiftRightUnsigned(width, index, count)),
+    bitwiseNot: (index, width) => editWord('bitwise-not', index, width, (int) => int.not(width, index)),
 
     updateColor32Part: (block, channel, byte) => editColor(block, (word) => withChannel(word, channel, byte)),
     updateColor32: (block, color, withAlpha) => editColor(block, (word) => withColor(word, color, withAlpha)),

@@ -1,4 +1,6 @@
 import { type PointerEvent, useCallback, useLayoutEffect, useMemo, useRef, useState } from 'react';
+import { subscribe } from 'valtio';
+import { shownChange } from '../../actions/shownChange';
 import { useSheetStore } from '../../stores/sheetStore';
 import { LABELS_WIDTH, type RowGeometry, type SheetGeometry, sheetGeometry } from './layout/sheetGeometry';
 import { digitWidth, usePixelRatio, useViewSize } from './layout/useViewport';
@@ -64,6 +66,16 @@ export function SheetView({ onOverflow }: SheetViewProps) {
       if (target && row) focusWord(row, target.index, focusKey);
     },
     [rows],
+  );
+
+  useLayoutEffect(
+    () =>
+      subscribe(shownChange, () => {
+        const { word } = shownChange;
+        const row = word && rows.find(({ type, bits }) => type === word.type && bits === word.bits);
+        if (row) scrollSync.reveal(row, word.index, viewWidth, viewHeight);
+      }),
+    [scrollSync, rows, viewWidth, viewHeight],
   );
 
   const focusedRow = useSheetStore(({ focusedBlock: [type, bits] }) => `${type}:${bits}`);

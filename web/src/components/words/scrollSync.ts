@@ -2,6 +2,7 @@ import { hasFlagOption, SCROLL_LOCK_HORIZONTAL } from '../../model/sheet/flagOpt
 import { ScrollMap } from '../../model/sheet/scrollMap';
 import { useSheetsStore } from '../../stores/sheetsStore';
 import { useSheetStore } from '../../stores/sheetStore';
+import type { RowGeometry } from './layout/sheetGeometry';
 
 /** Rest after the last scroll before positions are stored, in milliseconds. */
 const STORE_DELAY = 300;
@@ -55,6 +56,19 @@ export class ScrollSync {
     if (Math.abs(position - this.current.vertical) >= SAME_POSITION) this.change(this.current.withVertical(position));
   }
 
+  /** Scrolls no further than it takes to bring a word into view. Lengths are in CSS pixels. */
+  reveal(row: RowGeometry, index: number, viewWidth: number, viewHeight: number): void {
+    const view = this.view;
+    if (view) view.scrollTop = withinView(view.scrollTop, row.top, row.height, viewHeight);
+    const left = (row.count - 1 - index) * row.blockWidth;
+    const before = this.position(row.key);
+    const position = withinView(before, left, row.blockWidth, viewWidth);
+    if (position === before) return;
+    this.rowScrolled(row.key, position);
+    const element = this.rows.get(row.key);
+    if (element) element.scrollLeft = position;
+  }
+
   /** Stores now what is still waiting. */
   store(): void {
     if (this.timer === undefined) return;
@@ -72,4 +86,11 @@ export class ScrollSync {
     clearTimeout(this.timer);
     this.timer = setTimeout(() => this.store(), STORE_DELAY);
   }
+}
+
+/** The scroll position nearest to one at which a part is in view; its beginning where it is larger than the view. */
+function withinView(scrolled: number, start: number, size: number, viewSize: number): number {
+  const end = start + Math.min(size, viewSize);
+  if (size > viewSize && scrolled >= start && scrolled + viewSize <= start + size) return scrolled;
+  return Math.min(start, Math.max(scrolled, end - viewSize));
 }

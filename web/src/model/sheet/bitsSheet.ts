@@ -43,9 +43,12 @@ const HOLDERS: Readonly<Record<keyof SheetChanges, 'document' | 'record'>> = {
 /** The fields that can change. */
 export const SHEET_FIELDS = Object.keys(HOLDERS) as readonly (keyof SheetChanges)[];
 
+/** Those that documents hold. */
+export const DOCUMENT_FIELDS = SHEET_FIELDS.filter((field) => HOLDERS[field] === 'document');
+
 /** Whether a change touches what documents hold. */
 export function isDocumentChange(changes: SheetChanges): boolean {
-  return SHEET_FIELDS.some((field) => field in changes && HOLDERS[field] === 'document');
+  return DOCUMENT_FIELDS.some((field) => field in changes);
 }
 
 // A class of its own, so that the record of the open document can name it, with the fields that the interface lists.

@@ -8,6 +8,8 @@ import {
   useRef,
   useState,
 } from 'react';
+import { subscribe } from 'valtio';
+import { shownChange } from '../../../actions/shownChange';
 import { BIT_FIELD_COMMANDS } from '../../../commands/bitFieldCommands';
 import { runCommand } from '../../../commands/command';
 import { i18next } from '../../../i18n';
@@ -56,6 +58,15 @@ export const BitField = memo(function BitField({ name, layout, pixelRatio, index
     },
     [painter],
   );
+
+  useLayoutEffect(() => {
+    const outline = () => {
+      const isShown = shownChange.sheetId === useSheetStore.getState().id;
+      painter.mark({ changed: isShown ? readWord(shownChange.bits, width, index) : 0n });
+    };
+    outline();
+    return subscribe(shownChange, outline);
+  }, [painter, width, index]);
 
   const isSet = (bit: number) => readWord(useSheetStore.getState().int.value, 1, width * index + bit) === 1n;
   const read = (bit: number) => showBit({ width, index, bit, isSet: isSet(bit), signed });

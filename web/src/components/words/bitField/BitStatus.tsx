@@ -1,16 +1,19 @@
 import { useTranslation } from 'react-i18next';
 import { useSnapshot } from 'valtio';
+import { statusMessage } from '../../../ui/statusMessage';
 import { activeBitState, bitWeight } from './activeBit';
 import { READOUT_ID } from './BitField';
 import styles from './BitStatus.module.css';
 
-/** Says the bit under the pointer or the keyboard's cursor, also to screen readers. */
+/** Shows what the last command did, else the bit under the pointer or the keyboard's cursor, also to screen readers. */
 export function BitStatus() {
   const { t } = useTranslation();
   const { bit } = useSnapshot(activeBitState);
+  const { text } = useSnapshot(statusMessage);
   return (
     <div id={READOUT_ID} className={styles.status} role="status">
-      {bit && (
+      {text}
+      {!text && bit && (
         <>
           <span>{t('words.bit', { bit: bit.bit, number: bit.index + 1, value: bit.isSet ? '1' : '0' })}</span>{' '}
           <span className={styles.weight}>{t('words.weight', { weight: bitWeight(bit) })}</span>

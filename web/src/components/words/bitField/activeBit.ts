@@ -1,4 +1,5 @@
 import { proxy } from 'valtio';
+import { clearStatus } from '../../../ui/statusMessage';
 
 /** The bit under the pointer or the keyboard's cursor. */
 export interface ActiveBit {
@@ -14,6 +15,7 @@ export const activeBitState = proxy<{ bit: ActiveBit | undefined }>({ bit: undef
 
 export function showBit(bit: ActiveBit | undefined): void {
   activeBitState.bit = bit;
+  if (bit) clearStatus();
 }
 
 /** What a set bit adds to its word's value, such as 2^7 = 128; the top bit of a signed word takes away. */

@@ -1,18 +1,17 @@
 import { type BitFieldPicture, drawBitField } from './drawBitField';
 
-type Content = Omit<BitFieldPicture, 'hovered' | 'cursor'>;
-type Marks = Partial<Pick<BitFieldPicture, 'hovered' | 'cursor'>>;
+type Marks = Pick<BitFieldPicture, 'hovered' | 'cursor' | 'changed'>;
+type Content = Omit<BitFieldPicture, keyof Marks>;
 
 /** Keeps one canvas showing a word's bits and marks, and draws no more of it than has changed. */
 export class BitFieldPainter {
   private context: CanvasRenderingContext2D | null = null;
   private drawn: BitFieldPicture | undefined;
-  private hovered: number | undefined;
-  private cursor: number | undefined;
+  private marks: Marks = { hovered: undefined, cursor: undefined, changed: 0n };
 
   /** The pointer or the keyboard is at one of its bits. */
   get isMarked(): boolean {
-    return this.hovered !== undefined || this.cursor !== undefined;
+    return this.marks.hovered !== undefined || this.marks.cursor !== undefined;
   }
 
   show(canvas: HTMLCanvasElement, content: Content): void {
@@ -29,16 +28,15 @@ export class BitFieldPainter {
     this.draw(content);
   }
 
-  /** Marks a bit, or no bit where a mark is given as undefined. A mark that is not given stays. */
-  mark(marks: Marks): void {
-    if ('hovered' in marks) this.hovered = marks.hovered;
-    if ('cursor' in marks) this.cursor = marks.cursor;
+  /** Marks bits, or none where a mark is given as undefined or zero. A mark that is not given stays. */
+  mark(marks: Partial<Marks>): void {
+    this.marks = { ...this.marks, ...marks };
     if (this.drawn) this.draw(this.drawn);
   }
 
   private draw(content: Content): void {
     if (!this.context) return;
-    const picture = { ...content, hovered: this.hovered, cursor: this.cursor };
+    const picture = { ...content, ...this.marks };
     drawBitField(this.context, picture, this.drawn);
     this.drawn = picture;
   }

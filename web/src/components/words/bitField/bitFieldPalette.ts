@@ -11,6 +11,7 @@ export interface BitFieldPalette {
   readonly labels: string;
   readonly hover: string;
   readonly cursor: string;
+  readonly changed: string;
 }
 
 export const DARK_PALETTE: BitFieldPalette = {
@@ -22,6 +23,7 @@ export const DARK_PALETTE: BitFieldPalette = {
   labels: colors.text,
   hover: '#ffffff',
   cursor: colors.accent,
+  changed: '#6ee7a0',
 };
 
 /** The user's own colours, where the system asks for them. */
@@ -34,6 +36,7 @@ const FORCED: BitFieldPalette = {
   labels: 'CanvasText',
   hover: 'Highlight',
   cursor: 'Highlight',
+  changed: 'Highlight',
 };
 
 const forcedColors = typeof matchMedia === 'undefined' ? undefined : matchMedia('(forced-colors: active)');

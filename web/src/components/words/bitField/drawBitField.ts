@@ -15,6 +15,8 @@ export interface BitFieldPicture {
   readonly hovered: number | undefined;
   /** The bit that the keyboard acts on. */
   readonly cursor: number | undefined;
+  /** Of the word's width; a one for each bit that is outlined as changed. */
+  readonly changed: bigint;
 }
 
 const DIGIT_FONT = `12px ${mono}`;
@@ -55,12 +57,19 @@ function bitsThatDiffer(picture: BitFieldPicture, drawn: BitFieldPicture): Itera
     if (picture[mark] === drawn[mark]) continue;
     for (const bit of [picture[mark], drawn[mark]]) if (bit !== undefined) bits.add(bit);
   }
+  for (const bit of setBits(picture.changed ^ drawn.changed)) bits.add(bit);
   if (picture.digits === drawn.digits) return bits;
   const last = picture.layout.bits - 1;
   for (let place = 0; place <= last; place++) {
     if (picture.digits.charCodeAt(place) !== drawn.digits.charCodeAt(place)) bits.add(last - place);
   }
   return bits;
+}
+
+function setBits(word: bigint): number[] {
+  if (word === 0n) return [];
+  const digits = [...word.toString(2)].reverse();
+  return digits.flatMap((digit, bit) => (digit === '1' ? bit : []));
 }
 
 function drawCell(context: CanvasRenderingContext2D, picture: BitFieldPicture, bit: number, color?: string): void {
@@ -70,7 +79,7 @@ function drawCell(context: CanvasRenderingContext2D, picture: BitFieldPicture, b
   const background = isOne ? (color ?? palette.one) : palette.zero;
   context.fillStyle = background;
   context.fillRect(cell.x, cell.y, cell.width, cell.height);
-  const mark = picture.cursor === bit ? palette.cursor : picture.hovered === bit ? palette.hover : undefined;
+  const mark = markColor(picture, bit);
   if (mark) {
     context.strokeStyle = mark;
     context.lineWidth = 2;
@@ -78,6 +87,12 @@ function drawCell(context: CanvasRenderingContext2D, picture: BitFieldPicture, b
   }
   context.fillStyle = isOne ? (color ? textColorOn(color) : palette.oneText) : palette.zeroText;
   context.fillText(isOne ? '1' : '0', cell.x + cell.width / 2, cell.y + cell.height / 2 + 0.5);
+}
+
+function markColor({ cursor, hovered, changed, palette }: BitFieldPicture, bit: number): string | undefined {
+  if (cursor === bit) return palette.cursor;
+  if (hovered === bit) return palette.hover;
+  return changed !== 0n && ((changed >> BigInt(bit)) & 1n) === 1n ? palette.changed : undefined;
 }
 
 /** Numbers of the bits at both ends of each byte, or of the first bit of each line. */

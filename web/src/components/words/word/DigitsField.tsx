@@ -1,7 +1,8 @@
 import cc from 'classcat';
-import { type FocusEvent, type KeyboardEvent, useLayoutEffect, useRef } from 'react';
+import { type KeyboardEvent, useLayoutEffect, useRef } from 'react';
 import { runCommand } from '../../../commands/command';
 import { FIELD_COMMANDS } from '../../../commands/fieldCommands';
+import { isAltered, settleText, showText } from '../../../ui/alteredText';
 import type { FieldPlace } from '../layout/fieldLayout';
 import styles from './DigitsField.module.css';
 
@@ -34,13 +35,11 @@ const ALWAYS_ACTING = new Set(['ArrowLeft', 'ArrowRight', 'Tab', 'Home', 'End'])
 export function DigitsField(props: DigitsFieldProps) {
   const { name, label, focusKey, place, shown, restored, content, source, readOnly, onCommit } = props;
   const element = useRef<TextElement>(null);
-  const unaltered = useRef('');
+  const isMultiline = place.lines > 1;
 
-  const show = (text: string) => {
-    element.current!.value = text;
-    unaltered.current = text;
-  };
-  useLayoutEffect(() => show(shown), [shown, content, source]);
+  const settle = (text: string) => settleText(element.current!, text);
+  // Another element takes over when the text no longer fits one line, and back.
+  useLayoutEffect(() => showText(element.current!, shown), [shown, content, source, isMultiline]);
 
   const onKeyDown = (event: KeyboardEvent<TextElement>) => {
     const isChord = event.ctrlKey || event.metaKey || event.altKey;
@@ -48,12 +47,12 @@ export function DigitsField(props: DigitsFieldProps) {
     if (event.nativeEvent.isComposing) return;
     const field = event.currentTarget;
     const isTaken = runCommand(FIELD_COMMANDS, event, {
-      isAltered: () => field.value !== unaltered.current,
+      isAltered: () => isAltered(field),
       // No change of the word will bring our own way of writing it.
       commit: () => {
-        if (onCommit(field.value)) show(shown);
+        if (onCommit(field.value)) settle(shown);
       },
-      restore: () => show(restored),
+      restore: () => settle(restored),
     });
     if (isTaken) event.stopPropagation();
   };
@@ -64,12 +63,12 @@ export function DigitsField(props: DigitsFieldProps) {
     autoComplete: 'off',
     readOnly,
     onKeyDown,
-    onBlur: (_event: FocusEvent) => show(restored),
+    onBlur: () => settle(restored),
   };
   return (
     <label className={cc([styles.field, place.fullWidth && styles.fullWidth])}>
       {label !== undefined && <span className={styles.label}>{label}</span>}
-      {place.lines > 1 ? (
+      {isMultiline ? (
         <textarea
           {...shared}
           ref={element as React.RefObject<HTMLTextAreaElement>}

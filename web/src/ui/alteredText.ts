@@ -1,0 +1,31 @@
+type TextElement = HTMLInputElement | HTMLTextAreaElement;
+
+/** What fields show that nobody typed. */
+const shownTexts = new WeakMap<TextElement, string>();
+
+/** Puts a text into a field as its own, not as something that was typed. */
+export function showText(field: TextElement, text: string): void {
+  field.value = text;
+  shownTexts.set(field, text);
+}
+
+/** Does the same and makes the browser forget what was typed before, so that its undo does not bring that back. */
+export function settleText(field: TextElement, text: string): void {
+  const { selectionStart, selectionEnd } = field;
+  // The browser's history is about the text node, and setting an equal text would keep that.
+  field.value = '';
+  showText(field, text);
+  if (field === document.activeElement) field.setSelectionRange(selectionStart, selectionEnd);
+}
+
+/** Whether a field holds something that was typed and not yet taken over. */
+export function isAltered(field: TextElement): boolean {
+  return field.value !== (shownTexts.get(field) ?? field.defaultValue);
+}
+
+/** Whether the keyboard is in such a field. */
+export function isTextBeingAltered(): boolean {
+  const { activeElement } = document;
+  const isField = activeElement instanceof HTMLInputElement || activeElement instanceof HTMLTextAreaElement;
+  return isField && !activeElement.readOnly && isAltered(activeElement);
+}
