@@ -7,7 +7,6 @@ const chromium = execFileSync('sh', ['-c', 'command -v chromium'], {
 }).trim();
 
 export default defineConfig({
-  testDir: '.',
   outputDir: '../../build/test-results/browser',
   fullyParallel: true,
   forbidOnly: true,
@@ -16,25 +15,23 @@ export default defineConfig({
   timeout: 120_000,
   expect: { timeout: 30_000 }, // a busy machine takes longer than the runner's own five seconds
   reporter: [['list'], ['./support/shared/summaryReporter', { part: 'browser' }]],
-  projects: [
-    {
-      name: 'browser',
-      testDir: 'browser',
-      use: {
-        viewport: { width: 800, height: 600 },
-        launchOptions: {
-          executablePath: chromium,
-          args: [
-            '--no-sandbox',
-            '--disable-gpu',
-            '--disable-quic',
-            '--no-first-run',
-            '--disable-background-networking',
-            '--disable-component-update',
-            '--disable-sync',
-          ],
-        },
-      },
+  use: {
+    viewport: { width: 800, height: 600 },
+    launchOptions: {
+      executablePath: chromium,
+      args: [
+        '--no-sandbox',
+        '--disable-gpu',
+        '--disable-quic',
+        '--no-first-run',
+        '--disable-background-networking',
+        '--disable-component-update',
+        '--disable-sync',
+      ],
     },
+  },
+  projects: [
+    { name: 'support', testDir: 'support' },
+    { name: 'browser', testDir: 'browser' },
   ],
 });

@@ -5,5 +5,5 @@ import shared from './browser.config';
 export default defineConfig({
   ...shared,
   workers: 1,
-  projects: shared.projects!.map((project) => ({ ...project, name: 'pictures', testDir: 'pictures' })),
+  projects: [{ name: 'pictures', testDir: 'pictures' }],
 });

@@ -7,5 +7,5 @@ export default defineConfig({
   outputDir: '../../build/test-results/packages',
   globalSetup: ['../e2e/support/linux/buildTools', '../e2e/support/windows/prepareWine'],
   reporter: [['list'], ['../e2e/support/shared/summaryReporter', { part: 'packages' }]],
-  projects: shared.projects!.map((project) => ({ ...project, name: 'packages', testDir: '.' })),
+  projects: [{ name: 'packages', testDir: '.' }],
 });
