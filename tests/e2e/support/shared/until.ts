@@ -9,7 +9,7 @@ import { setTimeout as pause } from 'node:timers/promises';
 export async function until<T>(
   what: string,
   look: () => T | undefined | false | Promise<T | undefined | false>,
-  milliseconds = 20_000,
+  milliseconds = 60_000,
 ): Promise<T> {
   const end = performance.now() + milliseconds;
   for (;;) {
