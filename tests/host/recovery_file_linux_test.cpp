@@ -35,7 +35,7 @@ class RecoveryFilesOnLinux : public DocumentWithRecoveryFile {};
 TEST_F(RecoveryFilesOnLinux, AreReadByTheirOwnerOnly) {
     putBytes(document, "old");
     ASSERT_EQ(writeRecoveryFile(document, "secret"), RecoveryFile::written);
-    struct stat status {};
+    struct stat status{};
     ASSERT_EQ(stat(recovery.c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 0777U, 0600U);
 }
