@@ -1,6 +1,6 @@
 import type { FileType } from '../document/fileType';
-import { USER_CANCELLED } from './dialogAbort';
 import type { FileHandle } from './fileHandle';
+import { USER_CANCELLED } from './nativeErrors';
 
 const JSON_TYPE = 'application/json';
 

@@ -1,5 +1,4 @@
-/** The message that the native host and the page use for a dialog that the user left without choosing. */
-export const USER_CANCELLED = 'user-cancelled';
+import { USER_CANCELLED } from './nativeErrors';
 
 /** Distinguishes a dialog that the user dismissed, which needs no message, from a real failure. */
 export function isDialogAbortError(error: unknown): boolean {

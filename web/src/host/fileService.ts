@@ -1,8 +1,8 @@
 import type { FileType } from '../document/fileType';
 import { openInBrowser, openThroughInput, saveAsDownload, saveInBrowser } from './browserFiles';
-import { USER_CANCELLED } from './dialogAbort';
 import { type FileHandle, getFileNameFromPath } from './fileHandle';
 import { isCppBackend, isVsCode } from './hostFlags';
+import { FILE_WRITE_FAILED, USER_CANCELLED } from './nativeErrors';
 
 export interface OpenedFile {
   fileHandle: FileHandle;
@@ -85,7 +85,7 @@ export class FileService {
     if (!target) return { success: false, error: 'No file path provided' };
 
     const written = await writeFile(target, content);
-    if (!written.success) return { success: false, error: written.error || 'file-write-failed' };
+    if (!written.success) return { success: false, error: written.error || FILE_WRITE_FAILED };
     return { success: true, fileHandle: { path: target, name: getFileNameFromPath(target) } };
   }
 }

@@ -1,3 +1,6 @@
+/** Why a native function failed. A host of another version may send other texts, which are shown as they are. */
+type NativeError = import('./nativeErrors').NativeErrorCode | (string & Record<never, never>);
+
 /** What a host may put on the page's globals before the page's script runs. Every part may be missing. */
 interface TessaryGlobals {
   os?: { platform?: string; arch?: string };
@@ -9,14 +12,14 @@ interface TessaryGlobals {
 interface PathEnvelope {
   success: boolean;
   path?: string;
-  error?: string;
+  error?: NativeError;
 }
 
 /** The answer of the native read; `data` is missing when the file is empty. */
 interface DataEnvelope {
   success: boolean;
   data?: string;
-  error?: string;
+  error?: NativeError;
 }
 
 interface EditorExtensionApi {
@@ -39,7 +42,7 @@ interface Window {
     defaultExtension?: string,
   ) => Promise<PathEnvelope>;
   readFile?: (path: string) => Promise<DataEnvelope>;
-  writeFile?: (path: string, content: string) => Promise<{ success: boolean; error?: string }>;
+  writeFile?: (path: string, content: string) => Promise<{ success: boolean; error?: NativeError }>;
   openExternalUrl?: (url: string) => unknown;
   showOpenFilePicker?: (options: FilePickerTypes & { multiple?: boolean }) => Promise<FileSystemFileHandle[]>;
   showSaveFilePicker?: (options: FilePickerTypes & { suggestedName?: string }) => Promise<FileSystemFileHandle>;

@@ -1,5 +1,5 @@
 import { readWord, writeWord } from './wordLayout';
-import { allBits, bitwiseNot, randomWord, shiftLeft, shiftRight, shiftRightUnsigned } from './wordOperations';
+import { bitwiseNot, randomWord, shiftLeft, shiftRight, shiftRightUnsigned } from './wordOperations';
 
 /**
  * A value of a fixed number of bits. It never changes: every operation gives a new one, so two of them can share
@@ -42,13 +42,6 @@ export class BitInt {
   }
 
   /** @param bit - counted from 0 at the least significant end of the word */
-  getBit(width: number, index: number, bit: number): boolean {
-    this.checkWord('extraction', width, index);
-    checkBit(width, bit);
-    return readWord(this.value, 1, width * index + bit) === 1n;
-  }
-
-  /** @param bit - counted from 0 at the least significant end of the word */
   toggleBit(width: number, index: number, bit: number): BitInt {
     this.checkWord('setting', width, index);
     checkBit(width, bit);
@@ -72,16 +65,6 @@ export class BitInt {
 
   not(width: number, index: number): BitInt {
     return this.setWord(width, index, bitwiseNot(this.getWord(width, index), width));
-  }
-
-  /** Clears every bit of the word. */
-  none(width: number, index: number): BitInt {
-    return this.setWord(width, index, 0n);
-  }
-
-  /** Sets every bit of the word. */
-  all(width: number, index: number): BitInt {
-    return this.setWord(width, index, allBits(width));
   }
 
   /** @param random - gives numbers from 0 up to, not including, 1 */

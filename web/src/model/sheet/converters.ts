@@ -43,7 +43,12 @@ export function activeConverters(identifiers: readonly string[] = DEFAULT_CONVER
 }
 
 export function converterLabel(converter: Converter): string {
-  return converter.kind === 'float' ? 'F:' : `${converter.base}:`;
+  switch (converter.kind) {
+    case 'integer':
+      return `${converter.base}:`;
+    case 'float':
+      return 'F:';
+  }
 }
 
 /**

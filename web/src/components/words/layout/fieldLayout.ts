@@ -85,7 +85,10 @@ function decimalLength(bits: number): number {
 }
 
 function longestText(converter: Converter, bits: number): number {
-  if (converter.kind === 'float') return bits === 8 ? LONGEST_SMALL_FLOAT : LONGEST_FLOAT;
-  if (converter.base === 10) return decimalLength(bits);
-  return Math.ceil(bits / Math.log2(converter.base));
+  switch (converter.kind) {
+    case 'integer':
+      return converter.base === 10 ? decimalLength(bits) : Math.ceil(bits / Math.log2(converter.base));
+    case 'float':
+      return bits === 8 ? LONGEST_SMALL_FLOAT : LONGEST_FLOAT;
+  }
 }

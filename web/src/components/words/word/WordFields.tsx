@@ -44,28 +44,31 @@ export function WordFields({ row, texts, index, word, signed, sheetId }: WordFie
       content: word,
       source: sheetId,
     };
-    if (converter.kind === 'float') {
-      return (
-        <DigitsField
-          {...shared}
-          key={position}
-          shown={displayFloat(word, floatFormatFor(bits)!)}
-          restored={formatInteger(word, 10, bits)}
-          readOnly={bits > WIDEST_EDITABLE_FLOAT}
-          onCommit={(input) => commit(parseFloatInput(input, bits))}
-        />
-      );
+    switch (converter.kind) {
+      case 'integer': {
+        const shown = formatInteger(word, converter.base, bits, signed);
+        return (
+          <DigitsField
+            {...shared}
+            key={position}
+            shown={shown}
+            restored={shown}
+            onCommit={(input) => commit(parseInteger(input, converter.base, bits, signed))}
+          />
+        );
+      }
+      case 'float':
+        return (
+          <DigitsField
+            {...shared}
+            key={position}
+            shown={displayFloat(word, floatFormatFor(bits)!)}
+            restored={formatInteger(word, 10, bits)}
+            readOnly={bits > WIDEST_EDITABLE_FLOAT}
+            onCommit={(input) => commit(parseFloatInput(input, bits))}
+          />
+        );
     }
-    const shown = formatInteger(word, converter.base, bits, signed);
-    return (
-      <DigitsField
-        {...shared}
-        key={position}
-        shown={shown}
-        restored={shown}
-        onCommit={(input) => commit(parseInteger(input, converter.base, bits, signed))}
-      />
-    );
   };
 
   return (
