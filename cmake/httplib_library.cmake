@@ -28,10 +28,13 @@ string(SUBSTRING "${header}" ${begin} ${length} definitions)
 string(SUBSTRING "${header}" ${end} -1 tail)
 string(REPLACE "inline " "" definitions "${definitions}")
 
+# The libraries share a folder of headers, and the whole header is in it. A plain include directory is searched before all
+# system ones, so the split header is found whatever else a unit uses; the pragma makes it a system header again.
 set(generated ${PROJECT_BINARY_DIR}/generated/httplib)
-write_if_changed(${generated}/httplib.h "${declarations}${tail}")
+set(system_header "#ifdef __GNUC__\n#pragma GCC system_header\n#endif\n")
+write_if_changed(${generated}/httplib.h "${system_header}${declarations}${tail}")
 write_if_changed(${generated}/httplib.cpp "#include \"httplib.h\"\nnamespace httplib {${definitions}}\n")
 
 add_library(tessary_httplib STATIC ${generated}/httplib.cpp)
-target_include_directories(tessary_httplib SYSTEM BEFORE PUBLIC ${generated})
+target_include_directories(tessary_httplib PUBLIC ${generated})
 target_link_libraries(tessary_httplib PUBLIC Httplib::httplib PRIVATE tessary_build)

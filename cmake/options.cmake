@@ -3,6 +3,7 @@ set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 
+option(TESSARY_WERROR "Refuse our own code where the compiler warns; for packagers with a newer compiler to turn off" ON)
 set(TESSARY_SANITIZERS "" CACHE STRING "Sanitizers to build with, such as address,undefined")
 
 # Bytes of stack for each of the server's threads: the standard library's regular expressions recurse once per character of
@@ -29,7 +30,12 @@ add_library(tessary_options INTERFACE)
 target_link_libraries(tessary_options INTERFACE tessary_build)
 target_include_directories(tessary_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 if(MSVC)
-  target_compile_options(tessary_options INTERFACE /W4 /WX /utf-8 /permissive-)
+  target_compile_options(tessary_options INTERFACE /W4 /utf-8 /permissive- $<$<BOOL:${TESSARY_WERROR}>:/WX>)
 else()
-  target_compile_options(tessary_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+  target_compile_options(tessary_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+    $<$<BOOL:${TESSARY_WERROR}>:-Werror>)
+  # GCC 12 takes "text" + std::string for an overlapping copy.
+  if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    target_compile_options(tessary_options INTERFACE -Wno-restrict)
+  endif()
 endif()
