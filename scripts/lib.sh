@@ -9,6 +9,14 @@ say() { printf '%s\n' "$*"; }
 die() { printf '%s\n' "$*" >&2; exit 1; }
 have() { command -v "$1" >/dev/null 2>&1; }
 
+# alone NAME: waits until no other shell holds NAME, and holds it until this shell ends.
+alone() {
+  local lock
+  mkdir -p "$root/build"
+  exec {lock}>"$root/build/$1.lock"
+  flock "$lock"
+}
+
 # as_root COMMAND...: directly when root, through sudo otherwise.
 as_root() {
   if [ "$(id -u)" -eq 0 ]; then "$@"; return; fi
