@@ -2,9 +2,9 @@ import { displayFloat } from '../../../web/src/model/float/displayFloat';
 import { floatFormatFor } from '../../../web/src/model/float/floatFormats';
 import { formatInteger } from '../../../web/src/model/integer/formatInteger';
 import { parseInteger } from '../../../web/src/model/integer/parseInteger';
-import { integerWidths } from '../../../web/src/model/sheet/resolutions';
 import { readWord, wordCount, writeWord } from '../../../web/src/model/integer/wordLayout';
 import { randomWord } from '../../../web/src/model/integer/wordOperations';
+import { integerWidths } from '../../../web/src/model/sheet/resolutions';
 import { measure, type Task } from './measure';
 
 const BITS = 1024;

@@ -9,15 +9,6 @@ export function showText(field: TextElement, text: string): void {
   shownTexts.set(field, text);
 }
 
-/** Does the same and makes the browser forget what was typed before, so that its undo does not bring that back. */
-export function settleText(field: TextElement, text: string): void {
-  const { selectionStart, selectionEnd } = field;
-  // The browser's history is about the text node, and setting an equal text would keep that.
-  field.value = '';
-  showText(field, text);
-  if (field === document.activeElement) field.setSelectionRange(selectionStart, selectionEnd);
-}
-
 /** Whether a field holds something that was typed and not yet taken over. */
 export function isAltered(field: TextElement): boolean {
   return field.value !== (shownTexts.get(field) ?? field.defaultValue);

@@ -3,35 +3,35 @@
  * is used, and nothing else. It stands for the least that any page has to do.
  */
 import cc from 'classcat';
+import { directOperations, OPERATION_ICONS } from '../../../../web/src/commands/operationIcons';
+import bits from '../../../../web/src/components/words/bitField/BitField.module.css';
+import { BitFieldPainter } from '../../../../web/src/components/words/bitField/bitFieldPainter';
 import { DARK_PALETTE } from '../../../../web/src/components/words/bitField/bitFieldPalette';
 import { bitAt } from '../../../../web/src/components/words/layout/bitFieldLayout';
-import { BitFieldPainter } from '../../../../web/src/components/words/bitField/bitFieldPainter';
-import { directOperations, WORD_OPERATIONS } from '../../../../web/src/commands/wordCommands';
+import { geometryProperties } from '../../../../web/src/components/words/layout/geometryProperties';
 import {
   BLOCK_PADDING_X,
   hasTallHeader,
   LABELS_WIDTH,
-  sheetGeometry,
   type RowGeometry,
+  sheetGeometry,
 } from '../../../../web/src/components/words/layout/sheetGeometry';
 import { digitWidth } from '../../../../web/src/components/words/layout/useViewport';
-import { formatInteger } from '../../../../web/src/model/integer/formatInteger';
-import { definitionsFor } from '../../../../web/src/model/sheet/numberDefinitions';
-import { parseInteger } from '../../../../web/src/model/integer/parseInteger';
-import { wordHalfLabel, wordNumber, wordSignLabel } from '../../../../web/src/model/sheet/wordLabels';
-import { readWord, writeWord } from '../../../../web/src/model/integer/wordLayout';
-import { geometryProperties } from '../../../../web/src/components/words/layout/geometryProperties';
-import { tokenProperties } from '../../../../web/src/ui/tokens';
-import bits from '../../../../web/src/components/words/bitField/BitField.module.css';
 import rows from '../../../../web/src/components/words/RowView.module.css';
 import sheetView from '../../../../web/src/components/words/SheetView.module.css';
 import block from '../../../../web/src/components/words/word/BlockFrame.module.css';
 import field from '../../../../web/src/components/words/word/DigitsField.module.css';
+import operations from '../../../../web/src/components/words/word/OperationsBar.module.css';
 import fields from '../../../../web/src/components/words/word/WordFields.module.css';
 import header from '../../../../web/src/components/words/word/WordHeader.module.css';
-import operations from '../../../../web/src/components/words/word/OperationsBar.module.css';
 import tool from '../../../../web/src/components/words/WordsTool.module.css';
+import { formatInteger } from '../../../../web/src/model/integer/formatInteger';
+import { parseInteger } from '../../../../web/src/model/integer/parseInteger';
+import { readWord, writeWord } from '../../../../web/src/model/integer/wordLayout';
+import { definitionsFor } from '../../../../web/src/model/sheet/numberDefinitions';
+import { wordHalfLabel, wordNumber, wordSignLabel } from '../../../../web/src/model/sheet/wordLabels';
 import controls from '../../../../web/src/ui/controls.module.css';
+import { tokenProperties } from '../../../../web/src/ui/tokens';
 
 /** The height of the tool's bars above and below the rows. */
 const BARS = 22 + 113 + 6;
@@ -110,7 +110,7 @@ function blockOf(row: RowGeometry, index: number): HTMLElement {
 }
 
 function headerOf({ bits: width }: RowGeometry, index: number): HTMLElement {
-  const buttons = WORD_OPERATIONS.slice(0, directOperations(width)).map(({ icon }) => element('button', '', icon));
+  const buttons = OPERATION_ICONS.slice(0, directOperations(width)).map(({ icon }) => element('button', '', icon));
   return element(
     'div',
     cc([header.header, hasTallHeader(width) && header.tall]),

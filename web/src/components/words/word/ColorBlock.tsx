@@ -31,18 +31,17 @@ export const ColorBlock = memo(function ColorBlock({ row, index, onMove, notatio
   const color = colorOfBlock(word);
   const written = formatColor(color, notation);
 
-  const isSame = () => readWord(useSheetStore.getState().int.value, bits, index) === word;
   const commitChannel = (channel: number, text: string): boolean => {
     const read = parseInteger(text, 10, CHANNEL_BITS);
     if (read.ok) useSheetStore.getState().updateColor32Part(index, channel, Number(read.value));
     else showWarning(read.reason);
-    return read.ok && isSame();
+    return read.ok;
   };
   const commitColor = (text: string): boolean => {
     const read = parseColor(text);
     if (read.ok) useSheetStore.getState().updateColor32(index, read.value.color, read.value.hasAlpha);
     else showWarning(read.reason);
-    return read.ok && isSame();
+    return read.ok;
   };
 
   return (

@@ -1,8 +1,8 @@
 import cc from 'classcat';
-import { type KeyboardEvent, useLayoutEffect, useRef } from 'react';
+import { type FocusEvent, type KeyboardEvent, useLayoutEffect, useRef, useState } from 'react';
 import { runCommand } from '../../../commands/command';
 import { FIELD_COMMANDS } from '../../../commands/fieldCommands';
-import { isAltered, settleText, showText } from '../../../ui/alteredText';
+import { isAltered, showText } from '../../../ui/alteredText';
 import type { FieldPlace } from '../layout/fieldLayout';
 import styles from './DigitsField.module.css';
 
@@ -22,7 +22,7 @@ interface DigitsFieldProps {
   /** A second mark of the content. */
   source: unknown;
   readOnly?: boolean;
-  /** Takes over the text; says whether it was accepted and means the same word as before. */
+  /** Takes over the text. @returns whether it was accepted */
   onCommit: (text: string) => boolean;
 }
 
@@ -36,10 +36,18 @@ export function DigitsField(props: DigitsFieldProps) {
   const { name, label, focusKey, place, shown, restored, content, source, readOnly, onCommit } = props;
   const element = useRef<TextElement>(null);
   const isMultiline = place.lines > 1;
+  // After Enter a new element takes over, so that the browser's undo brings nothing back that was typed before.
+  const [commits, setCommits] = useState(0);
+  const selection = useRef<readonly [start: number | null, end: number | null]>(undefined);
 
-  const settle = (text: string) => settleText(element.current!, text);
-  // Another element takes over when the text no longer fits one line, and back.
-  useLayoutEffect(() => showText(element.current!, shown), [shown, content, source, isMultiline]);
+  // Another element takes over, too, when the text no longer fits one line, and back.
+  useLayoutEffect(() => showText(element.current!, shown), [shown, content, source, isMultiline, commits]);
+  useLayoutEffect(() => {
+    if (!selection.current) return;
+    element.current!.focus({ preventScroll: true });
+    element.current!.setSelectionRange(...selection.current);
+    selection.current = undefined;
+  }, [commits]);
 
   const onKeyDown = (event: KeyboardEvent<TextElement>) => {
     const isChord = event.ctrlKey || event.metaKey || event.altKey;
@@ -48,11 +56,13 @@ export function DigitsField(props: DigitsFieldProps) {
     const field = event.currentTarget;
     const isTaken = runCommand(FIELD_COMMANDS, event, {
       isAltered: () => isAltered(field),
-      // No change of the word will bring our own way of writing it.
       commit: () => {
-        if (onCommit(field.value)) settle(shown);
+        const { selectionStart, selectionEnd } = field;
+        if (!onCommit(field.value)) return;
+        selection.current = [selectionStart, selectionEnd];
+        setCommits(commits + 1);
       },
-      restore: () => settle(restored),
+      restore: () => showText(field, restored),
     });
     if (isTaken) event.stopPropagation();
   };
@@ -63,7 +73,7 @@ export function DigitsField(props: DigitsFieldProps) {
     autoComplete: 'off',
     readOnly,
     onKeyDown,
-    onBlur: () => settle(restored),
+    onBlur: ({ currentTarget }: FocusEvent<TextElement>) => showText(currentTarget, restored),
   };
   return (
     <label className={cc([styles.field, place.fullWidth && styles.fullWidth])}>
@@ -71,12 +81,13 @@ export function DigitsField(props: DigitsFieldProps) {
       {isMultiline ? (
         <textarea
           {...shared}
+          key={commits}
           ref={element as React.RefObject<HTMLTextAreaElement>}
           rows={place.lines}
           onInput={joinLines}
         />
       ) : (
-        <input {...shared} ref={element as React.RefObject<HTMLInputElement>} />
+        <input {...shared} key={commits} ref={element as React.RefObject<HTMLInputElement>} />
       )}
     </label>
   );

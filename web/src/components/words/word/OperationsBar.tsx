@@ -1,5 +1,6 @@
 import { memo, useRef, useState } from 'react';
-import { directOperations, WORD_OPERATIONS, type WordOperation } from '../../../commands/wordCommands';
+import { directOperations } from '../../../commands/operationIcons';
+import { WORD_OPERATIONS, type WordOperation } from '../../../commands/wordCommands';
 import { i18next } from '../../../i18n';
 import { PopupMenu } from '../../../ui/PopupMenu';
 import styles from './OperationsBar.module.css';

@@ -30,7 +30,7 @@ export function WordFields({ row, texts, index, word, signed, sheetId }: WordFie
   const commit = (read: Result<bigint>): boolean => {
     if (read.ok) useSheetStore.getState().updateWord(index, bits, read.value);
     else showWarning(read.reason);
-    return read.ok && read.value === word;
+    return read.ok;
   };
 
   const field = (converter: Converter, position: number) => {
