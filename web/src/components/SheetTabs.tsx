@@ -1,4 +1,4 @@
-import { useCallback, useEffect, useId, useMemo, useRef, useState, type WheelEvent } from 'react';
+import { useCallback, useEffect, useId, useLayoutEffect, useMemo, useRef, useState, type WheelEvent } from 'react';
 import { useTranslation } from 'react-i18next';
 import { isVsCode } from '../host/hostFlags';
 import { useSheetsStore } from '../stores/sheetsStore';
@@ -41,7 +41,8 @@ export function SheetTabs() {
     takesFocus.current = true;
     useSheetsStore.getState().removeSheet(id);
   }, []);
-  useEffect(() => {
+  // A passive effect of an earlier render may still be to come when a key sets the mark, and would focus the old tab.
+  useLayoutEffect(() => {
     const tab = takesFocus.current ? document.getElementById(tabId(activeIndex)) : null;
     if (!tab) return;
     takesFocus.current = false;
