@@ -3,9 +3,15 @@ import { readFileSync } from 'node:fs';
 import { fileURLToPath } from 'node:url';
 import { test } from '../support/browser/fixtures';
 import { stubNativeHost } from '../support/browser/nativeHost';
+import { documentText } from '../support/shared/documents';
 
 const docs = fileURLToPath(new URL('../../../docs/', import.meta.url));
 const sample = readFileSync(new URL('../../../sample.words.tessary', import.meta.url), 'utf8');
+/** The initial hash value of SHA-512, then that of SHA-384, as FIPS 180-4 gives them. */
+const INITIAL_HASHES =
+  '0x6a09e667f3bcc908bb67ae8584caa73b3c6ef372fe94f82ba54ff53a5f1d36f1510e527fade682d19b05688c2b3e6c1f1f83d9abfb41bd6b' +
+  '5be0cd19137e2179cbbb9d5dc1059ed8629a292a367cd5079159015a3070dd17152fecd8f70e593967332667ffc00b318eb44a8768581511' +
+  'db0c2e0d64f98fa747b5481dbefa4fa4';
 const PATH = '/home/me/sample.words.tessary';
 
 test.use({ viewport: { width: 1280, height: 800 } });
@@ -39,6 +45,14 @@ test('a launch error', async ({ page, enter }) => {
   await picture(page, 'launch-error');
 });
 
+test('words of 1024 bits', async ({ page, enter }) => {
+  const text = documentText({ displayName: 'SHA-512 and SHA-384', int: INITIAL_HASHES, intResolution: 1024 });
+  await stubNativeHost(page, { args: { filePath: PATH }, files: { [PATH]: text } });
+  await enter();
+  await page.getByRole('tab', { name: 'SHA-512 and SHA-384' }).waitFor();
+  await picture(page, 'words-1024');
+});
+
 test.describe('with a document', () => {
   test.beforeEach(async ({ page, enter }) => {
     await stubNativeHost(page, { args: { filePath: PATH }, files: { [PATH]: sample } });
@@ -56,11 +70,9 @@ test.describe('with a document', () => {
     await picture(page, 'words-float');
   });
 
-  test('words of 1024 bits', async ({ page }) => {
+  test('the choice of resolutions', async ({ page }) => {
     await page.getByRole('button', { name: /^Resolution/ }).click();
     await picture(page, 'resolutions');
-    await page.getByRole('option', { name: '1024' }).click();
-    await picture(page, 'words-1024');
   });
 
   test('colors', async ({ page }) => {
