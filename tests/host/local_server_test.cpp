@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <chrono>
 #include <list>
 #include <regex>
+#include <string>
 
 #include "captured_output.h"
 
@@ -149,14 +152,21 @@ TEST_F(LocalServer, AnswersManyAtOnce) {
 }
 
 TEST_F(LocalServer, AnswersAtOnceWhileOthersKeepTheirConnections) {
-    // The library closes a connection that was idle for this long, which would make room by itself.
+    // The library closes a connection that was idle for this long, which would make room by itself. So one request that
+    // has no room waits that long, while many that have room may take longer together on a busy machine.
     static constexpr std::chrono::seconds patience{CPPHTTPLIB_KEEPALIVE_TIMEOUT_SECOND};
-    const auto begin = std::chrono::steady_clock::now();
+    std::chrono::steady_clock::duration longest{};
+    const auto answers = [&longest](httplib::Client& asking, const std::string& path) {
+        const auto begin = std::chrono::steady_clock::now();
+        const bool isAnswered = static_cast<bool>(asking.Get(path));
+        longest = std::max(longest, std::chrono::steady_clock::now() - begin);
+        return isAnswered;
+    };
     std::list<httplib::Client> others;
     for (int i = 0; i < 64; ++i) {
         others.emplace_back("localhost", serverPort).set_keep_alive(true);
-        ASSERT_TRUE(others.back().Get("/favicon.svg")) << i;
+        ASSERT_TRUE(answers(others.back(), "/favicon.svg")) << i;
     }
-    EXPECT_TRUE(client.Get("/"));
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, patience);
+    EXPECT_TRUE(answers(client, "/"));
+    EXPECT_LT(longest, patience);
 }
