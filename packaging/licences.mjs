@@ -5,6 +5,7 @@ import { readdirSync, readFileSync } from 'node:fs';
 import { fileURLToPath } from 'node:url';
 
 const root = fileURLToPath(new URL('../', import.meta.url));
+const GENERATED = /^(.*\/)?generated\/[a-z-]+\//;
 const LICENCE_FILE = /^(licen[cs]e|copying)/i;
 
 /** The source archive that a header of the host's libraries comes from, by the first part of its path. */
@@ -35,7 +36,10 @@ function includedHeaders(target) {
   });
   const ofTheProgram = printed.split('\n\n').filter((object) => object.trimStart().startsWith('src/'));
   const headers = ofTheProgram.flatMap((object) => object.split('\n').slice(1)).map((line) => line.trim());
-  const ours = headers.filter((path) => path.startsWith(include)).map((path) => path.slice(include.length));
+  // A header that the build splits lies under the same name in a folder of the build.
+  const ours = headers
+    .filter((path) => path.startsWith(include) || GENERATED.test(path))
+    .map((path) => path.replace(include, '').replace(GENERATED, ''));
   return [...new Set(ours.map((path) => path.split('/')[0]))].sort();
 }
 
