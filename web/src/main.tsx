@@ -3,11 +3,8 @@ import './styles.css';
 import './i18n';
 import { createRoot } from 'react-dom/client';
 import { BrowserRouter } from 'react-router';
-import { backGuard } from './actions/leaveGuards';
 import { App } from './app/App';
 import { PageRoutes } from './app/PageRoutes';
-
-backGuard.install(); // before the router listens
 
 createRoot(document.getElementById('root')!).render(
   <App>

@@ -1,4 +1,4 @@
-import { Route, Routes } from 'react-router';
+import { Navigate, Route, Routes } from 'react-router';
 import { SettingsPage } from '../pages/SettingsPage';
 import { StartPage } from '../pages/StartPage';
 import { WordsPage } from '../pages/WordsPage';
@@ -13,6 +13,8 @@ export function PageRoutes() {
         <Route path="tools/words" element={<WordsPage />} />
         <Route path="settings" element={<SettingsPage />} />
       </Route>
+      {/* Where a web server shows the page under its file's name. */}
+      <Route path="/index.html" element={<Navigate to="/" replace />} />
     </Routes>
   );
 }

@@ -6,10 +6,16 @@ import { HISTORY_COMMANDS } from './historyCommands';
 
 const EVERYWHERE = [...DOCUMENT_COMMANDS, ...HISTORY_COMMANDS, ...PAGE_COMMANDS];
 
-/** What the document's commands act on. The same object for as long as the component lives. */
+/**
+ * What the document's commands act on. The same object for as long as the component lives. A route that is shown already
+ * gets no second entry in the browser's history.
+ */
 export function useDocumentTarget(): DocumentTarget {
   const navigate = useRef(useNavigate());
-  return useMemo(() => ({ navigate: (route) => navigate.current(route) }), []);
+  return useMemo(
+    () => ({ navigate: (route) => (location.pathname === route ? undefined : navigate.current(route)) }),
+    [],
+  );
 }
 
 /** Lets the keyboard do what the document bar does, wherever the focus is. */

@@ -1,6 +1,6 @@
-import { useEffect, useRef } from 'react';
-import { useNavigate } from 'react-router';
+import { useEffect } from 'react';
 import { openFileOf } from '../actions/documentActions';
+import { useDocumentTarget } from '../commands/useDocumentCommands';
 import { hasExtensionOf, WORDS_FILE_TYPE } from '../document/fileType';
 import { isVsCode } from '../host/hostFlags';
 import { i18next } from '../i18n';
@@ -13,7 +13,7 @@ interface ItemWithHandle extends DataTransferItem {
 
 /** Opens a document file that is dropped anywhere on the page. Whatever else is dropped, the browser does not leave the page for it. */
 export function useDocumentDrop(): void {
-  const navigate = useRef(useNavigate());
+  const { navigate } = useDocumentTarget();
   useEffect(() => {
     const onDragOver = (event: DragEvent) => {
       if (isTextForField(event)) return;
@@ -25,7 +25,7 @@ export function useDocumentDrop(): void {
       event.preventDefault();
       if (!event.dataTransfer || !holdsFiles(event) || isVsCode) return;
       const dropped = droppedDocument(event.dataTransfer);
-      if (dropped) void openFileOf(dropped.file, dropped.handle, navigate.current);
+      if (dropped) void openFileOf(dropped.file, dropped.handle, navigate);
       else showError(i18next.t('messages.document.load.notToolDocument'));
     };
     window.addEventListener('dragover', onDragOver);
@@ -34,7 +34,7 @@ export function useDocumentDrop(): void {
       window.removeEventListener('dragover', onDragOver);
       window.removeEventListener('drop', onDrop);
     };
-  }, []);
+  }, [navigate]);
 }
 
 function holdsFiles(event: DragEvent): boolean {

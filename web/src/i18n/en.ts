@@ -30,6 +30,10 @@ export const en = {
       open: { error: 'An error occurred while opening the file' },
       save: { error: 'An error occurred while saving the file' },
     },
+    storage: {
+      unkept:
+        'This browser cannot keep the sheets for the next visit: its storage is full or forbidden. Save the document to keep it.',
+    },
     startup: {
       failed: 'Failed to start {{app}}: {{reason}}',
       unreadable: 'Failed to read file: {{reason}}',

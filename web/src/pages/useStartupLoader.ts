@@ -1,8 +1,8 @@
-import { useEffect, useRef, useState } from 'react';
-import { useNavigate } from 'react-router';
+import { useEffect, useState } from 'react';
 import type { Navigate } from '../actions/documentActions';
 import { followEditor } from '../actions/editorStartup';
 import { openLaunchDocument } from '../actions/nativeStartup';
+import { useDocumentTarget } from '../commands/useDocumentCommands';
 import { isVsCode } from '../host/hostFlags';
 import { type Result, success } from '../model/result';
 
@@ -14,15 +14,14 @@ const LEAVING_TIME = 1000;
  * @returns the text of what went wrong, and whether the page may show itself
  */
 export function useStartupLoader(): { loadingError: string | undefined; isReady: boolean } {
-  // Kept from the first render: the router gives a new function after each navigation, also after the one made here.
-  const navigate = useRef(useNavigate());
+  const { navigate } = useDocumentTarget();
   const [loadingError, setLoadingError] = useState<string>();
   const [isReady, setReady] = useState(false);
 
   useEffect(() => {
     let left = false;
     let timer: ReturnType<typeof setTimeout> | undefined;
-    void openStartDocument(navigate.current).then((outcome) => {
+    void openStartDocument(navigate).then((outcome) => {
       if (left) return;
       setLoadingError(outcome.ok ? undefined : outcome.reason);
       if (outcome.ok && outcome.value) timer = setTimeout(() => setReady(true), LEAVING_TIME);
@@ -32,7 +31,7 @@ export function useStartupLoader(): { loadingError: string | undefined; isReady:
       left = true;
       clearTimeout(timer);
     };
-  }, []);
+  }, [navigate]);
 
   return { loadingError, isReady };
 }

@@ -1,4 +1,5 @@
 import { create } from 'zustand';
+import type { FileHandle } from '../host/fileHandle';
 import { isVsCode } from '../host/hostFlags';
 import { type ChangeCause, currentCause } from './changeCause';
 import { applyStep, type DocumentStep, isReplaced, joinSteps, stepBetween } from './documentStep';
@@ -135,16 +136,22 @@ function noteSaved(): void {
   useHistory.setState(({ past }) => ({ savedDepth: past.length }));
 }
 
-/** A document that its file holds needs no way back, and neither does having had none. */
+/** A document that its file holds needs no way back, and neither does having had none. One without a file may be nowhere else. */
 function recordReplacement(before: SheetsState, now: SheetsState, difference: DocumentStep | undefined): void {
   const { past, savedDepth } = useHistory.getState();
-  const isWorthKeeping = before.documentFile === null ? past.length > 0 : before.isUnsaved;
+  const isWorthKeeping =
+    before.documentFile === null ? past.length > 0 : before.isUnsaved || !hasPlace(before.documentFile);
   if (!difference || !isWorthKeeping) {
     useHistory.setState(noSteps(now.isUnsaved));
     return;
   }
   const saved = { before: distance(reachable(savedDepth), past.length), after: now.isUnsaved ? undefined : 0 };
   push({ difference, cause: undefined, gesture: currentGesture(), saved }, now.isUnsaved ? undefined : past.length + 1);
+}
+
+/** Saving in the native host also ends, without a word, with a dialog that was cancelled. */
+function hasPlace({ path, handle }: FileHandle): boolean {
+  return path !== undefined || handle !== undefined;
 }
 
 function recordEdit(difference: DocumentStep): void {

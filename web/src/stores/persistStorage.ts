@@ -1,4 +1,7 @@
 import type { PersistStorage } from 'zustand/middleware';
+import { hostKind } from '../host/hostKind';
+import { i18next } from '../i18n';
+import { showError } from '../ui/notifications';
 import { type PersistedState, readRecord, RECORD_VERSION, writeRecord } from './persistedState';
 import { storageBackend } from './storageBackend';
 
@@ -19,6 +22,8 @@ const LONGEST_REST = 2000;
 /** How long the last writing took, in milliseconds. */
 let lastCost = 0;
 let pending: { key: string; state: PersistedState } | undefined;
+let isHeld = true;
+let isLossTold = false;
 
 /** Keeps the record of the sheets store. Changes within one task are written together after it, before leaving at last. */
 export const persistStorage: PersistStorage<PersistedState> = {
@@ -44,16 +49,26 @@ export const persistStorage: PersistStorage<PersistedState> = {
   },
 };
 
-/** Writes what is still waiting. */
-export function flushRecord(): void {
-  if (!pending) return;
+/** Writes what is still waiting. @returns whether the record holds all that it should */
+export function flushRecord(): boolean {
+  if (!pending) return isHeld;
   const { key, state } = pending;
   pending = undefined;
   const begin = performance.now();
   const fits = state.sheets.size * SMALLEST_SHEET <= LARGEST_RECORD;
+  isHeld = fits && storageBackend.write(key, writeRecord(state));
   // A record that could not be written must go: it would bring back another document.
-  if (!fits || !storageBackend.write(key, writeRecord(state))) storageBackend.remove(key);
+  if (!isHeld) storageBackend.remove(key);
+  if (!isHeld && state.sheets.size > 0) tellLoss();
   lastCost = performance.now() - begin;
+  return isHeld;
+}
+
+/** Only a browser's users rely on the record: the native host has the files, and an editor the document. */
+function tellLoss(): void {
+  if (isLossTold || hostKind !== 'browser') return;
+  isLossTold = true;
+  showError(i18next.t('messages.storage.unkept'));
 }
 
 if (typeof document !== 'undefined') addEventListener('pagehide', flushRecord);

@@ -34,8 +34,8 @@ export interface SheetsOperations {
   getWordsDocument(): WordsDocument;
   /** Notes where the document lives now; by default it counts as saved there. */
   updateWordsDocumentFileState(file: FileHandle | null, isUnsaved?: boolean): void;
-  /** Writes the record for the next visit now instead of shortly. */
-  persistState(): void;
+  /** Writes the record for the next visit now instead of shortly. @returns whether it holds all sheets */
+  persistState(): boolean;
   /** Forgets all sheets and the document. */
   reset(): void;
 }
