@@ -1,6 +1,7 @@
-// Files whose bytes are known to be on the disk, for recovery files that outlive a cut-off save. Paths are narrow
-// strings in the process's code page. All functions block until the system has written.
+// Files whose bytes are known to be on the disk, for recovery files that outlive a cut-off save. All functions
+// block until the system has written.
 #pragma once
+#include <filesystem>
 #include <string>
 
 enum class WriteResult {
@@ -10,13 +11,13 @@ enum class WriteResult {
 };
 
 /// Writes `content` in text mode to a file that only this user may read, in place of whatever had the name before.
-[[nodiscard]] WriteResult writeNewFile(const std::string& path, const std::string& content);
+[[nodiscard]] WriteResult writeNewFile(const std::filesystem::path& path, const std::string& content);
 
 /// Gives the file `from` the name `to`, at once and in place of the file that had it. False when the system refused.
-[[nodiscard]] bool replaceFile(const std::string& from, const std::string& to);
+[[nodiscard]] bool replaceFile(const std::filesystem::path& from, const std::filesystem::path& to);
 
 /// Waits until all that was written to the file is on the disk. False when that failed.
-[[nodiscard]] bool flushFile(const std::string& path);
+[[nodiscard]] bool flushFile(const std::filesystem::path& path);
 
 /// Removes a file if it is there.
-void removeFile(const std::string& path);
+void removeFile(const std::filesystem::path& path);

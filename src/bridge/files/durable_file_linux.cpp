@@ -27,7 +27,7 @@ static bool flush(const FileDescriptor& file) {
 
 static bool isFull(int error) { return error == ENOSPC || error == EDQUOT; }
 
-WriteResult writeNewFile(const std::string& path, const std::string& content) {
+WriteResult writeNewFile(const std::filesystem::path& path, const std::string& content) {
     removeFile(path);
     // Exclusive: in a folder that others may write to, a link with this name must not lead elsewhere.
     const FileDescriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
@@ -37,16 +37,16 @@ WriteResult writeNewFile(const std::string& path, const std::string& content) {
     return WriteResult::ioError;
 }
 
-bool replaceFile(const std::string& from, const std::string& to) {
+bool replaceFile(const std::filesystem::path& from, const std::filesystem::path& to) {
     if (std::rename(from.c_str(), to.c_str()) != 0) return false;
     // The new name is on the disk when the folder is. A folder that cannot be read must go without.
     const FileDescriptor folder(openFolderOf(to));
     return !folder.isOpen() || flush(folder);
 }
 
-bool flushFile(const std::string& path) {
+bool flushFile(const std::filesystem::path& path) {
     const FileDescriptor file(open(path.c_str(), O_WRONLY | O_CLOEXEC));
     return file.isOpen() && flush(file);
 }
 
-void removeFile(const std::string& path) { unlink(path.c_str()); }
+void removeFile(const std::filesystem::path& path) { unlink(path.c_str()); }

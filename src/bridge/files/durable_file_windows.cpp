@@ -14,9 +14,9 @@
 namespace {
 class Descriptor {
 public:
-    Descriptor(const std::string& path, int flags) {
+    Descriptor(const std::filesystem::path& path, int flags) {
         const int mode = _S_IREAD | _S_IWRITE;
-        if (_sopen_s(&number_, path.c_str(), flags | _O_TEXT | _O_NOINHERIT, _SH_DENYNO, mode) != 0) number_ = -1;
+        if (_wsopen_s(&number_, path.c_str(), flags | _O_TEXT | _O_NOINHERIT, _SH_DENYNO, mode) != 0) number_ = -1;
     }
     ~Descriptor() {
         if (isOpen()) _close(number_);
@@ -49,20 +49,20 @@ static WriteResult writeText(const Descriptor& file, const std::string& content)
     return file.write(content) && file.flush() ? WriteResult::written : WriteResult::ioError;
 }
 
-WriteResult writeNewFile(const std::string& path, const std::string& content) {
+WriteResult writeNewFile(const std::filesystem::path& path, const std::string& content) {
     removeFile(path);
     const WriteResult outcome = writeText(Descriptor(path, _O_WRONLY | _O_CREAT | _O_EXCL), content);
     if (outcome == WriteResult::ioError) removeFile(path);
     return outcome;
 }
 
-bool replaceFile(const std::string& from, const std::string& to) {
-    return MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
+bool replaceFile(const std::filesystem::path& from, const std::filesystem::path& to) {
+    return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
 }
 
-bool flushFile(const std::string& path) {
+bool flushFile(const std::filesystem::path& path) {
     const Descriptor file(path, _O_WRONLY);
     return file.isOpen() && file.flush();
 }
 
-void removeFile(const std::string& path) { DeleteFileA(path.c_str()); }
+void removeFile(const std::filesystem::path& path) { DeleteFileW(path.c_str()); }

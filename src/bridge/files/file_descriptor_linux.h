@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <filesystem>
-#include <string>
 
 /// Closed at the end of the scope.
 class FileDescriptor {
@@ -25,7 +24,7 @@ private:
 };
 
 /// Opens the folder that holds the file at `path`. Below 0 when it cannot be read.
-[[nodiscard]] inline int openFolderOf(const std::string& path) {
-    const std::filesystem::path folder = std::filesystem::path(path).parent_path();
+[[nodiscard]] inline int openFolderOf(const std::filesystem::path& path) {
+    const std::filesystem::path folder = path.parent_path();
     return open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
 }

@@ -1,12 +1,15 @@
 #include "bridge/files/recovery_file.h"
 
 #include "bridge/files/durable_file.h"
+#include "bridge/text/native_path.h"
 
-static std::string recoveryFileOf(const std::string& document) { return document + ".new-text"; }
+static std::filesystem::path recoveryFileOf(const std::string& document) {
+    return pathFromNarrow(document + ".new-text");
+}
 
 RecoveryFile writeRecoveryFile(const std::string& document, const std::string& content) {
-    const std::string complete = recoveryFileOf(document);
-    const std::string incomplete = complete + ".incomplete";
+    const std::filesystem::path complete = recoveryFileOf(document);
+    const std::filesystem::path incomplete = pathFromNarrow(document + ".new-text.incomplete");
     const WriteResult result = writeNewFile(incomplete, content);
     if (result == WriteResult::ioError) return RecoveryFile::noSpace;
     if (result == WriteResult::notCreated) return RecoveryFile::impossible;
@@ -16,5 +19,5 @@ RecoveryFile writeRecoveryFile(const std::string& document, const std::string& c
 }
 
 void removeRecoveryFile(const std::string& document) {
-    if (flushFile(document)) removeFile(recoveryFileOf(document));
+    if (flushFile(pathFromNarrow(document))) removeFile(recoveryFileOf(document));
 }

@@ -1,0 +1,55 @@
+#include <windows.h>
+// windows.h must come first
+#include <gtest/gtest.h>
+#include <sddl.h>
+
+#include <string>
+
+#include "bridge/files/rescue_folder.h"
+#include "temporary_folder.h"
+
+static std::wstring accessOf(const std::filesystem::path& path) {
+    BYTE descriptor[4096];
+    DWORD size = 0;
+    if (GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, descriptor, sizeof descriptor, &size) == FALSE) {
+        return {};
+    }
+    LPWSTR text = nullptr;
+    ConvertSecurityDescriptorToStringSecurityDescriptorW(descriptor, SDDL_REVISION_1, DACL_SECURITY_INFORMATION, &text,
+                                                         nullptr);
+    std::wstring rules = text == nullptr ? L"" : text;
+    LocalFree(text);
+    return rules;
+}
+
+TEST(ARescueFolderOnWindows, IsInTheLocalApplicationData) {
+    wchar_t before[MAX_PATH] = {};
+    GetEnvironmentVariableW(L"LOCALAPPDATA", before, MAX_PATH);
+    SetEnvironmentVariableW(L"LOCALAPPDATA", L"C:\\Users\\me\\AppData\\Local");
+    EXPECT_EQ(userRescueFolder(), L"C:\\Users\\me\\AppData\\Local\\Tessary");
+    SetEnvironmentVariableW(L"LOCALAPPDATA", L"relative");
+    EXPECT_EQ(userRescueFolder(), L"");
+    SetEnvironmentVariableW(L"LOCALAPPDATA", nullptr);
+    EXPECT_EQ(userRescueFolder(), L"");
+    SetEnvironmentVariableW(L"LOCALAPPDATA", before);
+}
+
+TEST(ARescueFolderOnWindows, GrantsAccessToOneUser) {
+    const TemporaryFolder outside;
+    const RescueFolder folder(outside.path() / "tessary");
+    ASSERT_TRUE(folder.write(L"Übung 漢字", "secret"));
+    const std::wstring rules = accessOf(folder.path());
+    EXPECT_EQ(rules.find(L";WD)"), std::wstring::npos) << "everyone";
+    EXPECT_EQ(rules.find(L";BU)"), std::wstring::npos) << "the group of users";
+    ASSERT_EQ(folder.list().size(), 1U);
+    EXPECT_EQ(folder.list()[0].path.filename(), L"Übung 漢字");
+}
+
+TEST(ARescueFolderOnWindows, IsClosedToOthersBeforeItIsUsed) {
+    const TemporaryFolder outside;
+    const RescueFolder folder(outside.path() / "tessary");
+    std::filesystem::create_directory(folder.path());
+    ASSERT_TRUE(folder.write("a", "secret"));
+    const std::wstring rules = accessOf(folder.path());
+    EXPECT_EQ(rules.find(L";WD)"), std::wstring::npos) << "everyone";
+}
