@@ -47,6 +47,8 @@ NativeWebView::NativeWebView() : library_(std::make_unique<Library>()) {}
 
 NativeWebView::~NativeWebView() = default;
 
+void* NativeWebView::nativeWindow() const { return library_->view.window(); }
+
 void NativeWebView::setTitle(const std::string& title) { library_->view.set_title(title); }
 
 void NativeWebView::init(const std::string& script) { library_->view.init(wellFormedUtf8(script)); }

@@ -15,6 +15,9 @@ public:
     /// no page may be shown then.
     [[nodiscard]] bool restrictNavigation(const std::string& origin);
 
+    /// The window itself: a GtkWindow* or HWND, for windows that belong to it.
+    [[nodiscard]] void* nativeWindow() const;
+
     void setTitle(const std::string& title) override;
     void init(const std::string& script) override;
     void bind(const std::string& name, Handler handler) override;
