@@ -90,6 +90,29 @@ test.describe('in the native host', () => {
     expect(write!.slice(0, 2)).toEqual(['writeFile', OTHER]);
   });
 
+  test('bits beyond the width of a sheet go with its first edit, and stay in sheets without one', async ({
+    page,
+    enter,
+  }) => {
+    const wide = { int: '0x1ff', intResolution: 8 };
+    const sheets = documentText(
+      { id: 'a', displayName: 'First', ...wide },
+      { id: 'b', displayName: 'Second', ...wide },
+    );
+    await stubNativeHost(page, { args: { filePath: PATH }, files: { [PATH]: sheets } });
+    await enter();
+    await page.getByRole('tab', { name: 'First' }).dblclick();
+    await page.keyboard.type('Mine');
+    await page.keyboard.press('Enter');
+    await page.keyboard.press('Control+s');
+    await expect(page.getByRole('toolbar')).not.toContainText('*');
+    const written = JSON.parse((await hostFile(page, PATH))!) as { sheets: { displayName: string; int: string }[] };
+    expect(written.sheets.map(({ displayName, int }) => [displayName, int])).toEqual([
+      ['Mine', '0xff'],
+      ['Second', '0x1ff'],
+    ]);
+  });
+
   for (const [what, host] of [
     ['a cancelled save dialog', { choices: [null] }],
     ['a place that cannot be written', { choices: [PATH], readOnly: [PATH] }],

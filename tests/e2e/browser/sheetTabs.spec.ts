@@ -44,6 +44,11 @@ test.describe('sheet tabs', () => {
     await expect(page.getByRole('toolbar')).toContainText('numbers.words.tessary*');
   });
 
+  test('a double click on a close button closes one sheet', async ({ page }) => {
+    await page.getByRole('button', { name: 'Close First' }).dblclick();
+    await expect(page.getByRole('tab')).toHaveText(['Second', 'Third']);
+  });
+
   test('are renamed in place', async ({ page, expectAccessible }) => {
     const name = page.getByRole('textbox', { name: 'Sheet name' });
     await page.getByRole('tab', { name: 'Second' }).dblclick();
@@ -60,6 +65,16 @@ test.describe('sheet tabs', () => {
     await name.press('Escape');
     await expect(name).toHaveCount(0);
     await expect(page.getByRole('tab')).toHaveText(['First', 'Mine', 'Third']);
+  });
+
+  test('leave Enter to an input method while it composes a name', async ({ page }) => {
+    const name = page.getByRole('textbox', { name: 'Sheet name' });
+    await page.getByRole('tab', { name: 'First' }).dblclick();
+    await name.fill('漢字');
+    await name.dispatchEvent('keydown', { key: 'Enter', isComposing: true });
+    await expect(name).toHaveValue('漢字');
+    await name.dispatchEvent('keydown', { key: 'Enter' });
+    await expect(page.getByRole('tab')).toHaveText(['漢字', 'Second', 'Third']);
   });
 
   test('an empty name is refused', async ({ page }) => {

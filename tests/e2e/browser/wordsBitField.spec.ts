@@ -50,6 +50,38 @@ test.describe('bit fields', () => {
     await expect(base).toHaveValue('11110000');
   });
 
+  test('painting stops when the pointer leaves the lines of the field', async ({ page, enter }) => {
+    const tool = new WordsTool(page);
+    await tool.open(enter, { int: 0 });
+    const { bits, base } = { ...tool.word(8, 1), base: tool.word(8, 1).base(2) };
+    const box = (await bits.boundingBox())!;
+    const moveTo = async (bit: number, y = 10) => {
+      const { x } = await placeOf(bits, 8, bit);
+      await page.mouse.move(box.x + x, box.y + y);
+    };
+    for (const beyond of [-20, box.height + 20]) {
+      await moveTo(7);
+      await page.mouse.down();
+      await moveTo(6);
+      await moveTo(5, beyond);
+      await moveTo(3, beyond);
+      await moveTo(2);
+      await page.mouse.up();
+      await expect(base).toHaveValue(beyond < 0 ? '11000000' : '0');
+    }
+  });
+
+  test('painting stops with its button, also where the release went elsewhere', async ({ page, enter }) => {
+    const tool = new WordsTool(page);
+    await tool.open(enter, { int: 0 });
+    const { bits, base } = { ...tool.word(8, 1), base: tool.word(8, 1).base(2) };
+    await page.evaluate(() => addEventListener('pointerup', (event) => event.stopPropagation(), { capture: true }));
+    await bits.click({ position: await placeOf(bits, 8, 7) });
+    await bits.hover({ position: await placeOf(bits, 8, 2) });
+    await expect(tool.status).toContainText('bit 2 of word 1, 0');
+    await expect(base).toHaveValue('10000000');
+  });
+
   test('the bit under the pointer is marked and named before it is pressed', async ({ page, enter }) => {
     const tool = new WordsTool(page);
     await tool.open(enter, { int: '0x2000000000' });

@@ -30,6 +30,7 @@ export function SheetNameEditor({ sheetId, name, onDone }: SheetNameEditorProps)
     onDone();
   };
   const onKeyDown = (event: KeyboardEvent<HTMLInputElement>) => {
+    if (event.nativeEvent.isComposing) return;
     const field = event.currentTarget;
     const target = { isAltered: () => true, commit: () => finish(field.value), restore: () => finish(undefined) };
     runCommand(FIELD_COMMANDS, event, target);

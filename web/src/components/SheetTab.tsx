@@ -69,7 +69,8 @@ export const SheetTab = memo(function SheetTab(props: SheetTabProps) {
           type="button"
           aria-label={t('sheets.close', { name: shownName })}
           tabIndex={isActive ? 0 : -1}
-          onClick={() => onClose(sheetId)}
+          // The second click of a double click finds the next sheet's button in the same place.
+          onClick={({ detail }) => detail < 2 && onClose(sheetId)}
           className={styles.close}
         >
           <VscClose aria-hidden />

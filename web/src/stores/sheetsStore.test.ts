@@ -134,6 +134,18 @@ describe('loading a document', () => {
     expect(store().getWordsDocument().sheets[0]!.int).toBe('0x1ff');
   });
 
+  test.each([
+    ['its name', { displayName: 'Mine' }],
+    ['its converters', { converters: ['A10'] }],
+    ['a sign', { signMap: new Map([['0:8', true]]) }],
+  ])('takes the excess of such an integer away with the first edit, also of %s', async (_, changes) => {
+    await load({ sheets: [sheetData({ id: 'one', int: '0x1ff', intResolution: 8 })] });
+    store().updateSheet('one', { flagOptions: [], focusedBlock: ['integer', 8, 0] });
+    expect(store().getActiveSheet()!.int).toBe(0x1ffn);
+    store().updateSheet('one', changes);
+    expect(store().getActiveSheet()!.int).toBe(0xffn);
+  });
+
   test('a document with a path counts as saved, one without as unsaved', async () => {
     await load({}, { name: 'a.tessary', path: '/a.tessary' });
     expect(store()).toMatchObject({ documentFile: { name: 'a.tessary', path: '/a.tessary' }, isUnsaved: false });

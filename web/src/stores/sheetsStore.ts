@@ -77,7 +77,12 @@ const createStore: StateCreator<SheetsState & SheetsOperations> = (set, get) => 
       console.error(`Sheet with id ${id} not found for update.`);
       return;
     }
-    set({ sheets: new Map(sheets).set(id, sheet.with(changes)), ...(isDocumentChange(changes) && changed(get)) });
+    const isEdit = isDocumentChange(changes);
+    const edited = sheet.with(changes);
+    set({
+      sheets: new Map(sheets).set(id, isEdit ? edited.withinResolution() : edited),
+      ...(isEdit && changed(get)),
+    });
   },
 
   setActiveSheet(id) {

@@ -62,6 +62,12 @@ export class BitsSheet extends WithFields {
   with(changes: SheetChanges): BitsSheet {
     return new BitsSheet({ ...this, ...changes });
   }
+
+  /** This sheet without the bits of its value that are beyond its width. */
+  withinResolution(): BitsSheet {
+    const int = BigInt.asUintN(this.intResolution, this.int);
+    return int === this.int ? this : this.with({ int });
+  }
 }
 
 /** An identifier that no other sheet has: 21 URL-safe characters. */

@@ -93,6 +93,7 @@ export const BitField = memo(function BitField({ name, layout, pixelRatio, index
   };
   const onPointerMove = (event: PointerEvent) => {
     const bit = bitUnder(event);
+    if (!isPainting(event, layout)) stroke.current = undefined;
     if (stroke.current) paintTo(bit);
     painter.mark({ hovered: bit });
     read(bit);
@@ -156,6 +157,11 @@ export const BitField = memo(function BitField({ name, layout, pixelRatio, index
     />
   );
 });
+
+/** A stroke ends with its button, even where nobody reported that, and above and below the lines of its field. */
+function isPainting({ buttons, nativeEvent: { offsetY } }: PointerEvent, { height }: BitFieldLayout): boolean {
+  return (buttons & 1) === 1 && offsetY >= 0 && offsetY < height;
+}
 
 /** The bits that a stroke passes from one to another: those between them when they share a line. */
 function bitsBetween({ bits, bitsPerLine }: BitFieldLayout, from: number, to: number): number[] {
