@@ -2,7 +2,6 @@ import { UNTITLED_FILE_NAME, WORDS_FILE_TYPE } from '../document/fileType';
 import { withLoading } from '../document/loading';
 import { parseToolDocumentInSteps } from '../document/parseToolDocument';
 import { isDialogAbortError } from '../host/dialogAbort';
-import type { FileHandle } from '../host/fileHandle';
 import { fileService, type OpenedFile } from '../host/fileService';
 import { i18next } from '../i18n';
 import { inOneStep } from '../stores/history';
@@ -41,16 +40,6 @@ export function openFileOf(
   }, navigate);
 }
 
-/** Saves the document to its file, or asks for a place where it has none. */
-export function saveDocument(): Promise<void> {
-  return save((file) => file);
-}
-
-/** Saves the document to a place that the user chooses. */
-export function saveDocumentAs(): Promise<void> {
-  return save(({ name }) => ({ name }));
-}
-
 /** Closes the document. Asks first when changes would be lost. */
 export async function closeDocument(): Promise<void> {
   if (await mayDiscardChanges()) useSheetsStore.getState().reset();
@@ -70,24 +59,4 @@ async function openWith(read: () => Promise<OpenedFile>, navigate: Navigate): Pr
   } catch (error) {
     if (!isDialogAbortError(error)) showError(i18next.t('messages.file.open.error'));
   }
-}
-
-async function save(target: (file: FileHandle) => FileHandle): Promise<void> {
-  const store = useSheetsStore.getState();
-  const file = store.documentFile;
-  if (!file) return;
-  try {
-    const text = store.getWordsDocument().toFileData();
-    const outcome = await fileService.saveFile(text, target(file), file.name, WORDS_FILE_TYPE);
-    noteSaved(file, (outcome.success && outcome.fileHandle) || file, text);
-  } catch (error) {
-    if (!isDialogAbortError(error)) showError(i18next.t('messages.file.save.error'));
-  }
-}
-
-/** A dialog can be open for long: what was edited meanwhile stays unsaved, and a document opened meanwhile is left alone. */
-function noteSaved(before: FileHandle, now: FileHandle, text: string): void {
-  const { documentFile, getWordsDocument, updateWordsDocumentFileState } = useSheetsStore.getState();
-  if (documentFile !== before) return;
-  updateWordsDocumentFileState(now, getWordsDocument().toFileData() !== text);
 }

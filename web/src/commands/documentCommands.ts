@@ -1,12 +1,6 @@
-import {
-  closeDocument,
-  type Navigate,
-  newDocument,
-  openDocument,
-  saveDocument,
-  saveDocumentAs,
-} from '../actions/documentActions';
+import { closeDocument, type Navigate, newDocument, openDocument } from '../actions/documentActions';
 import { mustStartAgain, startAgain } from '../actions/leaveGuards';
+import { saveDocument, saveDocumentAs } from '../actions/saving';
 import { unsavedChangesPrompt } from '../actions/unsavedChangesPrompt';
 import { useSheetsStore } from '../stores/sheetsStore';
 import type { Command } from './command';

@@ -5,7 +5,7 @@ import type { WordsDocumentData } from '../document/schema';
 import { DOCUMENT_FIELDS } from '../model/sheet/bitsSheet';
 import { documentData, sheetData } from '../testing/documents';
 import { nextGesture } from './gesture';
-import { inOneStep, LONGEST_HISTORY, redo, undo, useHistory } from './history';
+import { historyPoint, inOneStep, LONGEST_HISTORY, noteSavedAt, redo, undo, useHistory } from './history';
 import { useSheetsStore } from './sheetsStore';
 import { useSheetStore } from './sheetStore';
 
@@ -107,6 +107,39 @@ describe('the unsaved mark', () => {
     expect(sheets().isUnsaved).toBe(true);
     redo();
     expect(sheets().isUnsaved).toBe(false);
+  });
+
+  test('goes where undo or redo reach what a save wrote that ended after later edits', () => {
+    const edit = (value: bigint) => {
+      sheet().updateWord(0, 64, value);
+      nextGesture();
+    };
+    edit(1n);
+    const point = historyPoint();
+    edit(2n);
+    edit(3n);
+    noteSavedAt(point);
+    undo();
+    expect(sheets().isUnsaved).toBe(true);
+    undo();
+    expect(sheet().int.value).toBe(1n);
+    expect(sheets().isUnsaved).toBe(false);
+    undo();
+    expect(sheets().isUnsaved).toBe(true);
+    noteSavedAt(point);
+    redo();
+    expect(sheets().isUnsaved).toBe(false);
+  });
+
+  test('stays everywhere when what a save wrote cannot be reached any more', () => {
+    sheet().updateWord(0, 64, 1n);
+    const point = historyPoint();
+    undo();
+    nextGesture();
+    sheet().updateWord(0, 64, 2n);
+    noteSavedAt(point);
+    undo();
+    expect(sheets().isUnsaved).toBe(true);
   });
 
   test('stays when what is saved was given up', () => {

@@ -59,6 +59,19 @@ export function inOneStep(change: () => void): void {
   }
 }
 
+/** The step that led to the state of the document; undefined where the history begins. */
+export function historyPoint(): HistoryStep | undefined {
+  return useHistory.getState().past.at(-1);
+}
+
+/** Notes that a file holds the state that `historyPoint` gave, though the document has been edited since. */
+export function noteSavedAt(point: HistoryStep | undefined): void {
+  const { past, future } = useHistory.getState();
+  const depth = [...past, ...[...future].reverse()].findIndex((step) => step === point) + 1;
+  const isReachable = point ? depth > 0 : past.length < LONGEST_HISTORY;
+  useHistory.setState({ savedDepth: isReachable ? depth : undefined });
+}
+
 /** Takes the last step back. @returns it, or undefined when there is none */
 export function undo(): HistoryStep | undefined {
   const { past, future, savedDepth } = useHistory.getState();
