@@ -64,6 +64,7 @@ int main(int argc, char* argv[]) {
     if (!view.restrictNavigation(serverUrl)) {
         exitWithError("Tessary cannot keep its window on its own page, so it shows none: start Tessary again.");
     }
+    view.guardWork(serverUrl);
     view.navigate(serverUrl.empty() ? "about:blank" : serverUrl);
     view.setSize(800, 600);
     view.run();

@@ -3,8 +3,11 @@ import './styles.css';
 import './i18n';
 import { createRoot } from 'react-dom/client';
 import { BrowserRouter } from 'react-router';
+import { answerWindowEvents } from './actions/windowEvents';
 import { App } from './app/App';
 import { PageRoutes } from './app/PageRoutes';
+
+answerWindowEvents();
 
 createRoot(document.getElementById('root')!).render(
   <App>

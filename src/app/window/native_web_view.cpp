@@ -12,6 +12,7 @@
 #include "app/window/engine_page_linux.h"
 #include "app/window/restrict_navigation_linux.h"
 #endif
+#include "app/window/work_guard.h"
 #include "bridge/call_queue.h"
 #include "bridge/envelope.h"
 #include "bridge/file_dialogs.h"
@@ -20,9 +21,33 @@
 static constexpr int replied = 0;
 static constexpr int rejected = 1;
 
+namespace {
+/// Counts while it lives.
+class Running {
+public:
+    explicit Running(int& count) : count_(count) { ++count_; }
+    ~Running() { --count_; }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+
+private:
+    int& count_;
+};
+}  // namespace
+
 struct NativeWebView::Library {
     webview::webview view{true, nullptr};
     CallQueue calls;
+    int runningCalls = 0;
+    std::unique_ptr<WorkGuard> guard;
+
+    /// Shows that a call of the page's runs, also while it waits for the user.
+    [[nodiscard]] Handler counted(const Handler& handler) {
+        return [this, handler](const std::string& request) {
+            const Running running(runningCalls);
+            return handler(request);
+        };
+    }
 
     /// Calls `handler` when its turn has come and replies by the call's id. An exception must not get out: it would
     /// cross the web engine's frames and end the process.
@@ -55,14 +80,19 @@ void NativeWebView::init(const std::string& script) { library_->view.init(wellFo
 
 void NativeWebView::bind(const std::string& name, Handler handler) {
     // The library's synchronous form is enough where the engine holds other calls back while a dialog is open.
-    if (dialogsAreReentrant()) return library_->bindById(name, handler);
-    library_->view.bind(name, std::move(handler));
+    if (dialogsAreReentrant()) return library_->bindById(name, library_->counted(handler));
+    library_->view.bind(name, library_->counted(handler));
 }
 
 void NativeWebView::bindThrowing(const std::string& name, Handler handler) { library_->bindById(name, handler); }
 
 bool NativeWebView::restrictNavigation(const std::string& origin) {
     return ::restrictNavigation(enginePage(library_->view), origin);
+}
+
+void NativeWebView::guardWork(const std::string& origin) {
+    const auto isBusy = [this] { return library_->runningCalls > 0; };
+    library_->guard = std::make_unique<WorkGuard>(pageWindowOf(library_->view), origin, isBusy);
 }
 
 void NativeWebView::navigate(const std::string& url) { library_->view.navigate(url); }

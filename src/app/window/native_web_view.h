@@ -18,6 +18,10 @@ public:
     /// The window itself: a GtkWindow* or HWND, for windows that belong to it.
     [[nodiscard]] void* nativeWindow() const;
 
+    /// From now on unsaved work keeps the window open until the user lets it go, signals end the program in order, and
+    /// a page whose process died is loaded again from `origin`. Call it when navigation is restricted.
+    void guardWork(const std::string& origin);
+
     void setTitle(const std::string& title) override;
     void init(const std::string& script) override;
     void bind(const std::string& name, Handler handler) override;

@@ -2,25 +2,13 @@ import { readFileSync } from 'node:fs';
 import { join } from 'node:path';
 import { documentText } from '../support/shared/documents';
 import { until } from '../support/shared/until';
+import { click } from '../support/windows/click';
 import { CommonDialog } from '../support/windows/commonDialog';
 import { expect, test } from '../support/windows/fixtures';
-import type { WindowsProgram } from '../support/windows/windowsProgram';
 
 test.setTimeout(120_000);
 
 const documentFilters = ['Tessary Files (*.words.tessary;*.tessary)', 'All Files (*.*)'];
-
-/** Clicks a button or link of the page as soon as it can be used. */
-async function click(program: WindowsProgram, name: string) {
-  await until(`"${name}" to be clicked`, () =>
-    program.page.evaluate((wanted) => {
-      const all = [...document.querySelectorAll<HTMLElement>('a, button:not(:disabled)')];
-      const found = all.find((each) => (each.ariaLabel ?? each.innerText).trim() === wanted);
-      found?.click();
-      return found !== undefined;
-    }, name),
-  );
-}
 
 function textOnDisk(folder: string, name: string): string {
   return readFileSync(join(folder, name), 'utf8');

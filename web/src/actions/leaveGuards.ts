@@ -5,7 +5,7 @@ import { mayDiscardChanges } from './unsavedChangesPrompt';
 let isStartingAgain = false;
 
 /** Whether the page holds work that no file holds. An editor keeps the document itself. */
-function hasUnsavedWork(): boolean {
+export function hasUnsavedWork(): boolean {
   return useSheetsStore.getState().isUnsaved && !isVsCode;
 }
 

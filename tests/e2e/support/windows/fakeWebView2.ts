@@ -69,6 +69,21 @@ export class FakeWebView2 {
     return this.#mayGo('new-window', 'new-window', address);
   }
 
+  /** A script that the program ran has this result, as JSON; nothing when there is no page to run it. */
+  finishEvaluation(number: string, json: string | undefined) {
+    this.#send('evaluated', json === undefined ? number : `${number} ${json}`);
+  }
+
+  /** One of the runtime's processes has ended. */
+  failProcess(kind: 'browser' | 'page' | 'graphics') {
+    this.#send('process-failed', { browser: '0', page: '1', graphics: '6' }[kind]);
+  }
+
+  /** The user logs out. */
+  endSession() {
+    this.#send('end-session', '');
+  }
+
   /** The user closes the program's window. */
   closeWindow() {
     this.#send('close', '');

@@ -14,9 +14,18 @@
 static constexpr GUID environmentHandlerId{
     0x4E8A3389, 0xC9D8, 0x4BD2, {0xB6, 0xB5, 0x12, 0x4F, 0xEE, 0x6C, 0xC1, 0x4D}};
 
+/// As the system does when the user logs out.
+static void endSession() {
+    if (SendMessageW(programWindow(), WM_QUERYENDSESSION, 0, ENDSESSION_LOGOFF) == FALSE) return;
+    SendMessageW(programWindow(), WM_ENDSESSION, TRUE, ENDSESSION_LOGOFF);
+}
+
 static void obey(const Line& line) {
     onUiThread([line] {
         if (line.verb == "close") PostMessageW(programWindow(), WM_CLOSE, 0, 0);
+        if (line.verb == "end-session") endSession();
+        if (line.verb == "evaluated") raiseInTurn([line] { finishEvaluation(line.text); });
+        if (line.verb == "process-failed") raiseInTurn([line] { failProcess(std::atoi(line.text.c_str())); });
         if (line.verb == "message") raiseInTurn([line] { postFromPage(line.text); });
         if (line.verb == "navigating") raiseInTurn([line] { startNavigation(line.text); });
         if (line.verb == "new-window") raiseInTurn([line] { requestNewWindow(line.text); });

@@ -3,6 +3,8 @@
 #include <objbase.h>
 
 #include <cstring>
+#include <map>
+#include <utility>
 
 #include "driver.h"
 #include "text.h"
@@ -13,10 +15,17 @@ static constexpr GUID permissionHandlerId{0x15E1C6A3, 0xC72A, 0x4DF3, {0x91, 0xD
 static constexpr GUID navigationHandlerId{0x9ADBE429, 0xF36D, 0x432B, {0x9D, 0xDC, 0xF8, 0x88, 0x1F, 0xBD, 0x76, 0xE3}};
 static constexpr GUID newWindowHandlerId{0xD4C185FE, 0xC81C, 0x4989, {0x97, 0xAF, 0x2D, 0x3F, 0xA7, 0xAB, 0x56, 0x51}};
 
+static constexpr GUID processFailedHandlerId{
+    0x79E0AEA4, 0x990B, 0x42D9, {0xAA, 0x1D, 0x0F, 0xCC, 0x2E, 0x5B, 0xC7, 0xF1}};
+static constexpr GUID executeScriptHandlerId{
+    0x49511172, 0xCC67, 0x4BCA, {0x99, 0x23, 0x13, 0x71, 0x12, 0xF4, 0xC4, 0xCC}};
+
 static Handler messageHandler;
 static Handler navigationHandler;
 static Handler newWindowHandler;
 static Handler permissionHandler;
+static Handler processFailedHandler;
+static std::map<std::string, Handler> evaluations;
 static std::wstring textForProgram;
 static bool prevented;
 static int askedPermission;
@@ -29,6 +38,18 @@ static HRESULT subscribe(Handler& place, IUnknown* handler, const GUID& interfac
 
 static HRESULT report(const char* verb, PCWSTR text) {
     tellDriver(verb, utf8(text));
+    return S_OK;
+}
+
+/// A script without a handler is "exec"; one whose result is wanted is "evaluate" with a number and a blank before it.
+static HRESULT STDMETHODCALLTYPE executeScript(ComObject*, PCWSTR script, IUnknown* handler) {
+    if (handler == nullptr) return report("exec", script);
+    const Handler wanted = handlerOf(handler, executeScriptHandlerId);
+    if (!wanted) return E_NOINTERFACE;
+    static int count = 0;
+    const std::string number = std::to_string(++count);
+    evaluations[number] = wanted;
+    tellDriver("evaluate", number + " " + utf8(script));
     return S_OK;
 }
 
@@ -54,7 +75,11 @@ ComObject& webView() {
             return subscribe(permissionHandler, handler, permissionHandlerId, token);
         });
     view.set(27, +[](ComObject*, PCWSTR script, IUnknown*) -> HRESULT { return report("init", script); });
-    view.set(29, +[](ComObject*, PCWSTR script, IUnknown*) -> HRESULT { return report("exec", script); });
+    view.set(
+        25, +[](ComObject*, IUnknown* handler, INT64* token) -> HRESULT {
+            return subscribe(processFailedHandler, handler, processFailedHandlerId, token);
+        });
+    view.set(29, executeScript);
     view.set(33, +[](ComObject*, PCWSTR text) -> HRESULT { return report("echo", text); });
     view.set(
         34, +[](ComObject*, IUnknown* handler, INT64* token) -> HRESULT {
@@ -82,6 +107,28 @@ void postFromPage(const std::string& message) {
     arguments.set(5, giveText);
     textForProgram = utf16(message);
     invoke(messageHandler, &webView(), &arguments);
+}
+
+void finishEvaluation(const std::string& answer) {
+    const std::size_t blank = answer.find(' ');
+    const auto evaluation = evaluations.extract(answer.substr(0, blank));
+    if (evaluation.empty()) return;
+    const bool failed = blank == std::string::npos;
+    const std::wstring json = failed ? std::wstring() : utf16(answer.substr(blank + 1));
+    invoke(evaluation.mapped(), failed ? E_FAIL : HRESULT{S_OK}, failed ? nullptr : json.c_str());
+}
+
+void failProcess(int kind) {
+    if (!processFailedHandler) return;
+    static ComObject arguments("process-failed-arguments");
+    static int failedKind;
+    arguments.set(
+        3, +[](ComObject*, int* result) -> HRESULT {
+            *result = failedKind;
+            return S_OK;
+        });
+    failedKind = kind;
+    invoke(processFailedHandler, &webView(), &arguments);
 }
 
 static HRESULT STDMETHODCALLTYPE prevent(ComObject*, BOOL yes) {

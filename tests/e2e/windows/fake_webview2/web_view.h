@@ -19,3 +19,11 @@ void startNavigation(const std::string& address);
 /// The page asks for a new window; the driver hears "new-window-allowed" or "new-window-refused" with its address.
 /// UI thread only, in turn.
 void requestNewWindow(const std::string& address);
+
+/// A script has given its result: the number of its "evaluate", a blank, and JSON; the number alone when there is no
+/// page to run it. UI thread only, in turn.
+void finishEvaluation(const std::string& answer);
+
+/// One of the engine's processes has ended, such as 0 for the browser itself and 1 for the page's. UI thread only, in
+/// turn.
+void failProcess(int kind);

@@ -1,0 +1,16 @@
+#include "app/window/work_guard.h"
+
+#include <utility>
+
+WorkGuard::WorkGuard(std::unique_ptr<PageWindow> window, const std::string& url, std::function<bool()> isBusy)
+    : window_(std::move(window)), closer_(*window_), revival_(*window_, url), isBusy_(std::move(isBusy)) {
+    WindowEvents events;
+    events.closeRequested = [this] {
+        if (!isBusy_()) closer_.requestClose();
+    };
+    events.endRequested = [this] { closer_.requestEnd(); };
+    events.pageDied = [this](bool canLoadAgain) {
+        if (!closer_.isEnding()) revival_.revive(canLoadAgain, [this] { closer_.requestEnd(); });
+    };
+    window_->listen(std::move(events));
+}
