@@ -46,6 +46,12 @@ test.describe('in an editor extension', () => {
     await expectAccessible();
   });
 
+  test('a document that it sends takes no focus from the editor', async ({ page }) => {
+    await send(page, documentText({ displayName: 'Sent' }));
+    await expect(page.getByRole('textbox', { name: 'Value' }).first()).toBeVisible();
+    await expect(page.locator('body')).toBeFocused();
+  });
+
   test('the last sheet has no close button, two have', async ({ page }) => {
     await send(page, documentText({ displayName: 'Sent' }));
     await expect(page.getByRole('tab', { name: 'Sent' })).toBeVisible();

@@ -155,7 +155,7 @@ test.describe('the scroll lock', () => {
     await tool.choose(tool.formats, 'Int 64');
     await scrollRow(tool, 'Int 256', 300);
     await expect.poll(() => position(tool, 'Int 256')).toBe(300);
-    expect(await position(tool, 'Int 128')).toBe(0);
+    expect(await position(tool, 'Int 128')).toBeGreaterThan(3000); // at its least significant end, as it began
     await tool.scrollLock.click();
     await expect(tool.scrollLock).toHaveAttribute('aria-pressed', 'true');
     await scrollRow(tool, 'Int 128', 200);
@@ -174,7 +174,7 @@ test.describe('the scroll lock', () => {
     await expect.poll(kept).toContain('700');
     await page.getByRole('button', { name: 'Add sheet' }).click();
     await tool.choose(tool.resolution, '1024');
-    expect(await position(tool, 'Int 1024')).toBe(0);
+    expect(await position(tool, 'Int 1024')).toBeGreaterThan(16_000);
     await page.getByRole('tab', { name: 'Number A' }).click();
     await expect.poll(() => position(tool, 'Int 1024')).toBe(700);
 

@@ -7,6 +7,7 @@ import { i18next } from '../i18n';
 import { inOneStep } from '../stores/history';
 import { useSheetsStore } from '../stores/sheetsStore';
 import { showError } from '../ui/notifications';
+import { requestFirstWordFocus } from './firstWordFocus';
 import { mayDiscardChanges } from './unsavedChangesPrompt';
 
 /** The router's way to a route of the page. */
@@ -20,6 +21,7 @@ export async function newDocument(navigate: Navigate): Promise<void> {
     reset();
     addSheet();
   });
+  requestFirstWordFocus();
   await navigate('/tools/words');
 }
 
@@ -54,6 +56,7 @@ async function openWith(read: () => Promise<OpenedFile>, navigate: Navigate): Pr
       if (!parsed.success) return;
       const file = { ...opened.fileHandle, name: opened.fileHandle.name || UNTITLED_FILE_NAME };
       await useSheetsStore.getState().loadWordsDocument(parsed.data, file, loading);
+      requestFirstWordFocus();
       await navigate(parsed.navigationRoute);
     });
   } catch (error) {

@@ -6,6 +6,7 @@ import { i18next } from '../i18n';
 import { failure, type Result, success } from '../model/result';
 import { useSheetsStore } from '../stores/sheetsStore';
 import type { Navigate } from './documentActions';
+import { requestFirstWordFocus } from './firstWordFocus';
 
 /**
  * Opens the document that the native host was started with. Never rejects.
@@ -40,6 +41,7 @@ async function openFile(
   const parsed = await parseToolDocumentInSteps(answer.data, loading, false);
   if (!parsed.success) return failure(parsed.error);
   await useSheetsStore.getState().loadWordsDocument(parsed.data, { path, name: getFileNameFromPath(path) }, loading);
+  requestFirstWordFocus();
   await navigate(parsed.navigationRoute);
   return success(true);
 }

@@ -51,6 +51,14 @@ describe('a pressed key', () => {
     expect(event.preventDefault).not.toHaveBeenCalled();
   });
 
+  test('does what it does by itself, too, where its command passes it on', () => {
+    const { run, commands } = command({ passesOn: true });
+    const event = press('F2');
+    expect(runCommand(commands, event, 'target')).toBe(true);
+    expect(run).toHaveBeenCalledOnce();
+    expect(event.preventDefault).not.toHaveBeenCalled();
+  });
+
   test.each([
     { repeats: false, runs: 0 },
     { repeats: true, runs: 1 },

@@ -17,6 +17,8 @@ export interface Command<Target> {
   readonly when?: (target: Target) => boolean;
   /** Leaves its keys to the browser where it cannot be done. */
   readonly yields?: boolean;
+  /** The key also does what it does by itself, such as writing a letter. */
+  readonly passesOn?: boolean;
   /** A held key does it again and again. */
   readonly repeats?: boolean;
   /** @param chord - the one of `keys` that was pressed; absent when it was chosen in another way */
@@ -41,7 +43,7 @@ export function runCommand<Target>(commands: readonly Command<Target>[], event: 
     if (!chord) continue;
     const isPossible = command.when?.(target) ?? true;
     if (!isPossible && command.yields) return false;
-    event.preventDefault();
+    if (!command.passesOn) event.preventDefault();
     if (isPossible && (command.repeats || !event.repeat)) command.run(target, chord);
     return true;
   }

@@ -8,7 +8,14 @@ export interface FieldTarget {
 }
 
 export const FIELD_COMMANDS: readonly Command<FieldTarget>[] = [
-  { id: 'field.commit', keys: ['Enter'], label: 'commands.field.commit', run: ({ commit }) => commit() },
+  {
+    id: 'field.commit',
+    keys: ['Enter'],
+    label: 'commands.field.commit',
+    // What a field shows is not always what it would take: a float that was left shows its bits as an integer.
+    when: ({ isAltered }) => isAltered(),
+    run: ({ commit }) => commit(),
+  },
   {
     id: 'field.restore',
     keys: ['Escape'],

@@ -4,6 +4,9 @@
  */
 export type KeyChord = string;
 
+/** Stands for every key that writes a digit or a letter, in either case. */
+export const DIGIT_OR_LETTER: KeyChord = 'Digit or letter';
+
 /** The parts of a keyboard event that make up a chord; DOM events and React's both have them. */
 export type ChordEvent = Pick<KeyboardEvent, 'key' | 'ctrlKey' | 'metaKey' | 'altKey' | 'shiftKey'>;
 
@@ -15,6 +18,7 @@ interface ParsedChord {
 const parsedChords = new Map<KeyChord, ParsedChord>();
 
 export function chordMatches(chord: KeyChord, event: ChordEvent): boolean {
+  if (chord === DIGIT_OR_LETTER) return writesDigitOrLetter(event);
   const { key, modifiers } = parse(chord);
   return (
     event.key.toLowerCase() === key &&
@@ -22,6 +26,10 @@ export function chordMatches(chord: KeyChord, event: ChordEvent): boolean {
     event.shiftKey === modifiers.has('Shift') &&
     matchesControl(modifiers, event)
   );
+}
+
+function writesDigitOrLetter({ key, ctrlKey, metaKey, altKey }: ChordEvent): boolean {
+  return /^[0-9a-z]$/i.test(key) && !ctrlKey && !metaKey && !altKey;
 }
 
 function matchesControl(modifiers: ReadonlySet<string>, { ctrlKey, metaKey }: ChordEvent): boolean {

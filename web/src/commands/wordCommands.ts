@@ -2,6 +2,7 @@ import { allBits } from '../model/integer/wordOperations';
 import { withCause } from '../stores/changeCause';
 import { type SheetOperations, useSheetStore } from '../stores/sheetStore';
 import type { Command } from './command';
+import { DIGIT_OR_LETTER } from './keyChord';
 import { OPERATION_ICONS, type OperationId } from './operationIcons';
 
 /** One word of the sheet that is shown: its width in bits, and its index counted from 0. */
@@ -45,8 +46,12 @@ export type Direction = 'left' | 'right' | 'up' | 'down';
 
 /** A word that knows its neighbours. */
 export interface WordPlaceTarget {
+  /** The keyboard is in the word's header, where no text is typed. */
+  readonly isHeader: boolean;
   /** Gives the focus to the word next to this one. */
   readonly move: (direction: Direction) => void;
+  /** Gives the focus to the field of the base that was typed in last, for the pressed key to replace its text. */
+  readonly type: () => void;
 }
 
 const DIRECTIONS: Readonly<Record<string, Direction>> = {
@@ -63,5 +68,14 @@ export const WORD_COMMANDS: readonly Command<WordPlaceTarget>[] = [
     label: 'commands.word.move',
     repeats: true,
     run: ({ move }, chord) => move(DIRECTIONS[chord!]!),
+  },
+  {
+    id: 'word.type',
+    keys: [DIGIT_OR_LETTER],
+    label: 'commands.word.type',
+    when: ({ isHeader }) => isHeader,
+    yields: true,
+    passesOn: true,
+    run: ({ type }) => type(),
   },
 ];

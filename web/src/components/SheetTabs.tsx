@@ -1,5 +1,6 @@
 import { useCallback, useEffect, useId, useLayoutEffect, useMemo, useRef, useState, type WheelEvent } from 'react';
 import { useTranslation } from 'react-i18next';
+import { requestFirstWordFocus } from '../actions/firstWordFocus';
 import { isVsCode } from '../host/hostFlags';
 import { useSheetsStore } from '../stores/sheetsStore';
 import { SheetTab } from './SheetTab';
@@ -59,6 +60,10 @@ export function SheetTabs() {
   const scrollSideways = (event: WheelEvent) => {
     if (event.deltaX === 0) strip.current!.scrollLeft += event.deltaY;
   };
+  const add = () => {
+    useSheetsStore.getState().addSheet();
+    requestFirstWordFocus();
+  };
   const owned = Array.from({ length: end - first }, (_, offset) => tabId(first + offset)).join(' ');
 
   return (
@@ -85,13 +90,7 @@ export function SheetTabs() {
           </div>
         </div>
       </div>
-      <button
-        type="button"
-        aria-label={t('sheets.add')}
-        title={t('sheets.add')}
-        onClick={() => useSheetsStore.getState().addSheet()}
-        className={styles.add}
-      >
+      <button type="button" aria-label={t('sheets.add')} title={t('sheets.add')} onClick={add} className={styles.add}>
         +
       </button>
     </div>

@@ -10,7 +10,10 @@ export const commandTexts = {
   history: { undo: 'Undo', redo: 'Redo' },
   page: { reload: 'Reload' },
   tab: { show: 'Show another sheet', rename: 'Rename the sheet', close: 'Close the sheet' },
-  word: { move: 'Go to the word beside, above or below' },
+  word: {
+    move: 'Go to the word beside, above or below',
+    type: 'Replace the value, in the base typed last (on a word’s header)',
+  },
   field: { commit: 'Take over the text', restore: 'Bring the text back' },
   bits: {
     move: 'Choose a bit',

@@ -96,7 +96,7 @@ function readBitInt(fields: unknown): BitInt {
 
 function readScrollMap(fields: unknown): ScrollMap {
   const { rows, vertical } = fields as Record<string, unknown>;
-  const isUsable = rows instanceof Map && typeof vertical === 'number';
+  const isUsable = rows instanceof Map && (vertical === undefined || typeof vertical === 'number');
   return isUsable ? new ScrollMap(rows, vertical) : ScrollMap.empty;
 }
 

@@ -127,7 +127,12 @@ export const useSheetStore = create<SheetState & SheetOperations>()((set, get) =
 
     setIntResolution(width) {
       const { int, numberDefinitions } = get();
-      apply({ int: int.withResolution(width), numberDefinitions: definitionsFor(width, numberDefinitions) });
+      apply({
+        int: int.withResolution(width),
+        numberDefinitions: definitionsFor(width, numberDefinitions),
+        // Positions count from the most significant end, which moves: rows begin at their other end again.
+        scrollMap: ScrollMap.empty,
+      });
     },
     setScrollMap: (scrollMap) => apply({ scrollMap }),
 

@@ -108,7 +108,7 @@ export class Desktop {
   /** Types a text. What no key of the keyboard gives is typed by its code point, as GTK offers it. */
   type(text: string) {
     for (const part of text.match(/[ -~]+|[^ -~]/gu) ?? []) {
-      if (/^[ -~]/.test(part)) this.#run('xdotool', 'type', '--clearmodifiers', '--delay', '4', part);
+      if (/^[ -~]/.test(part)) this.#run('xdotool', 'type', '--clearmodifiers', '--delay', '4', '--', part);
       else this.press('ctrl+shift+u', ...(part.codePointAt(0) ?? 0).toString(16), 'space');
     }
   }

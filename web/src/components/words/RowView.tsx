@@ -46,20 +46,24 @@ function RowBlocks({ row, viewWidth, pixelRatio, scrollSync, onMove, notation, o
   const { key, type, bits, count, blockWidth } = row;
   const texts = useMemo(() => rowTexts(row), [row]);
   const scroller = useRef<HTMLDivElement>(null);
-  const [scrolled, setScrolled] = useState(() => scrollSync.position(key));
+  const farthest = Math.max(0, count * blockWidth - viewWidth);
+  // Undefined at the least significant end, which stays there when the row gets wider.
+  const [scrolled, setScrolled] = useState(() => scrollSync.stored(key));
   const focusedIndex = useSheetStore(({ focusedBlock }) =>
     focusedBlock[0] === type && focusedBlock[1] === bits && focusedBlock[2] < count ? focusedBlock[2] : -1,
   );
-  useLayoutEffect(() => scrollSync.attachRow(key, scroller.current!), [scrollSync, key]);
+  useLayoutEffect(() => scrollSync.attachRow(key, scroller.current!, farthest), [scrollSync, key, farthest]);
 
-  const placesAt = (position: number) => partsInView(count, blockWidth, position, viewWidth, MARGIN);
+  const placesAt = (position = farthest) =>
+    partsInView(count, blockWidth, Math.min(position, farthest), viewWidth, MARGIN);
   const onScroll = () => {
     const position = scroller.current!.scrollLeft;
     scrollSync.rowScrolled(key, position);
-    setScrolled((before) => (isEqual(placesAt(before), placesAt(position)) ? before : position));
+    const now = position < farthest - 1 ? position : undefined;
+    setScrolled((before) => (isEqual(placesAt(before), placesAt(now)) ? before : now));
   };
 
-  const [first, last] = placesAt(Math.min(scrolled, Math.max(0, count * blockWidth - viewWidth)));
+  const [first, last] = placesAt(scrolled);
   return (
     <div ref={scroller} className={styles.scroller} data-scroller="row" onScroll={onScroll}>
       <div className={styles.content} style={{ width: count * blockWidth }}>

@@ -1,8 +1,16 @@
 import { type PointerEvent, useCallback, useLayoutEffect, useMemo, useRef, useState } from 'react';
-import { subscribe } from 'valtio';
+import { subscribe, useSnapshot } from 'valtio';
+import { firstWordFocus } from '../../actions/firstWordFocus';
 import { shownChange } from '../../actions/shownChange';
 import { useSheetStore } from '../../stores/sheetStore';
-import { LABELS_WIDTH, type RowGeometry, type SheetGeometry, sheetGeometry } from './layout/sheetGeometry';
+import {
+  LABELS_WIDTH,
+  ROW_GAP,
+  type RowGeometry,
+  ROWS_SIDE,
+  type SheetGeometry,
+  sheetGeometry,
+} from './layout/sheetGeometry';
 import { digitWidth, usePixelRatio, useViewSize } from './layout/useViewport';
 import { Minimap } from './Minimap';
 import { RowView } from './RowView';
@@ -10,9 +18,8 @@ import { SheetScroller } from './scrollers';
 import { ScrollSync } from './scrollSync';
 import styles from './SheetView.module.css';
 import type { MoveFocus } from './word/BlockFrame';
-import { focusWord, neighbour } from './wordNavigation';
+import { focusWord, neighbour, selectMainField } from './wordNavigation';
 
-const SIDE = 6;
 /**
  * Rows this far above or below the view, in pixels, are mounted too, so that Tab finds them. It is little on purpose:
  * every word that is mounted is drawn again with each edit of its bits.
@@ -35,7 +42,7 @@ export function SheetView({ onOverflow }: SheetViewProps) {
   const sheetId = useSheetStore((sheet) => sheet.id);
   const [scrollSync] = useState(() => new ScrollSync());
 
-  const viewWidth = (size?.width ?? 0) - LABELS_WIDTH - SIDE;
+  const viewWidth = (size?.width ?? 0) - LABELS_WIDTH - ROWS_SIDE;
   const geometry = useMemo(
     () => sheetGeometry({ resolution, definitions, converters, viewWidth, charWidth: digitWidth() }),
     [resolution, definitions, converters, viewWidth],
@@ -45,11 +52,14 @@ export function SheetView({ onOverflow }: SheetViewProps) {
   const isMeasured = size !== undefined;
 
   useLayoutEffect(() => onOverflow(geometry.overflows), [geometry.overflows, onOverflow]);
+  const start = verticalStart(geometry, viewHeight);
   useLayoutEffect(() => {
-    scrollSync.attachView(view.current);
     scrollSync.restore(sheetId, useSheetStore.getState().scrollMap);
+  }, [scrollSync, sheetId, resolution, isMeasured]);
+  useLayoutEffect(() => {
+    scrollSync.attachView(view.current!, start);
     setScrolled(view.current!.scrollTop);
-  }, [scrollSync, sheetId, isMeasured]);
+  }, [scrollSync, sheetId, resolution, isMeasured, start]);
   useLayoutEffect(() => () => scrollSync.store(), [scrollSync]);
 
   const onScroll = () => {
@@ -79,6 +89,12 @@ export function SheetView({ onOverflow }: SheetViewProps) {
   );
 
   const focusedRow = useSheetStore(({ focusedBlock: [type, bits] }) => `${type}:${bits}`);
+  const { isRequested } = useSnapshot(firstWordFocus);
+  useLayoutEffect(() => {
+    const [widest] = rows;
+    if (isRequested && isMeasured && widest && selectMainField(widest, 0)) firstWordFocus.isRequested = false;
+  }, [isRequested, isMeasured, rows, focusedRow]);
+
   const top = Math.min(scrolled, Math.max(0, geometry.height - viewHeight));
   return (
     <div className={styles.body}>
@@ -101,6 +117,11 @@ export function SheetView({ onOverflow }: SheetViewProps) {
       <Minimap geometry={geometry} view={view} viewHeight={viewHeight} />
     </div>
   );
+}
+
+/** A sheet begins with the least significant bits of its widest word, whose lines may need more than the view has. */
+function verticalStart({ rows: [widest] }: SheetGeometry, viewHeight: number): number {
+  return widest ? Math.max(0, ROW_GAP + widest.height - viewHeight) : 0;
 }
 
 /** A press beside all words leaves none focused. */

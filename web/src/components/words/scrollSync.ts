@@ -9,51 +9,71 @@ const STORE_DELAY = 300;
 /** Positions are fractions of a pixel on dense screens. */
 const SAME_POSITION = 1;
 
+interface ScrolledRow {
+  readonly element: HTMLElement;
+  readonly farthest: number;
+}
+
 /**
  * Scroll positions of the sheet that is shown. The elements know them best; here is what outlives them, and what is
  * stored once the scrolling has come to rest.
  */
 export class ScrollSync {
-  private readonly rows = new Map<string, HTMLElement>();
+  private readonly rows = new Map<string, ScrolledRow>();
   private view: HTMLElement | null = null;
+  private verticalStart = 0;
   private sheetId: string | null = null;
   private current = ScrollMap.empty;
   private timer: ReturnType<typeof setTimeout> | undefined;
 
-  /** Takes over the positions of a sheet that is shown from now on. */
+  /** Takes over the positions of a sheet that is shown from now on, or of one that has other rows from now on. */
   restore(sheetId: string | null, scrollMap: ScrollMap): void {
-    this.store();
+    if (sheetId === this.sheetId) this.forgetWaiting();
+    else this.store();
     this.sheetId = sheetId;
     this.current = scrollMap;
-    for (const [key, element] of this.rows) element.scrollLeft = this.position(key);
-    if (this.view) this.view.scrollTop = scrollMap.vertical;
+    for (const [key, { element, farthest }] of this.rows) element.scrollLeft = this.position(key, farthest);
+    if (this.view) this.view.scrollTop = this.vertical;
   }
 
-  position(key: string): number {
-    return this.current.rows.get(key) ?? 0;
+  /** Where somebody scrolled a row to; undefined while nobody did. */
+  stored(key: string): number | undefined {
+    return this.current.rows.get(key);
   }
 
-  attachView(element: HTMLElement | null): void {
+  /**
+   * Where a row is scrolled to: to its least significant end until somebody scrolls it.
+   * @param farthest - the position of that end
+   */
+  position(key: string, farthest: number): number {
+    return this.stored(key) ?? farthest;
+  }
+
+  /** @param start - where a sheet that nobody scrolled begins */
+  attachView(element: HTMLElement, start: number): void {
     this.view = element;
+    this.verticalStart = start;
+    if (this.current.vertical === undefined) element.scrollTop = start;
   }
 
-  attachRow(key: string, element: HTMLElement): () => void {
-    this.rows.set(key, element);
-    element.scrollLeft = this.position(key);
+  /** @param farthest - the position of the row's least significant end */
+  attachRow(key: string, element: HTMLElement, farthest: number): () => void {
+    this.rows.set(key, { element, farthest });
+    element.scrollLeft = this.position(key, farthest);
     return () => void this.rows.delete(key);
   }
 
   rowScrolled(key: string, position: number): void {
-    if (Math.abs(position - this.position(key)) < SAME_POSITION) return;
+    if (Math.abs(position - this.position(key, this.rows.get(key)?.farthest ?? 0)) < SAME_POSITION) return;
     if (!hasFlagOption(useSheetStore.getState().flagOptions, SCROLL_LOCK_HORIZONTAL)) {
       return this.change(this.current.withRow(key, position));
     }
     this.change(this.current.withRows(this.rows.keys(), position));
-    for (const [other, element] of this.rows) if (other !== key) element.scrollLeft = position;
+    for (const [other, { element }] of this.rows) if (other !== key) element.scrollLeft = position;
   }
 
   viewScrolled(position: number): void {
-    if (Math.abs(position - this.current.vertical) >= SAME_POSITION) this.change(this.current.withVertical(position));
+    if (Math.abs(position - this.vertical) >= SAME_POSITION) this.change(this.current.withVertical(position));
   }
 
   /** Scrolls no further than it takes to bring a word into view. Lengths are in CSS pixels. */
@@ -61,19 +81,18 @@ export class ScrollSync {
     const view = this.view;
     if (view) view.scrollTop = withinView(view.scrollTop, row.top, row.height, viewHeight);
     const left = (row.count - 1 - index) * row.blockWidth;
-    const before = this.position(row.key);
+    const before = this.position(row.key, row.count * row.blockWidth - viewWidth);
     const position = withinView(before, left, row.blockWidth, viewWidth);
     if (position === before) return;
     this.rowScrolled(row.key, position);
-    const element = this.rows.get(row.key);
-    if (element) element.scrollLeft = position;
+    const attached = this.rows.get(row.key);
+    if (attached) attached.element.scrollLeft = position;
   }
 
   /** Stores now what is still waiting. */
   store(): void {
     if (this.timer === undefined) return;
-    clearTimeout(this.timer);
-    this.timer = undefined;
+    this.forgetWaiting();
     if (this.sheetId === null) return;
     const { id, setScrollMap } = useSheetStore.getState();
     if (id === this.sheetId) return setScrollMap(this.current);
@@ -81,9 +100,18 @@ export class ScrollSync {
     if (sheets.has(this.sheetId)) updateSheet(this.sheetId, { scrollMap: this.current });
   }
 
+  private get vertical(): number {
+    return this.current.vertical ?? this.verticalStart;
+  }
+
+  private forgetWaiting(): void {
+    clearTimeout(this.timer);
+    this.timer = undefined;
+  }
+
   private change(scrollMap: ScrollMap): void {
     this.current = scrollMap;
-    clearTimeout(this.timer);
+    this.forgetWaiting();
     this.timer = setTimeout(() => this.store(), STORE_DELAY);
   }
 }

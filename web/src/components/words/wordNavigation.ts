@@ -35,8 +35,30 @@ export function neighbour(
 export function focusWord(row: RowGeometry, index: number, focusKey: string): void {
   flushSync(() => useSheetStore.getState().focus(row.type, row.bits, index));
   const block = document.getElementById(blockId(row.key, index));
+  if (block) controlOf(block, focusKey)?.focus();
+}
+
+/**
+ * Gives a word's main field the focus with its text selected, and scrolls nothing: what is typed brings it into view.
+ * @returns whether the word is there; if not, it will be with the next render
+ */
+export function selectMainField(row: RowGeometry, index: number): boolean {
+  useSheetStore.getState().focus(row.type, row.bits, index);
+  const block = document.getElementById(blockId(row.key, index));
+  const field = block && controlOf(block, 'value');
+  field?.focus({ preventScroll: true });
+  if (isTextField(field)) field.select();
+  return block !== null;
+}
+
+/** A word's control of a kind, or its main field where it has none. */
+export function controlOf(block: Element, focusKey: string): HTMLElement | undefined {
   const control =
-    block?.querySelector<HTMLElement>(`[data-focus-key="${CSS.escape(focusKey)}"]`) ??
-    block?.querySelector<HTMLElement>('[data-focus-key="value"], [data-focus-key="text"]');
-  control?.focus();
+    block.querySelector<HTMLElement>(`[data-focus-key="${CSS.escape(focusKey)}"]`) ??
+    block.querySelector<HTMLElement>('[data-focus-key="value"], [data-focus-key="text"]');
+  return control ?? undefined;
+}
+
+export function isTextField(control: unknown): control is HTMLInputElement | HTMLTextAreaElement {
+  return control instanceof HTMLInputElement || control instanceof HTMLTextAreaElement;
 }

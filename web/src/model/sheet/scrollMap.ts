@@ -1,13 +1,13 @@
 /** Where a sheet was scrolled to, in CSS pixels. It never changes: every operation gives a new one. */
 export class ScrollMap {
-  static readonly empty = new ScrollMap(new Map(), 0);
+  static readonly empty = new ScrollMap(new Map(), undefined);
 
   /** Horizontal position of each row that was scrolled, by the row's key. */
   readonly rows: ReadonlyMap<string, number>;
-  /** Vertical position of the whole sheet. */
-  readonly vertical: number;
+  /** Vertical position of the whole sheet; undefined while nobody scrolled it. */
+  readonly vertical: number | undefined;
 
-  constructor(rows: ReadonlyMap<string, number>, vertical: number) {
+  constructor(rows: ReadonlyMap<string, number>, vertical: number | undefined) {
     this.rows = rows;
     this.vertical = vertical;
   }

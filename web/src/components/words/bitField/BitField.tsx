@@ -18,7 +18,8 @@ import { readWord } from '../../../model/integer/wordLayout';
 import { useSheetStore } from '../../../stores/sheetStore';
 import { bitAt, type BitFieldLayout, cellOf } from '../layout/bitFieldLayout';
 import { RowScroller, SheetScroller } from '../scrollers';
-import { activeBitState, showBit } from './activeBit';
+import { isTextField } from '../wordNavigation';
+import { activeBitState, showBit, updateShownBit } from './activeBit';
 import styles from './BitField.module.css';
 import { BitFieldPainter } from './bitFieldPainter';
 import { useBitFieldPalette } from './bitFieldPalette';
@@ -50,7 +51,7 @@ export const BitField = memo(function BitField({ name, layout, pixelRatio, index
     painter.show(canvas.current!, { layout, pixelRatio, palette, digits });
     const { bit: shown } = activeBitState;
     if (!shown || !painter.isMarked || shown.width !== width || shown.index !== index) return;
-    showBit({ ...shown, isSet: digits[width - 1 - shown.bit] === '1', signed });
+    updateShownBit({ ...shown, isSet: digits[width - 1 - shown.bit] === '1', signed });
   }, [painter, layout, pixelRatio, palette, digits, signed, width, index]);
   useLayoutEffect(
     () => () => {
@@ -85,6 +86,7 @@ export const BitField = memo(function BitField({ name, layout, pixelRatio, index
     if (event.button !== 0 || event.pointerType === 'touch') return;
     event.currentTarget.setPointerCapture(event.pointerId);
     const bit = bitUnder(event);
+    leaveField();
     stroke.current = { value: !isSet(bit), last: bit };
     cursor.current = bit;
     setBit(bit, stroke.current.value);
@@ -161,6 +163,14 @@ export const BitField = memo(function BitField({ name, layout, pixelRatio, index
 /** A stroke ends with its button, even where nobody reported that, and above and below the lines of its field. */
 function isPainting({ buttons, nativeEvent: { offsetY } }: PointerEvent, { height }: BitFieldLayout): boolean {
   return (buttons & 1) === 1 && offsetY >= 0 && offsetY < height;
+}
+
+/**
+ * Ends what is being typed before a press changes the value: a field that is left afterwards would show its bits as an
+ * integer in place of the new float.
+ */
+function leaveField(): void {
+  if (isTextField(document.activeElement)) document.activeElement.blur();
 }
 
 /** The bits that a stroke passes from one to another: those between them when they share a line. */

@@ -13,9 +13,15 @@ export interface ActiveBit {
 
 export const activeBitState = proxy<{ bit: ActiveBit | undefined }>({ bit: undefined });
 
+/** Shows the bit that was gone to, in place of what the last command did. */
 export function showBit(bit: ActiveBit | undefined): void {
   activeBitState.bit = bit;
   if (bit) clearStatus();
+}
+
+/** Shows anew what has become of the bit that is shown; a command that changed it may have something to report. */
+export function updateShownBit(bit: ActiveBit): void {
+  activeBitState.bit = bit;
 }
 
 /** What a set bit adds to its word's value, such as 2^7 = 128; the top bit of a signed word takes away. */

@@ -13,11 +13,13 @@ import {
   HEADER_HEIGHT,
   LABELS_WIDTH,
   ROW_GAP,
+  ROWS_SIDE,
   SCROLLBAR_HEIGHT,
 } from './sheetGeometry';
 
 const LENGTHS = {
   '--labels-width': LABELS_WIDTH,
+  '--rows-side': ROWS_SIDE,
   '--row-gap': ROW_GAP,
   '--scrollbar-height': SCROLLBAR_HEIGHT,
   '--block-padding-x': BLOCK_PADDING_X,

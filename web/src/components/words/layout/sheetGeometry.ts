@@ -11,6 +11,8 @@ const NARROWEST_BYTE = 140;
 const WIDEST_BYTE = 210;
 /** The rows' labels at the left. */
 export const LABELS_WIDTH = 44;
+/** Room at the right of the rows. */
+export const ROWS_SIDE = 6;
 export const ROW_GAP = 6;
 export const SCROLLBAR_HEIGHT = 9;
 /** From the edges of a block to its content. */

@@ -3,8 +3,9 @@ import { type FocusEvent, type KeyboardEvent, type ReactNode } from 'react';
 import { runCommand } from '../../../commands/command';
 import { type Direction, WORD_COMMANDS } from '../../../commands/wordCommands';
 import { isFocused, useSheetStore } from '../../../stores/sheetStore';
+import { lastTypedField } from '../lastTypedField';
 import { BLOCK_PADDING_X, type RowGeometry } from '../layout/sheetGeometry';
-import { blockId } from '../wordNavigation';
+import { blockId, controlOf, isTextField } from '../wordNavigation';
 import styles from './BlockFrame.module.css';
 import { blockName } from './rowTexts';
 
@@ -29,7 +30,15 @@ export function BlockFrame({ row, index, onMove, stickyContent, children }: Bloc
 
   const onKeyDown = (event: KeyboardEvent) => {
     const focusKey = (event.target as Element).closest('[data-focus-key]')?.getAttribute('data-focus-key') ?? 'value';
-    runCommand(WORD_COMMANDS, event, { move: (direction) => onMove(row.key, index, direction, focusKey) });
+    runCommand(WORD_COMMANDS, event, {
+      isHeader: (event.target as Element).closest('[data-header]') !== null,
+      move: (direction) => onMove(row.key, index, direction, focusKey),
+      type() {
+        const field = controlOf(event.currentTarget, lastTypedField());
+        field?.focus();
+        if (isTextField(field)) field.select();
+      },
+    });
   };
 
   return (

@@ -3,6 +3,7 @@ import { type FocusEvent, type KeyboardEvent, useLayoutEffect, useRef, useState 
 import { runCommand } from '../../../commands/command';
 import { FIELD_COMMANDS } from '../../../commands/fieldCommands';
 import { isAltered, showText } from '../../../ui/alteredText';
+import { noteTypedField } from '../lastTypedField';
 import type { FieldPlace } from '../layout/fieldLayout';
 import styles from './DigitsField.module.css';
 
@@ -73,19 +74,17 @@ export function DigitsField(props: DigitsFieldProps) {
     autoComplete: 'off',
     readOnly,
     onKeyDown,
+    onInput({ currentTarget }: React.InputEvent<TextElement>) {
+      noteTypedField(focusKey);
+      if (isMultiline) joinLines(currentTarget);
+    },
     onBlur: ({ currentTarget }: FocusEvent<TextElement>) => showText(currentTarget, restored),
   };
   return (
     <label className={cc([styles.field, place.fullWidth && styles.fullWidth])}>
       {label !== undefined && <span className={styles.label}>{label}</span>}
       {isMultiline ? (
-        <textarea
-          {...shared}
-          key={commits}
-          ref={element as React.RefObject<HTMLTextAreaElement>}
-          rows={place.lines}
-          onInput={joinLines}
-        />
+        <textarea {...shared} key={commits} ref={element as React.RefObject<HTMLTextAreaElement>} rows={place.lines} />
       ) : (
         <input {...shared} key={commits} ref={element as React.RefObject<HTMLInputElement>} />
       )}
@@ -99,6 +98,6 @@ function swallow(event: KeyboardEvent): void {
 }
 
 /** Pasted line breaks go, as they do in a field of one line. */
-function joinLines({ currentTarget }: React.InputEvent<HTMLTextAreaElement>): void {
-  if (/[\r\n]/.test(currentTarget.value)) currentTarget.value = currentTarget.value.replace(/[\r\n]+/g, '');
+function joinLines(field: TextElement): void {
+  if (/[\r\n]/.test(field.value)) field.value = field.value.replace(/[\r\n]+/g, '');
 }

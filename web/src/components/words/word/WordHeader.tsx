@@ -17,7 +17,7 @@ interface WordHeaderProps {
 /** The line above a word's fields: its number, its sign, its half, and what can be done to it. */
 export function WordHeader({ width, index, signed, focused }: WordHeaderProps) {
   return (
-    <div className={cc([styles.header, hasTallHeader(width) && styles.tall])}>
+    <div data-header className={cc([styles.header, hasTallHeader(width) && styles.tall])}>
       <span className={styles.number}>{wordNumber(index)}</span>
       <SignButton width={width} index={index} signed={signed} focused={focused} />
       <span>{wordHalfLabel(width, index)}</span>
