@@ -227,6 +227,7 @@ test.describe('unsaved changes', () => {
       await button.click();
       await dialog.getByRole('button', { name: 'Discard' }).click();
       await expect(tabs).toHaveText([...outcome]);
+      await expect.poll(() => page.evaluate(() => document.activeElement?.tagName)).not.toBe('BODY');
       await expect(page.getByRole('toolbar')).toHaveCount(action === 'Close' ? 0 : 1);
     });
   }

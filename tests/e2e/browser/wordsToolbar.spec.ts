@@ -82,6 +82,30 @@ test.describe('converters', () => {
     await expect(tool.converters).toContainText('A2, A8, A16');
   });
 
+  test('are reset and cleared by keyboard; Tab goes through the list and on', async ({ page, enter }) => {
+    const tool = new WordsTool(page);
+    await tool.open(enter, {});
+    await tool.converters.focus();
+    await page.keyboard.press('Enter');
+    await page.keyboard.press('ArrowRight');
+    await expect(page.getByRole('option', { name: 'A3', exact: true })).toBeFocused();
+    await page.keyboard.press('Tab');
+    await expect(page.getByRole('button', { name: 'Reset', exact: true })).toBeFocused();
+    await page.keyboard.press('Tab');
+    await page.keyboard.press('Enter');
+    await expect(tool.converters).toContainText('None');
+    await page.keyboard.press('Shift+Tab');
+    await page.keyboard.press('Space');
+    await expect(tool.converters).toContainText('A2, A8, A16');
+    await page.keyboard.press('Shift+Tab');
+    await expect(page.getByRole('option', { name: 'A3', exact: true })).toBeFocused();
+    await page.keyboard.press('Tab');
+    await page.keyboard.press('Tab');
+    await page.keyboard.press('Tab');
+    await expect(page.getByRole('listbox')).toHaveCount(0);
+    await expect(tool.formats).toBeFocused();
+  });
+
   test('are chosen by keyboard across the grid', async ({ page, enter }) => {
     const tool = new WordsTool(page);
     await tool.open(enter, {});

@@ -1,4 +1,5 @@
 import Typography from '@mui/joy/Typography';
+import { useEffect, useRef } from 'react';
 import { Trans, useTranslation } from 'react-i18next';
 import { newDocument, openDocument } from '../actions/documentActions';
 import { useDocumentTarget } from '../commands/useDocumentCommands';
@@ -9,8 +10,13 @@ import styles from './EmptyTool.module.css';
 export function EmptyTool() {
   const { t } = useTranslation();
   const { navigate } = useDocumentTarget();
+  const place = useRef<HTMLDivElement>(null);
+  // What had the focus may have gone with the document: the keyboard goes on here.
+  useEffect(() => {
+    if (document.activeElement === document.body) place.current!.querySelector('a')?.focus();
+  }, []);
   return (
-    <div className={styles.empty}>
+    <div ref={place} className={styles.empty}>
       <Typography level="h2" component="h1">
         {t('tools.words.welcome')}
       </Typography>

@@ -1,4 +1,4 @@
-import { type KeyboardEvent, useLayoutEffect, useRef } from 'react';
+import { type FocusEvent, type KeyboardEvent, useLayoutEffect, useRef } from 'react';
 import styles from './ListBox.module.css';
 import { moveRovingFocus } from './rovingFocus';
 
@@ -29,6 +29,10 @@ export function ListBox({ labelledBy, groups, isChosen, onChoose, multiple }: Li
     (options.find((option) => option.ariaSelected === 'true') ?? options[0])?.focus();
   }, []);
 
+  // Tab comes back to the option that it left.
+  const onFocus = ({ target }: FocusEvent) => {
+    for (const option of optionElements()) option.tabIndex = option === target ? 0 : -1;
+  };
   const onKeyDown = (event: KeyboardEvent) => {
     const { id } = (event.target as HTMLElement).dataset;
     if ((event.key === ' ' || event.key === 'Enter') && id !== undefined) {
@@ -60,6 +64,7 @@ export function ListBox({ labelledBy, groups, isChosen, onChoose, multiple }: Li
       role="listbox"
       aria-labelledby={labelledBy}
       aria-multiselectable={multiple || undefined}
+      onFocus={onFocus}
       onKeyDown={onKeyDown}
     >
       {groups.map((group, position) =>

@@ -15,7 +15,7 @@ interface PopupProps {
 
 const EDGE = 4;
 
-/** Something over the page that closes with Escape, with Tab and with a press elsewhere. */
+/** Something over the page that closes with Escape, with Tab beyond its last stop, and with a press elsewhere. */
 export function Popup({ anchor, onClose, children }: PopupProps) {
   const popup = useRef<HTMLDivElement>(null);
   useLayoutEffect(() => place(popup.current!, anchor.current!));
@@ -38,6 +38,7 @@ export function Popup({ anchor, onClose, children }: PopupProps) {
     event.stopPropagation();
     if (event.key === 'Escape') event.preventDefault();
     if (event.key !== 'Escape' && event.key !== 'Tab') return;
+    if (event.key === 'Tab' && focusNextStop(popup.current!, event)) return;
     anchor.current?.focus();
     onClose();
   };
@@ -55,6 +56,17 @@ export function Popup({ anchor, onClose, children }: PopupProps) {
     // Within the page's main part, where assistive technology looks for content.
     anchor.current!.closest('main') ?? document.body,
   );
+}
+
+/** @returns whether there was a stop to go to */
+function focusNextStop(popup: HTMLElement, event: KeyboardEvent): boolean {
+  const controls = [...popup.querySelectorAll<HTMLElement>('button, input, [tabindex]')];
+  const stops = controls.filter(({ tabIndex }) => tabIndex >= 0);
+  const next = stops[stops.indexOf(event.target as HTMLElement) + (event.shiftKey ? -1 : 1)];
+  if (!next) return false;
+  event.preventDefault();
+  next.focus();
+  return true;
 }
 
 function place(popup: HTMLElement, anchor: HTMLElement): void {
