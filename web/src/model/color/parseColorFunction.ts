@@ -8,7 +8,8 @@ export interface ParsedColor {
   readonly hasAlpha: boolean;
 }
 
-const NUMBER = /^([+-]?(?:\d+\.?\d*|\.\d+)(?:e[+-]?\d+)?)(%|deg|grad|rad|turn)?$/;
+// Each digit can be read in one way only, so that long numbers with a stray character are refused at once.
+const NUMBER = /^([+-]?(?:\d+(?:\.\d*)?|\.\d+)(?:e[+-]?\d+)?)(%|deg|grad|rad|turn)?$/;
 
 const DEGREES_PER_UNIT: Record<string, number> = { deg: 1, grad: 0.9, rad: 180 / Math.PI, turn: 360 };
 

@@ -6,6 +6,8 @@ import { floatFormatFor, type FloatStandard, floatStandardFor } from './floatFor
 const WIDTHS = [8, 16, 32, 64, 128, 256];
 const WIDEST_INPUT = 64;
 const LARGEST_RELATIVE_ERROR = 1e-10;
+/** Each digit can be read in one way only, so that a million of them before a stray character are refused at once. */
+const NUMBER = /^[+-]?(\d+(\.\d*)?|\.\d+)(e[+-]?\d+)?$/i;
 
 /**
  * Reads the bits of a float from a decimal number that the user typed, with or without an exponent. It is first read as
@@ -19,7 +21,7 @@ export function parseFloatInput(text: string, width: number, standard = floatSta
   const trimmed = text.trim();
   if (/^[+-]?infinity$/i.test(trimmed)) return failure('Cannot assign Infinity value');
   if (/^nan$/i.test(trimmed)) return failure('Cannot assign NaN value');
-  if (!/^[+-]?(\d+\.?\d*|\.\d+)(e[+-]?\d+)?$/i.test(trimmed)) return failure('Input is not a valid number');
+  if (!NUMBER.test(trimmed)) return failure('Input is not a valid number');
 
   const value = Number(trimmed);
   const overflow = (written: string) =>

@@ -41,3 +41,15 @@ function makeDigitValues(base: number): Int8Array {
 export function readAlphabet(base: number): string {
   return READ_DIGITS.slice(0, base);
 }
+
+/** Digits as they were read, in the letters that a number of this base is written with. */
+export function asWritten(digits: string, base: number): string {
+  if (base <= LARGEST_CASELESS_BASE) return digits.toUpperCase();
+  const codes = new TextEncoder().encode(digits);
+  for (let place = 0; place < codes.length; place++) if (codes[place]! >= FIRST_LETTER) codes[place]! ^= OTHER_CASE;
+  return new TextDecoder().decode(codes);
+}
+
+const FIRST_LETTER = 'A'.charCodeAt(0);
+/** The bit in which the codes of a letter's two cases differ: the two alphabets differ in the letters' case alone. */
+const OTHER_CASE = 0x20;

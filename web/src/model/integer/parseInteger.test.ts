@@ -86,6 +86,11 @@ describe('refuses', () => {
     { text: '128', base: 10, signed: true, reason: `Value 128 ${outOfByte} -128 and 127` },
     { text: 'ff', base: 16, signed: true, reason: `Value FF ${outOfByte} -80 and 7F` },
     { text: 'zz', base: 62, reason: `Value ZZ ${outOfByte} 0 and 47` },
+    // More digits than the word has bits.
+    { text: '0001234567890', base: 10, reason: `Value 1234567890 ${outOfByte} 0 and 255` },
+    { text: '-123456789', base: 10, reason: `Value -123456789 ${outOfByte} 0 and 255` },
+    { text: '0x00abcdef012', base: 16, reason: `Value ABCDEF012 ${outOfByte} 0 and FF` },
+    { text: 'azAZ09+/zz', base: 64, reason: `Value AZaz09+/ZZ ${outOfByte} 0 and 3/` },
   ])('$text in base $base', ({ text, base, signed, reason }) => {
     expect(parseInteger(text, base, 8, signed)).toEqual({ ok: false, reason });
   });
@@ -103,6 +108,11 @@ const wordOfAnyWidth = fc
   .chain((width) =>
     fc.record({ width: fc.constant(width), word: fc.bigInt({ min: 0n, max: (1n << BigInt(width)) - 1n }) }),
   );
+
+test('a million zeros count for nothing', () => {
+  expect(parseInteger(`-${'0'.repeat(1_000_000)}80`, 10, 8, true)).toEqual({ ok: true, value: 0xb0n });
+  expect(parseInteger('0'.repeat(1_000_000), 3, 8)).toEqual({ ok: true, value: 0n });
+});
 
 describe('what was written is read back', () => {
   test('in every base up to 36', () => {

@@ -1,5 +1,5 @@
 import { failure, type Result, success } from '../result';
-import { badBaseReason, digitValues, isBase, LARGEST_CASELESS_BASE, readAlphabet } from './digitAlphabets';
+import { asWritten, badBaseReason, digitValues, isBase, LARGEST_CASELESS_BASE, readAlphabet } from './digitAlphabets';
 import { formatNumber } from './formatInteger';
 import { readDigits } from './readDigits';
 
@@ -31,14 +31,30 @@ export function parseInteger(text: string, base: number, width: number, signed =
   const invalidCharacter = firstInvalidCharacter(digits, base);
   if (invalidCharacter !== undefined) return failure(invalidCharacterReason(invalidCharacter, base));
 
-  const magnitude = readDigits(digits, base);
-  return checkRange(negative ? -magnitude : magnitude, base, width, signed);
+  const significant = withoutLeadingZeros(digits);
+  // Reading and writing millions of digits would take the engine seconds; no word has as many.
+  if (significant.length > width)
+    return outOfRange(`${negative ? '-' : ''}${asWritten(significant, base)}`, base, width, signed);
+  const magnitude = readDigits(significant, base);
+  const value = negative ? -magnitude : magnitude;
+  const [smallest, largest] = rangeOf(width, signed);
+  if (value >= smallest && value <= largest) return success(BigInt.asUintN(width, value));
+  return outOfRange(formatNumber(value, base), base, width, signed);
 }
 
 function withoutPrefix(text: string, base: number): string {
   const prefix = PREFIXES.get(base);
   return prefix && text.slice(0, prefix.length).toLowerCase() === prefix ? text.slice(prefix.length) : text;
 }
+
+/** At least one digit stays. */
+function withoutLeadingZeros(digits: string): string {
+  let zeros = 0;
+  while (zeros < digits.length - 1 && digits.charCodeAt(zeros) === ZERO) zeros++;
+  return digits.slice(zeros);
+}
+
+const ZERO = '0'.charCodeAt(0);
 
 function firstInvalidCharacter(digits: string, base: number): string | undefined {
   const values = digitValues(base);
@@ -54,10 +70,11 @@ function invalidCharacterReason(character: string, base: number): string {
   return `Invalid character '${character}' for base ${base}. Valid characters: ${readAlphabet(base)} (${letterCase})`;
 }
 
-function checkRange(value: bigint, base: number, width: number, signed: boolean): Result<bigint> {
-  const smallest = signed ? -(1n << BigInt(width - 1)) : 0n;
-  const largest = (1n << BigInt(signed ? width - 1 : width)) - 1n;
-  if (value >= smallest && value <= largest) return success(BigInt.asUintN(width, value));
-  const [written, min, max] = [value, smallest, largest].map((each) => formatNumber(each, base));
+function rangeOf(width: number, signed: boolean): [smallest: bigint, largest: bigint] {
+  return [signed ? -(1n << BigInt(width - 1)) : 0n, (1n << BigInt(signed ? width - 1 : width)) - 1n];
+}
+
+function outOfRange(written: string, base: number, width: number, signed: boolean): Result<never> {
+  const [min, max] = rangeOf(width, signed).map((each) => formatNumber(each, base));
   return failure(`Value ${written} is out of range. Must be between ${min} and ${max}`);
 }
