@@ -6,13 +6,13 @@ find_package_handle_standard_args(Httplib REQUIRED_VARS Httplib_INCLUDE_DIR)
 
 if(Httplib_FOUND AND NOT TARGET Httplib::httplib)
   add_library(Httplib::httplib INTERFACE IMPORTED)
-  # A connection keeps a thread of the library's pool for as long as it is open. By default there are 8 to 32 threads, and
-  # connections that nobody uses keep the page waiting behind them. With none kept in reserve each connection starts one
-  # of its own: the library miscounts those in reserve when connections come faster than they wake.
+  # No route takes a body, so little of one is read. Page and programs connect in bursts, for which the library's backlog
+  # of 5 is short. The loop that accepts looks after its connections once a second. Threads with an idle connection need
+  # not wake a hundred times a second to see whether the server has ended: it wakes them.
   set_target_properties(Httplib::httplib PROPERTIES
     INTERFACE_INCLUDE_DIRECTORIES ${Httplib_INCLUDE_DIR}
     INTERFACE_COMPILE_DEFINITIONS
-      "CPPHTTPLIB_BROTLI_SUPPORT;CPPHTTPLIB_THREAD_POOL_COUNT=0;CPPHTTPLIB_THREAD_POOL_MAX_COUNT=256")
+      "CPPHTTPLIB_BROTLI_SUPPORT;CPPHTTPLIB_PAYLOAD_MAX_LENGTH=65536;CPPHTTPLIB_LISTEN_BACKLOG=1024;CPPHTTPLIB_IDLE_INTERVAL_SECOND=1;CPPHTTPLIB_IDLE_INTERVAL_USECOND=0;CPPHTTPLIB_KEEPALIVE_TIMEOUT_CHECK_INTERVAL_USECOND=1000000")
   target_link_libraries(Httplib::httplib INTERFACE Brotli::enc Brotli::dec Threads::Threads)
   if(WIN32)
     target_link_libraries(Httplib::httplib INTERFACE ws2_32 crypt32)

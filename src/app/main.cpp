@@ -1,19 +1,21 @@
 #include <cstdlib>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 
 #include "app/app_metadata.h"
 #include "app/command_line.h"
 #include "app/host_scripts.h"
+#include "app/process_limits.h"
 #include "app/window/native_web_view.h"
 #include "app/window/window_system.h"
 #include "bridge/bridge.h"
 #include "bridge/text/native_path.h"
 #include "console/log.h"
 #include "console/tee_stream_buf.h"
+#include "server/guarded_server.h"
 #include "server/local_server.h"
-#include "server/loopback_guard.h"
 
 static void logStart(const std::filesystem::path& executable, const std::string& serverUrl) {
     const AppMetadata& metadata = AppMetadata::instance();
@@ -32,15 +34,17 @@ static void logStart(const std::filesystem::path& executable, const std::string&
 
 // One sentence for the user when no page can or may be shown.
 static std::optional<std::string> startupError(const LoopbackGuard& loopbackGuard) {
+    if (auto reason = prepareWindowSystem()) return reason;
     if (loopbackGuard.otherAddressIsTaken()) {
         return "Another program listens at port " + std::to_string(serverPort) +
                " of this computer, where it could pass for Tessary's own page: start Tessary again to get another "
                "port.";
     }
-    return prepareWindowSystem();
+    return std::nullopt;
 }
 
 int main(int argc, char* argv[]) {
+    prepareProcessLimits();
     const LaunchArgs args = parseCommandLine(argc, argv);
 
     const std::filesystem::path exePath = std::filesystem::canonical(pathFromNarrow(argv[0]));
@@ -49,12 +53,11 @@ int main(int argc, char* argv[]) {
 
     static_cast<void>(AppMetadata::instance());
     setupServer(exePath);
-    startServer();
-    const LoopbackGuard loopbackGuard(serverPort);
+    const std::unique_ptr<LoopbackGuard> loopbackGuard = startGuardedServer();
     const std::string serverUrl = getServerUrl();
     logStart(exePath, serverUrl);
 
-    if (const auto reason = startupError(loopbackGuard)) exitWithError(*reason);
+    if (const auto reason = startupError(*loopbackGuard)) exitWithError(*reason);
     NativeWebView view;
     view.setTitle(AppMetadata::instance().displayName());
     injectHostInfo(view);

@@ -1,8 +1,9 @@
 #include "server/local_server.h"
 
 #include "console/log.h"
+#include "server/connection_queue.h"
+#include "server/connection_socket.h"
 #include "server/static_assets.h"
-#include "server/worker_stack.h"
 
 httplib::Server server;
 std::thread serverThread;
@@ -14,6 +15,7 @@ static constexpr std::int32_t developmentPort = 5173;
 // Neither request line ends in a line break: one request's lines stand beside each other in the log.
 static void logRequest(const httplib::Request& request, const httplib::Response& response) {
     logText("[HTTP] {} {} -> {}", request.method, request.path, response.status);
+    ConnectionQueue::noteAnswer();
 }
 
 static std::string errorText(int status) {
@@ -34,6 +36,7 @@ void setupServer(const std::filesystem::path& /*executablePath*/) {
     server.Get(".*", [files](const httplib::Request& request, httplib::Response& response) {
         serveEmbeddedFile(files, request, response);
     });
+    server.set_socket_options(makeExclusive);
     server.set_logger(logRequest);
     server.set_error_handler(
         [](const httplib::Request& request, httplib::Response& response) { answerError(request, response); });
@@ -42,7 +45,6 @@ void setupServer(const std::filesystem::path& /*executablePath*/) {
 void startServer() {
     serverPort = server.bind_to_any_port("localhost", 0);
     logText("[Server] Bound to port {}\n", serverPort);
-    reserveWorkerStack();
     serverThread = std::thread([] { server.listen_after_bind(); });
 }
 

@@ -35,6 +35,9 @@ protected:
     }
 
     static inline CapturedOutput* output = nullptr;
+    // The limit that the library is built with is the server's, for what clients send.
+    void SetUp() override { client.set_payload_max_length(1 << 24); }
+
     httplib::Client client{"localhost", serverPort};
 };
 
@@ -91,6 +94,24 @@ TEST_F(LocalServer, HasNoRouteForOtherMethods) {
         ASSERT_TRUE(answer);
         EXPECT_EQ(answer->status, 404);
         EXPECT_EQ(answer->body, "Not Found");
+    }
+}
+
+TEST_F(LocalServer, TakesNoLargeBody) {
+    const auto small = client.Post("/", std::string(60'000, 'a'), "text/plain");
+    ASSERT_TRUE(small);
+    EXPECT_EQ(small->status, 404);
+    EXPECT_EQ(small->body, "Not Found");
+    const auto large = httplib::Client("localhost", serverPort).Post("/", std::string(100'000, 'a'), "text/plain");
+    ASSERT_TRUE(large);
+    EXPECT_EQ(large->status, 413);
+}
+
+TEST_F(LocalServer, SharesItsPortWithNobody) {
+    // The library's other servers ask for a shared port.
+    for (const char* address : {"127.0.0.1", "::1", "localhost"}) {
+        if (!httplib::Client(address, serverPort).Get("/")) continue;
+        EXPECT_FALSE(httplib::Server().bind_to_port(address, serverPort)) << address;
     }
 }
 

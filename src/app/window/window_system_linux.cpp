@@ -58,4 +58,12 @@ std::optional<std::string> prepareWindowSystem() {
     return std::nullopt;
 }
 
-void showStartupError(const std::string& sentence) { std::fputs((sentence + "\n").c_str(), stderr); }
+void showStartupError(const std::string& sentence) {
+    std::fputs((sentence + "\n").c_str(), stderr);
+    if (gdk_display_get_default() == nullptr) return;
+    GtkWidget* const box =
+        gtk_message_dialog_new(nullptr, GTK_DIALOG_MODAL, GTK_MESSAGE_ERROR, GTK_BUTTONS_CLOSE, "%s", sentence.c_str());
+    gtk_window_set_title(GTK_WINDOW(box), "Tessary");
+    gtk_dialog_run(GTK_DIALOG(box));
+    gtk_widget_destroy(box);
+}

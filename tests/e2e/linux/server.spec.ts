@@ -3,9 +3,13 @@ import { readFileSync } from 'node:fs';
 import { createServer } from 'node:net';
 import { networkInterfaces } from 'node:os';
 import { join } from 'node:path';
+import { treeOf } from '../../bench/processTree';
 import { askForLongPaths, serverStories } from '../stories/server';
 import { expect, test } from '../support/linux/fixtures';
+import type { Desktop, DesktopWindow } from '../support/shared/desktop';
 import { toolSources } from '../support/shared/paths';
+import type { ProgramProcess } from '../support/shared/programProcess';
+import { until } from '../support/shared/until';
 
 const occupier = join(toolSources, 'occupied_ports.mjs');
 
@@ -32,21 +36,53 @@ test('nobody else can listen at "localhost" with the port of the program', async
     const other = createServer();
     other.listen({ host, port });
     await expect(once(other, 'listening'), host).rejects.toThrow('EADDRINUSE');
+    const sharing = createServer();
+    sharing.listen({ host, port, reusePort: true });
+    await expect(once(sharing, 'listening'), host).rejects.toThrow('EADDRINUSE');
   }
 });
 
-// A twin is there where the system has IPv6: here in a network of its own, where the system has few ports to give and another program has all of them at "::1".
+// A twin is there where the system has IPv6: here in a network of its own, where the system has few ports to give and
+// another program has some of them at "::1".
 if (loopbackAddresses().includes('::1')) {
-  test('no page is shown where another program has the port at the other loopback address', async ({
+  const besidePortsInUse = (count: number, program: string) => [
+    ...['unshare', '--map-root-user', '--net', process.execPath, occupier, String(count), program],
+  ];
+  /** The window of a program that another one started. */
+  const windowBelow = async (desktop: Desktop, { pid }: ProgramProcess) => {
+    const windows = () => treeOf(pid).flatMap((each) => desktop.windowsOf(each));
+    await until('a window', () => windows().length > 0);
+    return windows()[0] as DesktopWindow;
+  };
+
+  test('no page is shown where another program has each port at the other loopback address', async ({
+    desktop,
     run,
     sandbox,
   }) => {
-    const command = ['unshare', '--map-root-user', '--net', process.execPath, occupier, sandbox.program];
-    const program = run([], { command });
+    const program = run([], { command: besidePortsInUse(12, sandbox.program) });
+    desktop.close(await windowBelow(desktop, program));
     expect(await program.exit()).toBe(1);
     expect(program.stderr).toMatch(
-      /^Another program listens at port 4000\d of this computer, where it could pass for Tessary's own page: [^\n]+\n$/,
+      /^Another program listens at port 400\d\d of this computer, where it could pass for Tessary's own page: [^\n]+\n$/,
     );
-    expect(program.stdout).not.toContain('[HTTP]');
+    const log = readFileSync(sandbox.logFile, 'utf8');
+    expect(log.match(/Bound to port/g)).toHaveLength(8);
+    expect(log).not.toContain('[HTTP]');
+  });
+
+  test('another port is taken where another program has some at the other loopback address', async ({
+    desktop,
+    run,
+    sandbox,
+  }) => {
+    const program = run([], { command: besidePortsInUse(7, sandbox.program) });
+    const window = await windowBelow(desktop, program);
+    await until('the page', () => readFileSync(sandbox.logFile, 'utf8').includes('[HTTP] GET / -> 200'));
+    const ports = [...readFileSync(sandbox.logFile, 'utf8').matchAll(/Bound to port (\d+)/g)].map(([, port]) => port);
+    expect(new Set(ports).size).toBe(ports.length);
+    expect(Number(ports.at(-1))).toBeGreaterThanOrEqual(40007);
+    desktop.close(window);
+    expect(await program.exit()).toBe(0);
   });
 }

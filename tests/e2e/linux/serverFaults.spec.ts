@@ -1,7 +1,14 @@
+import { execFileSync } from 'node:child_process';
+import { readFileSync } from 'node:fs';
+import { threadsOf } from '../../bench/processTree';
 import { expect, test } from '../support/linux/fixtures';
 import type { Program } from '../support/linux/program';
 import { untilReloaded } from '../support/linux/reload';
 import { ask, sendAndFinish, sendAndLeave, SlowConnections } from '../support/shared/rawConnection';
+
+/** In MB, of the process's own and shared memory. */
+const peakMemory = (pid: number) =>
+  Number(/^VmHWM:\s+(\d+) kB$/m.exec(readFileSync(`/proc/${pid}/status`, 'utf8'))?.[1]) / 1000;
 
 const portOf = (program: Program) => Number(new URL(program.url).port);
 
@@ -71,5 +78,60 @@ test('the page loads while 200 slow connections are held open', async ({ open })
   expect(slow.open).toBe(200);
   test.info().annotations.push({ type: 'loaded in', description: `${took.toFixed(0)} ms` });
   slow.close();
+  expect(await program.close()).toBe(0);
+});
+
+test('the page loads and a document is saved while 2,000 connections drip', async ({ open, sandbox }) => {
+  // No more files than a program gets by default, and no way to get more.
+  const program = await open([], { command: ['prlimit', '--nofile=1024:1024', sandbox.program] });
+  await program.shows('Open Words Tool');
+  const slow = await SlowConnections.open(portOf(program), 2000, 500);
+  test.info().annotations.push({ type: 'of 2,000 connections are held', description: String(slow.open) });
+  const took = await reload(program);
+  test.info().annotations.push({ type: 'loaded in', description: `${took.toFixed(0)} ms` });
+  const file = `${sandbox.documents}/mine.words.tessary`;
+  expect(await program.call('writeFile', file, 'text')).toEqual({ success: true });
+  expect(readFileSync(file, 'utf8')).toBe('text');
+  slow.close();
+  expect(await program.close()).toBe(0);
+});
+
+test('the program goes on where no more threads can be made', async ({ open }) => {
+  const program = await open();
+  await program.shows('Open Words Tool');
+  const { pid } = program.process;
+  const size = Number(/^VmSize:\s+(\d+) kB$/m.exec(readFileSync(`/proc/${pid}/status`, 'utf8'))?.[1]);
+  // Room for three more stacks.
+  execFileSync('prlimit', [`--pid=${pid}`, `--as=${(size + 50_000) * 1024}`]);
+  const threads = threadsOf(pid);
+  const slow = await SlowConnections.open(portOf(program), 300, 500);
+  expect(threadsOf(pid)).toBeLessThan(threads + 8);
+  await reload(program);
+  slow.close();
+  expect(await program.close()).toBe(0);
+});
+
+test('closing does not wait for clients that send slowly', async ({ open }) => {
+  const program = await open();
+  await program.shows('Open Words Tool');
+  const slow = await SlowConnections.open(portOf(program), 100, 500);
+  expect(slow.open).toBe(100);
+  const begin = performance.now();
+  expect(await program.close()).toBe(0);
+  test.info().annotations.push({ type: 'ended in', description: `${(performance.now() - begin).toFixed(0)} ms` });
+  expect(program.log()).toContain('[HTTP] GET / -> 200');
+  slow.close();
+});
+
+test('large bodies are refused before they fill the memory', async ({ open }) => {
+  const program = await open();
+  await program.shows('Open Words Tool');
+  const before = peakMemory(program.process.pid);
+  const body = 'x'.repeat(99_000_000);
+  const send = () =>
+    ask(portOf(program), `POST / HTTP/1.1\r\nHost: localhost\r\nContent-Length: ${body.length}\r\n\r\n${body}`);
+  await Promise.allSettled(Array.from({ length: 8 }, send));
+  expect(peakMemory(program.process.pid) - before).toBeLessThan(50);
+  await reload(program);
   expect(await program.close()).toBe(0);
 });

@@ -4,7 +4,7 @@ import { connect, type Socket } from 'node:net';
 import { until } from './until';
 
 /** Fewer than the system keeps waiting for the server; it may drop what comes beyond. */
-const AT_ONCE = 4;
+const AT_ONCE = 64;
 
 /** A connection to the program's server on which anything can be sent, at any pace. */
 export async function rawConnection(port: number): Promise<Socket> {
