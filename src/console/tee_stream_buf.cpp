@@ -1,8 +1,10 @@
 #include "console/tee_stream_buf.h"
 
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <mutex>
+#include <system_error>
 #include <utility>
 
 #include "console/log.h"
@@ -17,8 +19,14 @@ static std::unique_ptr<TeeStreamBuf> outTee;
 static std::unique_ptr<TeeStreamBuf> errTee;
 static const bool consoleOwned = false;  // the program never opens a console of its own
 
-TeeStreamBuf::TeeStreamBuf(std::streambuf* console, const std::string& logPath)
-    : console_(console), logFile_(logPath, std::ios::out | std::ios::app) {
+// Opening a pipe would wait until somebody reads it.
+static bool canHoldLog(const std::filesystem::path& path) {
+    std::error_code ignored;
+    return !std::filesystem::exists(path, ignored) || std::filesystem::is_regular_file(path, ignored);
+}
+
+TeeStreamBuf::TeeStreamBuf(std::streambuf* console, const std::string& logPath) : console_(console) {
+    if (canHoldLog(logPath)) logFile_.open(logPath, std::ios::out | std::ios::app);
     setp(buffer_.data(), buffer_.data() + buffer_.size() - 1);
 }
 

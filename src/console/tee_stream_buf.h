@@ -8,7 +8,7 @@
 namespace Console {
 
 /// Hands each flushed block of text to a log file and, when there is one, to a second stream buffer.
-/// Takes no lock. A log file that cannot be opened or written is silently done without.
+/// Takes no lock. A log file that cannot be opened or written, or is no regular file, is silently done without.
 class TeeStreamBuf : public std::streambuf {
 public:
     /// `console` is borrowed and may be null. `logPath` is in the file-system code page; the file is created when

@@ -1,3 +1,4 @@
+import { execFileSync } from 'node:child_process';
 import { chmodSync, existsSync, readdirSync, readFileSync } from 'node:fs';
 import { dirname } from 'node:path';
 import { treeOf } from '../../bench/processTree';
@@ -53,4 +54,31 @@ test('the program runs without a log in a folder that it may not write to', asyn
   expect(readdirSync(folder)).toEqual(['tessary']);
   expect(await program.close()).toBe(0);
   chmodSync(folder, 0o755);
+});
+
+test('the program runs without a log where a pipe has its name', async ({ open, sandbox }) => {
+  execFileSync('mkfifo', [sandbox.logFile]);
+  const program = await open();
+  await program.shows('Open Words Tool');
+  expect(await program.close()).toBe(0);
+});
+
+test('a limit on the size of files is a save that fails, and the program goes on', async ({ open, sandbox }) => {
+  const file = sandbox.write('mine.words.tessary', 'old');
+  const program = await open();
+  await program.shows('Open Words Tool');
+  execFileSync('prlimit', [`--pid=${program.process.pid}`, '--fsize=200000']);
+  const write = (length: number) =>
+    program.page.evaluate(
+      (path, count) => {
+        const bound = window as unknown as { writeFile(path: string, content: string): Promise<{ success: boolean }> };
+        return bound.writeFile(path, 'x'.repeat(count));
+      },
+      file,
+      length,
+    );
+  expect(await write(300_000)).toEqual({ success: false, error: 'file-write-failed' });
+  expect(readFileSync(file, 'utf8')).toBe('old');
+  expect(await write(100_000)).toEqual({ success: true });
+  expect(await program.close()).toBe(0);
 });
