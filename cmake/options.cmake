@@ -18,6 +18,22 @@ if(MINGW)
   # The executable imports Windows' own DLLs only.
   target_link_options(tessary_build INTERFACE -static -Wl,--stack,${TESSARY_WORKER_STACK})
 endif()
+# What Debian hardens its own programs with. Sanitizers have checks of their own, and are in the way of these.
+include(CheckPIESupported)
+check_pie_supported()
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(TESSARY_HARDENING -fstack-protector-strong -fstack-clash-protection -fcf-protection)
+if(NOT CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64")
+  list(REMOVE_ITEM TESSARY_HARDENING -fcf-protection)
+endif()
+if(MINGW)
+  # The linker's defaults move the program about in memory and keep data from being run.
+  target_compile_options(tessary_build INTERFACE -fstack-protector-strong)
+  target_link_options(tessary_build INTERFACE -fstack-protector-strong)
+elseif(NOT MSVC AND NOT TESSARY_SANITIZERS)
+  target_compile_options(tessary_build INTERFACE ${TESSARY_HARDENING} -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3)
+  target_link_options(tessary_build INTERFACE -Wl,-z,relro -Wl,-z,now)
+endif()
 if(TESSARY_SANITIZERS)
   # Without the check of virtual tables: the web engine's libraries have no run-time type information and share templates of
   # the standard library with us, so that our copy would report their objects.

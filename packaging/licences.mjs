@@ -90,21 +90,43 @@ function librariesOf(target) {
   return [...host, ...runtimes, ...libraries];
 }
 
-/** Libraries with the same text share it. */
-function sections(libraries) {
+/** The names of the libraries by the text of their licence: those with the same text share it. */
+function byText(libraries) {
   const names = new Map();
   for (const { name, text } of libraries) {
     const tidy = text
       .replaceAll('\r\n', '\n')
       .replace(/[ \t]+$/gm, '')
       .trim();
-    names.set(tidy, [...(names.get(tidy) ?? []), name]);
+    names.set(tidy, new Set([...(names.get(tidy) ?? []), name]));
   }
+  return [...names].map(([text, all]) => ({ text, names: [...all] }));
+}
+
+function plainText(opening, licences) {
   const line = '-'.repeat(80);
-  return [...names].map(([text, all]) => `${line}\n${[...new Set(all)].join('\n')}\n${line}\n\n${text}\n`);
+  const sections = licences.map(({ text, names }) => `${line}\n${names.join('\n')}\n${line}\n\n${text}\n`);
+  return [opening, ...sections].join('\n');
+}
+
+/** A field of a Debian control file that has more than one line. */
+const indented = (text) => text.replace(/^/gm, ' ').replace(/^ $/gm, ' .');
+
+/** Debian's machine-readable format, version 1.0. The libraries have no files of their own in the package. */
+function machineReadable(opening, licences) {
+  const head = 'Format: https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/\nUpstream-Name: Tessary\n';
+  const own = `Files: *\nCopyright: the Tessary authors\nLicense: all-rights-reserved\n${indented(opening.trim())}\n`;
+  const libraries = licences.map(({ text, names }, index) => {
+    const files = names.map((name) => `libraries/${name.replaceAll(' ', '-')}`).join('\n ');
+    const holders = [...new Set(text.match(/^.*\bcopyright\b.*(\(c\)|©|\d{4}).*$/gim) ?? ['as the licence says'])];
+    const copyright = holders.map((line) => line.trim()).join('\n ');
+    return `Files: ${files}\nCopyright: ${copyright}\nLicense: licence-${index + 1}\n${indented(text)}\n`;
+  });
+  return [head, own, ...libraries].join('\n');
 }
 
 const [target] = process.argv.slice(2);
 if (!['linux', 'windows', 'web'].includes(target)) throw new Error('Licences of what? linux, windows or web');
 const opening = readFileSync(`${root}packaging/copyright.txt`, 'utf8');
-process.stdout.write([opening, ...sections(librariesOf(target))].join('\n'));
+const format = target === 'linux' ? machineReadable : plainText;
+process.stdout.write(format(opening, byText(librariesOf(target))));

@@ -79,6 +79,27 @@ test('every library in the program has its licence in the package', ({ tree }) =
   expect(licences).toContain('Copyright (c) 2017 Serge Zaitsev');
 });
 
+test('who holds which rights can be read by machines', ({ tree }) => {
+  const paragraphs = readFileSync(join(tree, 'usr/share/doc/tessary/copyright'), 'utf8').trim().split(/\n\n+/);
+  expect(paragraphs[0]).toMatch(
+    /^Format: https:\/\/www\.debian\.org\/doc\/packaging-manuals\/copyright-format\/1\.0\/\n/,
+  );
+  for (const paragraph of paragraphs.slice(1)) {
+    for (const line of paragraph.split('\n')) expect(line).toMatch(/^(Files|Copyright|License): \S|^ /);
+  }
+  const fields = (name: string) => paragraphs.filter((text) => new RegExp(`^${name}: `, 'm').test(text)).length;
+  expect(fields('Files')).toBeGreaterThan(10);
+  expect(fields('Copyright')).toBe(fields('Files'));
+});
+
+// The C library of Debian 12 is built without control-flow protection, so that no program can be marked as protected.
+test('the program is hardened as Debian hardens its own', ({ tree }) => {
+  const { status, stdout } = spawnSync('hardening-check', ['--nocfprotection', join(tree, 'usr/lib/tessary/tessary')], {
+    encoding: 'utf8',
+  });
+  expect({ status, stdout }).toEqual({ status: 0, stdout: expect.stringContaining('Immediate binding: yes') });
+});
+
 test('the program is stripped, knows its version and is started by its absolute path', ({ tree }) => {
   const program = join(tree, 'usr/lib/tessary/tessary');
   expect(run('readelf', '--section-headers', '--wide', program)).not.toMatch(/\.symtab|\.debug_/);

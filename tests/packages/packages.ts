@@ -37,8 +37,12 @@ export function librariesIn(target: 'linux' | 'windows' | 'web'): string[] {
   return [...new Set([...host, 'cpp-httplib', 'libargparse', 'webview', ...page])];
 }
 
-/** The headings of a text with licences: the libraries that it is about. */
+/** The libraries that a text with licences is about, by its headings or, in Debian's format, by its lists of files. */
 export function namedIn(licences: string): string[] {
+  const files = [...licences.matchAll(/^(?:Files:)? libraries\/(.+)$/gm)].map(([, name]) =>
+    name!.replace(/-\d.*$/, ''),
+  );
+  if (files.length > 0) return files;
   const headings = [...licences.replaceAll('\r', '').matchAll(/^-{80}\n([^]*?)\n-{80}\n/gm)];
   return headings.flatMap(([, names]) => names!.split('\n').map((line) => line.split(' ')[0]!));
 }

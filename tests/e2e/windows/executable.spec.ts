@@ -87,6 +87,11 @@ test('it is a program with windows that needs only what every Windows has', () =
   expect(needed.filter((name) => !windowsOwn.includes(name))).toEqual([]);
 });
 
+test('it may lie anywhere in memory, and its data is never run', () => {
+  const [highEntropy, dynamicBase, dataIsNotRun] = [0x20, 0x40, 0x100];
+  expect(program.characteristics & (highEntropy | dynamicBase | dataIsNotRun)).toBe(0x160);
+});
+
 test('every thread has room for the longest path that the server takes', () => {
   expect(program.stackReserve).toBeGreaterThanOrEqual(16 * 1024 * 1024);
 });

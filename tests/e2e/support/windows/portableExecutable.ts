@@ -41,6 +41,11 @@ export class PortableExecutable {
     return this.#bytes.readUInt16LE(this.#optionalHeader + 68);
   }
 
+  /** What Windows may do to keep the program's memory from being used against it, as DLL characteristics. */
+  get characteristics(): number {
+    return this.#bytes.readUInt16LE(this.#optionalHeader + 70);
+  }
+
   /** Bytes of address space that each thread's stack may grow to. */
   get stackReserve(): number {
     return Number(this.#bytes.readBigUInt64LE(this.#optionalHeader + 72));
