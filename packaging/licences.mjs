@@ -2,6 +2,7 @@
 // What goes in is asked of the builds themselves, so a library that is added later is here as well, or stops this.
 import { execFileSync } from 'node:child_process';
 import { readdirSync, readFileSync } from 'node:fs';
+import { resolve } from 'node:path';
 import { fileURLToPath } from 'node:url';
 
 const root = fileURLToPath(new URL('../', import.meta.url));
@@ -35,7 +36,10 @@ function includedHeaders(target) {
     maxBuffer: 1e9,
   });
   const ofTheProgram = printed.split('\n\n').filter((object) => object.trimStart().startsWith('src/'));
-  const headers = ofTheProgram.flatMap((object) => object.split('\n').slice(1)).map((line) => line.trim());
+  // A compiler cache may have made the paths relative.
+  const headers = ofTheProgram
+    .flatMap((object) => object.split('\n').slice(1))
+    .map((line) => resolve(`${root}build/${target}`, line.trim()));
   // A header that the build splits lies under the same name in a folder of the build.
   const ours = headers
     .filter((path) => path.startsWith(include) || GENERATED.test(path))
