@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "app/app_metadata.h"
 #include "app/command_line.h"
@@ -16,6 +17,7 @@
 #include "console/tee_stream_buf.h"
 #include "server/guarded_server.h"
 #include "server/local_server.h"
+#include "server/static_assets.h"
 
 static void logStart(const std::filesystem::path& executable, const std::string& serverUrl) {
     const AppMetadata& metadata = AppMetadata::instance();
@@ -43,6 +45,8 @@ static std::optional<std::string> startupError(const LoopbackGuard& loopbackGuar
     return std::nullopt;
 }
 
+static bool isServedPath(std::string_view path) { return isServed(getEmbeddedFilesystem(), path); }
+
 int main(int argc, char* argv[]) {
     prepareProcessLimits();
     const LaunchArgs args = parseCommandLine(argc, argv);
@@ -64,7 +68,7 @@ int main(int argc, char* argv[]) {
     bindFileFunctions(view);
     bindLinkOpener(view);
     injectLaunchArgs(view, args);
-    if (!view.restrictNavigation(serverUrl)) {
+    if (!view.restrictNavigation({serverUrl, isServedPath})) {
         exitWithError("Tessary cannot keep its window on its own page, so it shows none: start Tessary again.");
     }
     view.guardWork(serverUrl);

@@ -10,6 +10,11 @@ static std::string storePath(const std::string& requestPath) {
     return "dist/" + (requestPath.front() == '/' ? requestPath.substr(1) : requestPath);
 }
 
+bool isServed(const EmbeddedFilesystem& files, std::string_view path) {
+    const EmbeddedEntry* const entry = files.findEntry(storePath(std::string(path)));
+    return entry != nullptr && entry->isFile();
+}
+
 void serveEmbeddedFile(const EmbeddedFilesystem& files, const httplib::Request& request, httplib::Response& response) {
     try {
         const std::string path = storePath(request.path);

@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
-static NavigationDecision decision(std::string_view url) { return decideNavigation(url, "http://localhost:1234"); }
+static NavigationDecision decision(std::string_view url) {
+    const NavigationPolicy policy{"http://localhost:1234",
+                                  [](std::string_view path) { return path == "/" || path == "/words"; }};
+    return policy.decide(url);
+}
 
 TEST(NavigationPolicy, AllowsTheProgramsOwnPages) {
     for (const char* url : {"http://localhost:1234", "http://localhost:1234/", "http://localhost:1234/words?a#b",
@@ -25,5 +29,12 @@ TEST(NavigationPolicy, BlocksWhatIsNoLink) {
          {"", "file:///etc/passwd", "data:text/html,<script>readFile()</script>", "javascript:alert(1)",
           "blob:http://localhost:1234/1", "about:srcdoc", "ftp://example.org/", "view-source:http://localhost:1234/"}) {
         EXPECT_EQ(decision(url), NavigationDecision::block) << url;
+    }
+}
+
+TEST(NavigationPolicy, LeadsToTheStartPageWhereTheServerHasNothing) {
+    for (const char* url : {"http://localhost:1234/tools/words", "http://localhost:1234/gone?a#b",
+                            "http://localhost:1234//", "http://localhost:1234/tools%2fwords"}) {
+        EXPECT_EQ(decision(url), NavigationDecision::startPage) << url;
     }
 }

@@ -4,14 +4,20 @@
 
 #include <array>
 #include <cstring>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 // Places in the interfaces' tables of methods, as WebView2Interfaces checks them.
+constexpr std::size_t navigate = 5;
 constexpr std::size_t addNavigationStarting = 7;
 constexpr std::size_t addNewWindowRequested = 44;
 constexpr std::size_t getUri = 3;
 constexpr std::size_t putHandled = 6;
 constexpr std::size_t putCancel = 8;
+
+const NavigationPolicy policy{"http://localhost:1234", [](std::string_view path) { return path == "/words"; }};
 
 /// A COM object of which only the given methods may be called.
 template <std::size_t methods>
@@ -32,6 +38,7 @@ struct FakeObject {
 /// A web engine's view that takes the handlers it is told to take.
 struct FakeView : FakeObject<64> {
     FakeView(HRESULT navigationAnswer, HRESULT newWindowAnswer) : answers{navigationAnswer, newWindowAnswer} {
+        set(navigate, noteAddress);
         set(addNavigationStarting, subscribe<0>);
         set(addNewWindowRequested, subscribe<1>);
     }
@@ -51,6 +58,12 @@ struct FakeView : FakeObject<64> {
         return S_OK;
     }
 
+    static HRESULT STDMETHODCALLTYPE noteAddress(FakeView* self, LPCWSTR address) {
+        self->addresses.emplace_back(address);
+        return S_OK;
+    }
+
+    std::vector<std::wstring> addresses;
     std::array<HRESULT, 2> answers;
     std::array<IUnknown*, 2> handlers{};
 };
@@ -82,12 +95,13 @@ class RestrictNavigation : public testing::Test {
 protected:
     FakeView view{S_OK, S_OK};
 
-    void SetUp() override { ASSERT_TRUE(restrictNavigation(view.as<ICoreWebView2>(), "http://localhost:1234")); }
+    void SetUp() override { ASSERT_TRUE(restrictNavigation(view.as<ICoreWebView2>(), policy)); }
 
     bool navigates(const wchar_t* address) {
         FakeArguments arguments(address);
         auto* handler = static_cast<ICoreWebView2NavigationStartingEventHandler*>(view.handlers[0]);
-        EXPECT_EQ(handler->Invoke(nullptr, arguments.as<ICoreWebView2NavigationStartingEventArgs>()), S_OK);
+        EXPECT_EQ(handler->Invoke(view.as<ICoreWebView2>(), arguments.as<ICoreWebView2NavigationStartingEventArgs>()),
+                  S_OK);
         return !arguments.prevented;
     }
     bool opensWindow(const wchar_t* address) {
@@ -105,6 +119,11 @@ TEST_F(RestrictNavigation, LetsTheWindowGoToTheProgramsOwnPagesOnly) {
     EXPECT_FALSE(navigates(nullptr)) << "an address that cannot be read";
 }
 
+TEST_F(RestrictNavigation, ShowsTheStartPageInPlaceOfAPageThatTheServerDoesNotHave) {
+    EXPECT_FALSE(navigates(L"http://localhost:1234/tools/words"));
+    EXPECT_EQ(view.addresses, std::vector<std::wstring>{L"http://localhost:1234/"});
+}
+
 TEST_F(RestrictNavigation, OpensNoSecondWindow) {
     EXPECT_FALSE(opensWindow(L"http://localhost:1234/words"));
     EXPECT_FALSE(opensWindow(L"file:///C:/windows/win.ini"));
@@ -112,8 +131,8 @@ TEST_F(RestrictNavigation, OpensNoSecondWindow) {
 
 TEST(RestrictNavigationOf, AViewThatRefusesAHandlerFails) {
     FakeView withoutNavigation(E_NOTIMPL, S_OK);
-    EXPECT_FALSE(restrictNavigation(withoutNavigation.as<ICoreWebView2>(), "http://localhost:1234"));
+    EXPECT_FALSE(restrictNavigation(withoutNavigation.as<ICoreWebView2>(), policy));
     FakeView withoutNewWindow(S_OK, E_NOINTERFACE);
-    EXPECT_FALSE(restrictNavigation(withoutNewWindow.as<ICoreWebView2>(), "http://localhost:1234"));
-    EXPECT_FALSE(restrictNavigation(nullptr, "http://localhost:1234"));
+    EXPECT_FALSE(restrictNavigation(withoutNewWindow.as<ICoreWebView2>(), policy));
+    EXPECT_FALSE(restrictNavigation(nullptr, policy));
 }

@@ -1,5 +1,8 @@
 #include "app/window/native_web_view.h"
 
+#ifndef _WIN32
+#include "app/window/private_session_linux.h"
+#endif
 #include <webview.h>
 
 #include <exception>
@@ -86,8 +89,8 @@ void NativeWebView::bind(const std::string& name, Handler handler) {
 
 void NativeWebView::bindThrowing(const std::string& name, Handler handler) { library_->bindById(name, handler); }
 
-bool NativeWebView::restrictNavigation(const std::string& origin) {
-    return ::restrictNavigation(enginePage(library_->view), origin);
+bool NativeWebView::restrictNavigation(const NavigationPolicy& policy) {
+    return ::restrictNavigation(enginePage(library_->view), policy);
 }
 
 void NativeWebView::guardWork(const std::string& origin) {

@@ -2,6 +2,7 @@
 #pragma once
 #include <memory>
 
+#include "app/window/navigation_policy.h"
 #include "bridge/web_view.h"
 
 /// Opens its own top-level window, with developer tools. The window is closed when the object is destroyed.
@@ -11,9 +12,9 @@ public:
     NativeWebView();
     ~NativeWebView() override;
 
-    /// Keeps the window on pages of this origin (navigation_policy.h). False when the web engine cannot be restricted:
-    /// no page may be shown then.
-    [[nodiscard]] bool restrictNavigation(const std::string& origin);
+    /// Keeps the window on what the policy allows. False when the web engine cannot be restricted: no page may be shown
+    /// then.
+    [[nodiscard]] bool restrictNavigation(const NavigationPolicy& policy);
 
     /// The window itself: a GtkWindow* or HWND, for windows that belong to it.
     [[nodiscard]] void* nativeWindow() const;

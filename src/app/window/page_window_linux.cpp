@@ -6,6 +6,7 @@
 #include <memory>
 #include <utility>
 
+#include "app/window/context_menu_linux.h"
 #include "bridge/text/glib_ownership_linux.h"
 
 GtkPageWindow::GtkPageWindow(WebKitWebView* page)
@@ -28,6 +29,7 @@ static void reportDeath(WebKitWebView*, WebKitWebProcessTerminationReason, const
 void GtkPageWindow::listen(WindowEvents events) {
     events_ = std::move(events);
     g_signal_connect(window_, "delete-event", G_CALLBACK(requestClose), &events_);
+    restrictContextMenu(page_);
     g_signal_connect(page_, "web-process-terminated", G_CALLBACK(reportDeath), &events_);
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) g_unix_signal_add(signal, requestEnd, &events_);
 }

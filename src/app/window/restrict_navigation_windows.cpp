@@ -1,7 +1,6 @@
 #include "app/window/restrict_navigation_windows.h"
 
 #include "app/window/com_handler_windows.h"
-#include "app/window/navigation_policy.h"
 #include "bridge/link_opener.h"
 #include "bridge/text/utf16_windows.h"
 
@@ -20,32 +19,34 @@ std::string addressOf(Arguments* arguments) {
     return address;
 }
 
-HRESULT decide(ICoreWebView2NavigationStartingEventArgs* arguments, const std::string& origin) {
+HRESULT decide(ICoreWebView2* view, ICoreWebView2NavigationStartingEventArgs* arguments,
+               const NavigationPolicy& policy) {
     const std::string address = addressOf(arguments);
-    const NavigationDecision decision = decideNavigation(address, origin);
+    const NavigationDecision decision = policy.decide(address);
     if (decision == NavigationDecision::allow) return S_OK;
+    const HRESULT cancelled = arguments->put_Cancel(TRUE);
     // A link that no program opens goes nowhere.
     if (decision == NavigationDecision::openExternally) static_cast<void>(launchUrl(address));
-    return arguments->put_Cancel(TRUE);
+    if (decision == NavigationDecision::startPage) view->Navigate(utf16FromUtf8(policy.startPage()).c_str());
+    return cancelled;
 }
 
 /// There is one window only. What may be shown in it gets no second one.
-HRESULT refuseWindow(ICoreWebView2NewWindowRequestedEventArgs* arguments, const std::string& origin) {
+HRESULT refuseWindow(ICoreWebView2NewWindowRequestedEventArgs* arguments, const NavigationPolicy& policy) {
     const std::string address = addressOf(arguments);
-    if (decideNavigation(address, origin) == NavigationDecision::openExternally) {
-        static_cast<void>(launchUrl(address));
-    }
+    if (policy.decide(address) == NavigationDecision::openExternally) static_cast<void>(launchUrl(address));
     return arguments->put_Handled(TRUE);
 }
 }  // namespace
 
-bool restrictNavigation(ICoreWebView2* view, const std::string& origin) {
+bool restrictNavigation(ICoreWebView2* view, NavigationPolicy policy) {
     if (view == nullptr) return false;
     EventRegistrationToken token;
     const auto navigation = makeHandler<ICoreWebView2NavigationStartingEventHandler>(
-        navigationStarting, [origin](ICoreWebView2*, auto* arguments) { return decide(arguments, origin); });
+        navigationStarting,
+        [policy](ICoreWebView2* sender, auto* arguments) { return decide(sender, arguments, policy); });
     const auto newWindow = makeHandler<ICoreWebView2NewWindowRequestedEventHandler>(
-        newWindowRequested, [origin](ICoreWebView2*, auto* arguments) { return refuseWindow(arguments, origin); });
+        newWindowRequested, [policy](ICoreWebView2*, auto* arguments) { return refuseWindow(arguments, policy); });
     return SUCCEEDED(view->add_NavigationStarting(navigation.get(), &token)) &&
            SUCCEEDED(view->add_NewWindowRequested(newWindow.get(), &token));
 }

@@ -9,9 +9,14 @@ export function hasUnsavedWork(): boolean {
   return useSheetsStore.getState().isUnsaved && !isVsCode;
 }
 
-/** Before a tab with unsaved work goes away, the browser asks in its own words. */
+/**
+ * Before a tab with unsaved work goes away, the browser asks in its own words. The native host's window can only load the
+ * page again, which has the work again then.
+ */
 export function onBeforeUnload(event: BeforeUnloadEvent): void {
-  if (hasUnsavedWork() && !isStartingAgain) event.preventDefault();
+  if (!hasUnsavedWork() || isStartingAgain) return;
+  const isKept = isCppBackend && useSheetsStore.getState().persistState();
+  if (!isKept) event.preventDefault();
 }
 
 /** Whether a reload has to go through `startAgain`: servers need to know "/" alone, and nothing is asked in vain. */

@@ -1,10 +1,12 @@
 import { onHostEvent } from '../host/hostEvents';
 import { i18next } from '../i18n';
+import { forgetRecord } from '../stores/persistStorage';
 import { hasUnsavedWork } from './leaveGuards';
 
 /** From now on answers what the native host asks about the window's end. */
 export function answerWindowEvents(): void {
   onHostEvent('tessary-close', () => (hasUnsavedWork() ? discardQuestion() : undefined));
+  onHostEvent('tessary-end', forgetRecord);
 }
 
 /** The host asks it in a message box of its own: the page may be hidden or slow. */

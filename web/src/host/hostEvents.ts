@@ -1,7 +1,7 @@
 import { isCppBackend } from './hostFlags';
 
 /** What the native host sends to the page's window, each with a name of its own. */
-export type HostEventName = 'tessary-close';
+export type HostEventName = 'tessary-close' | 'tessary-end';
 
 /**
  * Listens to an event of the native host. What `answer` gives is the answer, as JSON; undefined leaves the event

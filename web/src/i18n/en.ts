@@ -34,6 +34,10 @@ export const en = {
       unkept:
         'This browser cannot keep the sheets for the next visit: its storage is full or forbidden. Save the document to keep it.',
     },
+    restart: {
+      restored: 'The page ended unexpectedly and was loaded again. Your sheets are back as they were.',
+      empty: 'The page ended unexpectedly and was loaded again.',
+    },
     startup: {
       failed: 'Failed to start {{app}}: {{reason}}',
       unreadable: 'Failed to read file: {{reason}}',

@@ -2,9 +2,11 @@ import { useEffect, useState } from 'react';
 import type { Navigate } from '../actions/documentActions';
 import { followEditor } from '../actions/editorStartup';
 import { openLaunchDocument } from '../actions/nativeStartup';
+import { showRestoredWork } from '../actions/restoredWork';
 import { useDocumentTarget } from '../commands/useDocumentCommands';
 import { isVsCode } from '../host/hostFlags';
 import { type Result, success } from '../model/result';
+import { useSheetsStore } from '../stores/sheetsStore';
 
 /** Time for the start page to fade out after a document was opened, in milliseconds. */
 const LEAVING_TIME = 1000;
@@ -38,6 +40,7 @@ export function useStartupLoader(): { loadingError: string | undefined; isReady:
 
 /** An editor hands its document over by itself, so the page waits for it as if it were opening one. */
 async function openStartDocument(navigate: Navigate): Promise<Result<boolean>> {
+  if (await showRestoredWork(navigate)) return success(useSheetsStore.getState().documentFile !== null);
   if (!isVsCode) return openLaunchDocument(navigate);
   followEditor(navigate);
   return success(true);

@@ -26,8 +26,9 @@ export const privacyPolicy = `
 Tessary has no account, no advertising and no telemetry, and it does not contact any server but the one that it was
 loaded from.
 
-Documents are read and written only where you choose them. Between visits the page keeps the open sheets in this
-browser's own storage, so that a reload does not lose them; clearing the site's data removes them.
+Documents are read and written only where you choose them. In a browser the page keeps the open sheets between visits in the
+browser's own storage, so that a reload does not lose them; clearing the site's data removes them. The desktop program keeps
+them for its own run only.
 
 A link that leads elsewhere opens in your browser, and that site's own rules apply there.
 `;

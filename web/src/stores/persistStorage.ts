@@ -24,10 +24,12 @@ let lastCost = 0;
 let pending: { key: string; state: PersistedState } | undefined;
 let isHeld = true;
 let isLossTold = false;
+let isOver = false;
 
 /** Keeps the record of the sheets store. Changes within one task are written together after it, before leaving at last. */
 export const persistStorage: PersistStorage<PersistedState> = {
   getItem(key) {
+    if (hostKind === 'native') storageBackend.beginRun();
     const text = storageBackend.read(key);
     if (text === null) return null;
     try {
@@ -40,6 +42,7 @@ export const persistStorage: PersistStorage<PersistedState> = {
     }
   },
   setItem(key, { state }) {
+    if (isOver) return;
     if (!pending) setTimeout(flushRecord, lastCost < 5 ? 0 : Math.min(LONGEST_REST, lastCost * REST_PER_COST));
     pending = { key, state };
   },
@@ -62,6 +65,13 @@ export function flushRecord(): boolean {
   if (!isHeld && state.sheets.size > 0) tellLoss();
   lastCost = performance.now() - begin;
   return isHeld;
+}
+
+/** The window closes for good: nothing of the document stays behind. */
+export function forgetRecord(): void {
+  isOver = true;
+  pending = undefined;
+  storageBackend.clear();
 }
 
 /** Only a browser's users rely on the record: the native host has the files, and an editor the document. */

@@ -25,34 +25,49 @@ interface Message {
 
 /** The developer tools of a running page: the engine's inspector, spoken to over its own protocol. */
 export class Inspector {
-  readonly #socket: WebSocket;
+  readonly #port: number;
+  readonly #alive: () => boolean;
   readonly #waiting = new Map<number, (answer: Answer) => void>();
+  #socket!: WebSocket;
   #target: string | undefined;
   #lastId = 0;
 
-  private constructor(socket: WebSocket) {
-    this.#socket = socket;
+  private constructor(port: number, alive: () => boolean) {
+    this.#port = port;
+    this.#alive = alive;
+  }
+
+  /** Waits until the program offers its page on this port. `alive` is asked meanwhile, so that a crash is reported at once. */
+  static async connect(port: number, alive: () => boolean): Promise<Inspector> {
+    const inspector = new Inspector(port, alive);
+    await inspector.#connect();
+    return inspector;
+  }
+
+  /** Looks for the page again after its process has died: the tools are not told of that, and wait for ever. */
+  async reconnect() {
+    this.disconnect();
+    await this.#connect();
+  }
+
+  async #connect() {
+    const path = await until('the inspector', async () => {
+      if (!this.#alive()) throw new Error('The program ended before its page could be inspected');
+      return offeredSocket(this.#port);
+    });
+    const socket = new WebSocket(`ws://127.0.0.1:${this.#port}${path}`);
     socket.addEventListener('message', (event) => this.#receive(JSON.parse(String(event.data)) as Message));
     socket.addEventListener('close', () => {
       for (const settle of this.#waiting.values()) settle({ error: { message: 'The page is gone' } });
       this.#waiting.clear();
     });
-  }
-
-  /** Waits until the program offers its page on this port. `alive` is asked meanwhile, so that a crash is reported at once. */
-  static async connect(port: number, alive: () => boolean): Promise<Inspector> {
-    const path = await until('the inspector', async () => {
-      if (!alive()) throw new Error('The program ended before its page could be inspected');
-      return offeredSocket(port);
-    });
-    const socket = new WebSocket(`ws://127.0.0.1:${port}${path}`);
+    this.#socket = socket;
+    this.#target = undefined;
     await new Promise<void>((resolve, reject) => {
       socket.addEventListener('open', () => resolve());
       socket.addEventListener('error', () => reject(new Error('The inspector refused the connection')));
     });
-    const inspector = new Inspector(socket);
-    await until('a page to inspect', () => inspector.#target);
-    return inspector;
+    await until('a page to inspect', () => this.#target);
   }
 
   disconnect() {

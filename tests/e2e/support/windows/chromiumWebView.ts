@@ -88,13 +88,12 @@ export class ChromiumWebView {
     return this.#tab.call('Runtime.evaluate', { expression, awaitPromise, returnByValue: true, userGesture: true });
   }
 
-  /** The program decides whether the page goes where it is about to go. */
+  /** The program decides whether the page goes where it is about to go, unless it has sent it elsewhere meanwhile. */
   async #decide({ requestId, request }: PausedRequest) {
-    if (await this.#runtime.startNavigation(request.url)) {
-      await this.#tab.call('Fetch.continueRequest', { requestId });
-    } else {
-      await this.#tab.call('Fetch.failRequest', { requestId, errorReason: 'Aborted' });
-    }
+    const decision = (await this.#runtime.startNavigation(request.url))
+      ? this.#tab.call('Fetch.continueRequest', { requestId })
+      : this.#tab.call('Fetch.failRequest', { requestId, errorReason: 'Aborted' });
+    await decision.catch(() => undefined);
   }
 
   #post(payload: string) {

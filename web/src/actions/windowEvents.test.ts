@@ -1,0 +1,62 @@
+// @vitest-environment jsdom
+import { beforeEach, expect, test, vi } from 'vitest';
+
+const KEY = 'bits-sheets-storage';
+const BEGUN = 'tessary-run';
+
+/** Loads the page's code as the native host's page does. */
+async function loadPage() {
+  vi.resetModules();
+  window.tessary = { backend: { implementation: 'cpp' } };
+  const { answerWindowEvents } = await import('./windowEvents');
+  const { useSheetsStore } = await import('../stores/sheetsStore');
+  answerWindowEvents();
+  return useSheetsStore;
+}
+
+/** Sends an event as the host's script does. */
+function send(name: string): unknown {
+  const event = new CustomEvent<{ answer?: unknown }>(name, { cancelable: true, detail: {} });
+  return window.dispatchEvent(event) ? null : event.detail.answer;
+}
+
+beforeEach(() => {
+  localStorage.clear();
+  sessionStorage.clear();
+});
+
+test('the window may close without a question until there is unsaved work', async () => {
+  const store = await loadPage();
+  expect(send('tessary-close')).toBeNull();
+  store.getState().addSheet();
+  expect(send('tessary-close')).toEqual({
+    title: 'Unsaved Changes',
+    text: 'You have unsaved changes. Do you want to discard them?',
+    discard: 'Discard',
+    cancel: 'Cancel',
+  });
+  store.getState().updateWordsDocumentFileState({ name: 'a', path: '/a' });
+  expect(send('tessary-close')).toBeNull();
+});
+
+test('when the window ends, the page keeps nothing, whatever changes afterwards', async () => {
+  const store = await loadPage();
+  store.getState().addSheet();
+  await vi.waitFor(() => expect(localStorage.getItem(KEY)).not.toBeNull());
+  localStorage.setItem('joy-mode', 'dark');
+  expect(send('tessary-end')).toBeNull();
+  store.getState().addSheet();
+  window.dispatchEvent(new Event('pagehide'));
+  expect(localStorage.length).toBe(0);
+});
+
+test("a record of another run of the host is removed; a reload's own is restored", async () => {
+  const before = await loadPage();
+  before.getState().addSheet();
+  await vi.waitFor(() => expect(localStorage.getItem(KEY)).not.toBeNull());
+  expect((await loadPage()).getState().sheets.size).toBe(1);
+
+  sessionStorage.removeItem(BEGUN);
+  expect((await loadPage()).getState().sheets.size).toBe(0);
+  expect(localStorage.getItem(KEY)).toBeNull();
+});
