@@ -2,8 +2,8 @@ import { mkdirSync, statSync, writeFileSync } from 'node:fs';
 import { dirname, join } from 'node:path';
 import { fileURLToPath } from 'node:url';
 import { expect, test } from '../../e2e/support/linux/fixtures';
+import { Chance } from '../../e2e/support/shared/chance';
 import { documentText } from '../../e2e/support/shared/documents';
-import { Chance } from './chance';
 import { type Sample, sampleOf, tableOf, verdictOn } from './figures';
 import { User } from './user';
 

@@ -2,8 +2,8 @@ import { rmSync, writeFileSync } from 'node:fs';
 import { isDeepStrictEqual } from 'node:util';
 import { FileDialog } from '../../e2e/support/linux/dialog';
 import type { Program } from '../../e2e/support/linux/program';
+import type { Chance } from '../../e2e/support/shared/chance';
 import { until } from '../../e2e/support/shared/until';
-import type { Chance } from './chance';
 import { ExpectedDocument, sheetsOnDisk, type Word, wordNamed } from './expectedDocument';
 import { reachable, readScreen, type Screen, type Target, watchForRelease, whenReleased } from './screen';
 
