@@ -8,16 +8,29 @@ import { floatParts } from './floatParts';
  * @returns the float's bits, or 'overflow' for a number beyond the largest finite float
  */
 export function encodeFloat(value: number, format: FloatFormat): bigint | 'overflow' {
-  const { exponentBits, mantissaBits, bias } = format;
   const double = bitsOfDouble(value);
   const parts = floatParts(double, floatFormatFor(64)!);
-  const sign = (double >> 63n) << BigInt(exponentBits + mantissaBits);
-  if (parts.kind !== 'finite') return sign;
+  const isFinite = parts.kind === 'finite';
+  return encodeScaled(double >> 63n === 1n, isFinite ? parts.significand : 0n, isFinite ? parts.scale : 0, format);
+}
 
-  const top = parts.significand.toString(2).length - 1 + parts.scale;
+/**
+ * The same for significand * 2 ** scale, or its negative.
+ * @param significand - not negative
+ */
+export function encodeScaled(
+  negative: boolean,
+  significand: bigint,
+  scale: number,
+  { exponentBits, mantissaBits, bias }: FloatFormat,
+): bigint | 'overflow' {
+  const sign = BigInt(negative) << BigInt(exponentBits + mantissaBits);
+  if (significand === 0n) return sign;
+
+  const top = significand.toString(2).length - 1 + scale;
   const leastExponent = 1 - bias;
   const exponent = Math.max(top, leastExponent);
-  const rounded = scaledToNearest(parts.significand, parts.scale - (exponent - mantissaBits));
+  const rounded = scaledToNearest(significand, scale - (exponent - mantissaBits));
   // The implicit one of a normal number, and a carry out of rounding, both add 1 to the exponent's bits.
   const bits = (BigInt(exponent - leastExponent) << BigInt(mantissaBits)) + rounded;
   const allOnes = (1n << BigInt(exponentBits)) - 1n;
