@@ -39,7 +39,7 @@ function reveal({ difference, cause }: HistoryStep, navigate: Navigate): void {
 
 /** What was done and where, such as "random, Int 64 word 1". */
 function stepName({ difference, cause }: HistoryStep): string {
-  if (cause) return `${i18next.t(`history.kinds.${cause.kind}`)}, ${wordName(cause.word)}`;
+  if (cause) return `${cause.name ?? i18next.t(`history.kinds.${cause.kind}`)}, ${wordName(cause.word)}`;
   const kind = i18next.t(`history.kinds.${kindOf(difference)}`);
   const [only, ...others] = difference.sheets.values();
   const sheet = only?.after ?? only?.before;

@@ -14,10 +14,24 @@ export const shownChange = proxy<{
 }>({ sheetId: null, bits: 0n, word: undefined });
 
 let timer: ReturnType<typeof setTimeout> | undefined;
+let isPreview = false;
+
+/** Outlines the bits that would change, until others are shown. @param bits - a one for each of them */
+export function previewChange(sheetId: string | null, bits: bigint): void {
+  clearTimeout(timer);
+  isPreview = true;
+  if (shownChange.bits !== bits) Object.assign(shownChange, { sheetId, bits, word: undefined });
+}
+
+/** Outlines nothing more, unless a change has come in the meantime. */
+export function endPreview(): void {
+  if (isPreview) Object.assign(shownChange, { bits: 0n, word: undefined });
+}
 
 /** @param bits - a one for each bit that changed */
 export function showChange(sheetId: string | null, bits: bigint, word: ChangedWord | undefined): void {
   clearTimeout(timer);
+  isPreview = false;
   Object.assign(shownChange, { sheetId, bits, word });
   timer = setTimeout(() => Object.assign(shownChange, { bits: 0n, word: undefined }), OUTLINE_TIME);
 }

@@ -7,6 +7,7 @@ import { FIELD_COMMANDS } from './fieldCommands';
 import { HISTORY_COMMANDS } from './historyCommands';
 import { KEY_GROUPS } from './keyList';
 import { TAB_COMMANDS } from './tabCommands';
+import { WORD_ACTIONS } from './wordActions';
 import { WORD_COMMANDS } from './wordCommands';
 
 function press(key: string, repeat = false) {
@@ -83,6 +84,7 @@ describe('the list of keys', () => {
     PAGE_COMMANDS,
     TAB_COMMANDS,
     WORD_COMMANDS,
+    WORD_ACTIONS,
     FIELD_COMMANDS,
     BIT_FIELD_COMMANDS,
   ] as const;
@@ -93,7 +95,7 @@ describe('the list of keys', () => {
   });
 
   test('has no key twice among commands that can act at the same place', () => {
-    const everywhere = [...DOCUMENT_COMMANDS, ...HISTORY_COMMANDS, ...PAGE_COMMANDS];
+    const everywhere = [...DOCUMENT_COMMANDS, ...HISTORY_COMMANDS, ...PAGE_COMMANDS, ...WORD_ACTIONS];
     for (const local of [
       TAB_COMMANDS,
       [...WORD_COMMANDS, ...FIELD_COMMANDS],

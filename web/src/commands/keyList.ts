@@ -6,6 +6,7 @@ import { FIELD_COMMANDS } from './fieldCommands';
 import { HISTORY_COMMANDS } from './historyCommands';
 import { chordLabels } from './keyChord';
 import { TAB_COMMANDS } from './tabCommands';
+import { WORD_ACTIONS } from './wordActions';
 import { WORD_COMMANDS } from './wordCommands';
 
 /** Commands that act on one kind of thing, under the name of that thing. */
@@ -18,7 +19,7 @@ export interface KeyGroup {
 export const KEY_GROUPS: readonly KeyGroup[] = [
   group('commands.groups.document', [...DOCUMENT_COMMANDS, ...HISTORY_COMMANDS, ...PAGE_COMMANDS]),
   group('commands.groups.tabs', TAB_COMMANDS),
-  group('commands.groups.words', WORD_COMMANDS),
+  group('commands.groups.words', [...WORD_COMMANDS, ...WORD_ACTIONS]),
   group('commands.groups.fields', FIELD_COMMANDS),
   group('commands.groups.bits', BIT_FIELD_COMMANDS),
 ].filter(({ entries }) => entries.length > 0);

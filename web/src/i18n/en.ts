@@ -1,5 +1,6 @@
 import { commandTexts } from './commandTexts';
 import { historyTexts } from './historyTexts';
+import { panelTexts } from './panelTexts';
 import { wordsTexts } from './wordsTexts';
 
 /** Every text of the page. Texts that only name a key in "@( )" repeat that key's text. */
@@ -86,6 +87,7 @@ export const en = {
   commands: commandTexts,
   history: historyTexts,
   words: wordsTexts,
+  panels: panelTexts,
   sheets: {
     tabs: 'Sheets',
     add: 'Add sheet',

@@ -15,6 +15,7 @@ export const historyTexts = {
     'shift-left': 'shift left',
     'shift-right': 'shift right',
     'shift-right-unsigned': 'shift right, fill with 0',
+    command: 'operation',
     displayName: 'new name',
     int: 'value',
     intResolution: 'resolution',

@@ -11,7 +11,9 @@ export type ValueChange =
   | 'bitwise-not'
   | 'shift-left'
   | 'shift-right'
-  | 'shift-right-unsigned';
+  | 'shift-right-unsigned'
+  /** One that has a name of its own. */
+  | 'command';
 
 /** A word of the sheet that is shown: its row, its width in bits, and its index counted from 0. */
 export interface ChangedWord {
@@ -24,6 +26,8 @@ export interface ChangedWord {
 export interface ChangeCause {
   readonly kind: ValueChange;
   readonly word: ChangedWord;
+  /** What the user asked for, where the kind does not say it. */
+  readonly name?: string;
 }
 
 let current: ChangeCause | undefined;

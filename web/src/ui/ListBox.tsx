@@ -1,6 +1,6 @@
 import { type FocusEvent, type KeyboardEvent, useLayoutEffect, useRef } from 'react';
 import styles from './ListBox.module.css';
-import { moveRovingFocus } from './rovingFocus';
+import { moveRovingFocus, seekByLetter } from './rovingFocus';
 
 export interface ListGroup {
   /** Shown above the group; a group without one is the whole list. */
@@ -87,12 +87,4 @@ export function ListBox({ labelledBy, groups, isChosen, onChoose, multiple }: Li
       )}
     </div>
   );
-}
-
-/** Goes to the next option that begins with a typed character. */
-function seekByLetter(event: KeyboardEvent, options: readonly HTMLElement[]): void {
-  if (event.key.length !== 1 || event.ctrlKey || event.metaKey || event.altKey) return;
-  const index = options.indexOf(event.target as HTMLElement);
-  const following = [...options.slice(index + 1), ...options.slice(0, index + 1)];
-  following.find(({ textContent }) => textContent.toLowerCase().startsWith(event.key.toLowerCase()))?.focus();
 }

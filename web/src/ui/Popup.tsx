@@ -6,9 +6,14 @@ import { createPortal } from 'react-dom';
 import controlStyles from './controls.module.css';
 import styles from './Popup.module.css';
 
+/** Below `bottom`, or above `top` where there is no room below. */
+export type PopupPlace = Pick<DOMRect, 'left' | 'top' | 'bottom'>;
+
 interface PopupProps {
   /** What opened the popup: it appears below, and the focus goes back there. */
   anchor: RefObject<HTMLElement | null>;
+  /** Where it appears instead, in pixels of the window. */
+  at?: PopupPlace;
   onClose: () => void;
   children: ReactNode;
 }
@@ -16,13 +21,14 @@ interface PopupProps {
 const EDGE = 4;
 
 /** Something over the page that closes with Escape, with Tab beyond its last stop, and with a press elsewhere. */
-export function Popup({ anchor, onClose, children }: PopupProps) {
+export function Popup({ anchor, at, onClose, children }: PopupProps) {
   const popup = useRef<HTMLDivElement>(null);
-  useLayoutEffect(() => place(popup.current!, anchor.current!));
+  useLayoutEffect(() => place(popup.current!, at ?? anchor.current!.getBoundingClientRect()));
 
   useEffect(() => {
     const onPointerDown = ({ target }: PointerEvent) => {
-      const isInside = popup.current?.contains(target as Node) || anchor.current?.contains(target as Node);
+      const isOnAnchor = !at && anchor.current?.contains(target as Node);
+      const isInside = popup.current?.contains(target as Node) || isOnAnchor;
       if (!isInside) onClose();
     };
     addEventListener('pointerdown', onPointerDown, true);
@@ -31,7 +37,7 @@ export function Popup({ anchor, onClose, children }: PopupProps) {
       removeEventListener('pointerdown', onPointerDown, true);
       removeEventListener('resize', onClose);
     };
-  }, [anchor, onClose]);
+  }, [anchor, at, onClose]);
 
   const onKeyDown = (event: KeyboardEvent) => {
     // The popup lies within a word or toolbar for React, whose keys it must not reach.
@@ -46,6 +52,7 @@ export function Popup({ anchor, onClose, children }: PopupProps) {
   return createPortal(
     <div
       ref={popup}
+      data-popup=""
       className={cc([controlStyles.controls, styles.popup])}
       onKeyDown={onKeyDown}
       onPointerDown={(event) => event.stopPropagation()}
@@ -54,13 +61,13 @@ export function Popup({ anchor, onClose, children }: PopupProps) {
       {children}
     </div>,
     // Within the page's main part, where assistive technology looks for content.
-    anchor.current!.closest('main') ?? document.body,
+    anchor.current?.closest('main') ?? document.body,
   );
 }
 
 /** @returns whether there was a stop to go to */
 function focusNextStop(popup: HTMLElement, event: KeyboardEvent): boolean {
-  const controls = [...popup.querySelectorAll<HTMLElement>('button, input, [tabindex]')];
+  const controls = [...popup.querySelectorAll<HTMLElement>('button, input, textarea, select, [tabindex]')];
   const stops = controls.filter(({ tabIndex }) => tabIndex >= 0);
   const next = stops[stops.indexOf(event.target as HTMLElement) + (event.shiftKey ? -1 : 1)];
   if (!next) return false;
@@ -69,8 +76,7 @@ function focusNextStop(popup: HTMLElement, event: KeyboardEvent): boolean {
   return true;
 }
 
-function place(popup: HTMLElement, anchor: HTMLElement): void {
-  const { left, top, bottom } = anchor.getBoundingClientRect();
+function place(popup: HTMLElement, { left, top, bottom }: PopupPlace): void {
   const { width, height } = popup.getBoundingClientRect();
   const below = bottom + EDGE + height <= innerHeight;
   popup.style.left = `${Math.max(EDGE, Math.min(left, innerWidth - width - EDGE))}px`;

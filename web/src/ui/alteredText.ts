@@ -1,5 +1,9 @@
 type TextElement = HTMLInputElement | HTMLTextAreaElement;
 
+export function isTextField(element: unknown): element is TextElement {
+  return element instanceof HTMLInputElement || element instanceof HTMLTextAreaElement;
+}
+
 /** What fields show that nobody typed. */
 const shownTexts = new WeakMap<TextElement, string>();
 
@@ -17,6 +21,5 @@ export function isAltered(field: TextElement): boolean {
 /** Whether the keyboard is in such a field. */
 export function isTextBeingAltered(): boolean {
   const { activeElement } = document;
-  const isField = activeElement instanceof HTMLInputElement || activeElement instanceof HTMLTextAreaElement;
-  return isField && !activeElement.readOnly && isAltered(activeElement);
+  return isTextField(activeElement) && !activeElement.readOnly && isAltered(activeElement);
 }

@@ -13,6 +13,15 @@ export function moveRovingFocus(event: KeyboardEvent, items: readonly HTMLElemen
   items[Math.max(0, Math.min(items.length - 1, next))]?.focus();
 }
 
+/** Goes to the next item that begins with a typed character. */
+export function seekByLetter(event: KeyboardEvent, items: readonly HTMLElement[]): void {
+  if (event.key.length !== 1 || event.ctrlKey || event.metaKey || event.altKey) return;
+  const index = items.indexOf(event.target as HTMLElement);
+  const following = [...items.slice(index + 1), ...items.slice(0, index + 1)];
+  const name = (item: HTMLElement) => (item.dataset.name ?? item.textContent).toLowerCase();
+  following.find((item) => name(item).startsWith(event.key.toLowerCase()))?.focus();
+}
+
 function nextIndex(key: string, index: number, count: number, columns: number): number | undefined {
   if (key === 'Home') return 0;
   if (key === 'End') return count - 1;

@@ -5,6 +5,7 @@ import controlStyles from '../../ui/controls.module.css';
 import { SHEET_PANEL_ID } from '../sheetPanel';
 import { BitStatus } from './bitField/BitStatus';
 import { geometryProperties } from './layout/geometryProperties';
+import { WordPanels } from './panels/WordPanels';
 import { SheetView } from './SheetView';
 import { SheetToolbar } from './toolbar/SheetToolbar';
 import styles from './WordsTool.module.css';
@@ -24,7 +25,9 @@ export function WordsTool() {
       style={geometryProperties}
     >
       <SheetToolbar hasOverflow={overflows} />
-      <SheetView onOverflow={setOverflows} />
+      <WordPanels>
+        <SheetView onOverflow={setOverflows} />
+      </WordPanels>
       <BitStatus />
     </div>
   );

@@ -1,11 +1,19 @@
 import { flushSync } from 'react-dom';
 import type { Direction } from '../../commands/wordCommands';
+import type { ChangedWord } from '../../stores/changeCause';
 import { useSheetStore } from '../../stores/sheetStore';
+import { isTextField } from '../../ui/alteredText';
 import type { RowGeometry } from './layout/sheetGeometry';
 
 /** Identifier of a word's element. */
 export function blockId(rowKey: string, index: number): string {
   return `word-${rowKey.replace(':', '-')}-${index}`;
+}
+
+/** The word whose element it is. */
+export function wordOfBlock({ id }: Element): ChangedWord {
+  const [, type, bits, index] = id.split('-');
+  return { type: type as ChangedWord['type'], bits: Number(bits), index: Number(index) };
 }
 
 /**
@@ -57,8 +65,4 @@ export function controlOf(block: Element, focusKey: string): HTMLElement | undef
     block.querySelector<HTMLElement>(`[data-focus-key="${CSS.escape(focusKey)}"]`) ??
     block.querySelector<HTMLElement>('[data-focus-key="value"], [data-focus-key="text"]');
   return control ?? undefined;
-}
-
-export function isTextField(control: unknown): control is HTMLInputElement | HTMLTextAreaElement {
-  return control instanceof HTMLInputElement || control instanceof HTMLTextAreaElement;
 }

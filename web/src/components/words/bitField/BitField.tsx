@@ -16,10 +16,11 @@ import { i18next } from '../../../i18n';
 import { formatInteger } from '../../../model/integer/formatInteger';
 import { readWord } from '../../../model/integer/wordLayout';
 import { useSheetStore } from '../../../stores/sheetStore';
+import { isTextField } from '../../../ui/alteredText';
 import { bitAt, type BitFieldLayout, cellOf } from '../layout/bitFieldLayout';
 import { RowScroller, SheetScroller } from '../scrollers';
-import { isTextField } from '../wordNavigation';
 import { activeBitState, showBit, updateShownBit } from './activeBit';
+import { bitCursors } from './bitCursors';
 import styles from './BitField.module.css';
 import { BitFieldPainter } from './bitFieldPainter';
 import { useBitFieldPalette } from './bitFieldPalette';
@@ -80,6 +81,8 @@ export const BitField = memo(function BitField({ name, layout, pixelRatio, index
     revealCell(canvas.current!, layout, cursor.current, row.current!, sheet.current!);
     read(cursor.current);
   };
+
+  useLayoutEffect(() => void bitCursors.set(canvas.current!, moveCursor));
 
   const bitUnder = ({ nativeEvent }: PointerEvent) => bitAt(layout, nativeEvent.offsetX, nativeEvent.offsetY);
   const onPointerDown = (event: PointerEvent<HTMLCanvasElement>) => {

@@ -3,9 +3,10 @@ import { type FocusEvent, type KeyboardEvent, type ReactNode } from 'react';
 import { runCommand } from '../../../commands/command';
 import { type Direction, WORD_COMMANDS } from '../../../commands/wordCommands';
 import { isFocused, useSheetStore } from '../../../stores/sheetStore';
+import { isTextField } from '../../../ui/alteredText';
 import { lastTypedField } from '../lastTypedField';
 import { BLOCK_PADDING_X, type RowGeometry } from '../layout/sheetGeometry';
-import { blockId, controlOf, isTextField } from '../wordNavigation';
+import { blockId, controlOf } from '../wordNavigation';
 import styles from './BlockFrame.module.css';
 import { blockName } from './rowTexts';
 

@@ -1,0 +1,137 @@
+import { focusedWord } from '../actions/focusedWord';
+import { askForPaste, catchPaste, copyAs, copyMask, copyWord, editField } from '../actions/wordClipboard';
+import { appliedOperations, operate } from '../actions/wordOperation';
+import { openPanel, type PanelPlace } from '../actions/wordPanel';
+import type { LabelKey } from '../i18n';
+import type { ChangedWord } from '../stores/changeCause';
+import { isTextField } from '../ui/alteredText';
+import type { Command } from './command';
+
+/** The word that a command acts on, with what of it was pointed at. */
+export interface WordActionTarget {
+  readonly word: ChangedWord;
+  readonly bit?: number | undefined;
+  readonly field?: HTMLElement | undefined;
+  readonly place?: PanelPlace;
+  /** A key was pressed, which may mean something else where the focus is. */
+  readonly isByKey?: boolean;
+}
+
+type WordAction = Command<WordActionTarget>;
+
+const label = (name: string) => `commands.word.${name}` as LabelKey;
+
+/** Nothing is selected, so that there is nothing else that could be copied. */
+function hasNoSelection(): boolean {
+  const { activeElement } = document;
+  if (isTextField(activeElement)) return activeElement.selectionStart === activeElement.selectionEnd;
+  return getSelection()?.isCollapsed ?? true;
+}
+
+function isOutsideFields(): boolean {
+  const { activeElement } = document;
+  return !isTextField(activeElement) || activeElement.readOnly;
+}
+
+function opens(id: string, text: string): WordAction {
+  return {
+    id: `word.${id}`,
+    keys: [],
+    label: label(id),
+    run: ({ word, place }) => openPanel(word, { kind: 'operation', text }, place),
+  };
+}
+
+const IN_FIELDS: readonly WordAction[] = (['cut', 'copy', 'paste'] as const).map((edit) => ({
+  id: `field.${edit}`,
+  keys: [],
+  label: `commands.field.${edit}`,
+  when: ({ field }) => isTextField(field) && (edit === 'copy' || !field.readOnly),
+  run: ({ field }) => editField(field!, edit),
+}));
+
+/** What the menu of a word offers, in its order; the first ones are there in a text field. */
+export const WORD_MENU: readonly WordAction[] = [
+  ...IN_FIELDS,
+  {
+    id: 'word.copy',
+    keys: ['Mod+C'],
+    label: label('copy'),
+    when: ({ isByKey }) => !isByKey || hasNoSelection(),
+    yields: true,
+    run: ({ word }) => copyWord(word),
+  },
+  {
+    id: 'word.copyAs',
+    keys: [],
+    label: label('copyAs'),
+    run: ({ word, bit, field, place }) => openPanel(word, { kind: 'copyAs', bit, field }, place),
+  },
+  {
+    id: 'word.paste',
+    keys: ['Mod+V'],
+    label: label('paste'),
+    when: ({ isByKey }) => !isByKey || isOutsideFields(),
+    yields: true,
+    passesOn: true,
+    run: ({ word, place }, chord) => (chord ? catchPaste(word) : askForPaste(word, place)),
+  },
+  { id: 'word.swap', keys: [], label: label('swap'), run: ({ word }) => void operate(word, 'swap') },
+  { id: 'word.reverse', keys: [], label: label('reverse'), run: ({ word }) => void operate(word, 'rev') },
+  opens('rotate', 'rol '),
+  opens('shift', 'shl '),
+  {
+    id: 'word.operation',
+    keys: ['Mod+K'],
+    label: label('operation'),
+    hosts: ['native', 'browser'],
+    run: ({ word, place }) => openPanel(word, { kind: 'operation', text: '' }, place),
+  },
+  opens('goToBit', 'bit '),
+  {
+    id: 'word.copyMask',
+    keys: [],
+    label: label('copyMask'),
+    when: ({ bit }) => bit !== undefined,
+    run: ({ word, bit }) => copyMask(word, bit!),
+  },
+];
+
+/** What the keyboard alone does to the focused word. */
+const BY_KEY: readonly WordAction[] = [
+  { id: 'word.copyAgain', keys: ['Mod+Shift+C'], label: label('copyAgain'), run: ({ word }) => copyAs(word) },
+  {
+    id: 'word.pasteAnywhere',
+    keys: ['Mod+Shift+V'],
+    label: label('pasteAnywhere'),
+    passesOn: true,
+    run: ({ word }) => catchPaste(word),
+  },
+  {
+    id: 'word.repeat',
+    keys: ['Mod+.'],
+    label: label('repeat'),
+    hosts: ['native', 'browser'],
+    when: () => appliedOperations.length > 0,
+    repeats: true,
+    run: ({ word }) => void operate(word, appliedOperations[0]!),
+  },
+  {
+    id: 'word.menu',
+    keys: ['Shift+F10', 'ContextMenu'],
+    label: label('menu'),
+    run: ({ word, field, bit }) => openPanel(word, { kind: 'menu', field, bit }),
+  },
+];
+
+/** Everything that can be done to the focused word by key. */
+export const WORD_ACTIONS: readonly WordAction[] = [...WORD_MENU, ...BY_KEY];
+
+/** The focused word, while the keyboard is where its commands are: not in another field, nor in something over the page. */
+export function wordActionTarget(element: Element | null): WordActionTarget | undefined {
+  const word = focusedWord();
+  if (!word || !element || element.closest('[data-popup], [role="dialog"]')) return undefined;
+  const isInWord = element.closest('[data-word]') !== null;
+  if (isTextField(element) && !isInWord) return undefined;
+  return { word, field: isTextField(element) ? element : undefined, isByKey: true };
+}
