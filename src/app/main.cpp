@@ -10,8 +10,10 @@
 #include "app/host_scripts.h"
 #include "app/process_limits.h"
 #include "app/window/native_web_view.h"
+#include "app/window/save_notice.h"
 #include "app/window/window_system.h"
 #include "bridge/bridge.h"
+#include "bridge/files/documents.h"
 #include "bridge/text/native_path.h"
 #include "console/log.h"
 #include "console/tee_stream_buf.h"
@@ -63,9 +65,11 @@ int main(int argc, char* argv[]) {
 
     if (const auto reason = startupError(*loopbackGuard)) exitWithError(*reason);
     NativeWebView view;
+    SaveNotice saveNotice(view.nativeWindow());
+    Documents documents(saveNotice, RescueFolder());
     view.setTitle(AppMetadata::instance().displayName());
     injectHostInfo(view);
-    bindFileFunctions(view);
+    bindFileFunctions(view, documents);
     bindLinkOpener(view);
     injectLaunchArgs(view, args);
     if (!view.restrictNavigation({serverUrl, isServedPath})) {

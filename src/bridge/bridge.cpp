@@ -5,7 +5,7 @@
 #include "bridge/dialog_arguments.h"
 #include "bridge/envelope.h"
 #include "bridge/file_dialogs.h"
-#include "bridge/files/file_io.h"
+#include "bridge/files/documents.h"
 #include "bridge/link_opener.h"
 #include "bridge/request.h"
 #include "bridge/web_view.h"
@@ -24,25 +24,25 @@ std::string showSaveDialog(const std::string& request) {
     return dialogAnswer(askForFileToSave(saveDialogArguments(request)));
 }
 
-std::string readFile(const std::string& request) {
+std::string readFile(const std::string& request, Documents& documents) {
     const auto path = Request(request).string(0);
     if (!path) return fileAnswer(failed(invalidArguments));
-    return fileAnswer(readTextFile(*path));
+    return fileAnswer(documents.read(*path));
 }
 
-std::string writeFile(const std::string& requestText) {
+std::string writeFile(const std::string& requestText, Documents& documents) {
     const Request request(requestText);
     const auto path = request.string(0);
     const auto content = request.string(1);
     if (!path || !content) return fileAnswer(failed(invalidArguments));
-    return fileAnswer(writeTextFile(*path, *content));
+    return fileAnswer(documents.write(*path, *content));
 }
 
-void bindFileFunctions(WebView& view) {
+void bindFileFunctions(WebView& view, Documents& documents) {
     view.bind("showOpenDialog", showOpenDialog);
     view.bind("showSaveDialog", showSaveDialog);
-    view.bind("readFile", readFile);
-    view.bind("writeFile", writeFile);
+    view.bind("readFile", [&documents](const std::string& request) { return readFile(request, documents); });
+    view.bind("writeFile", [&documents](const std::string& request) { return writeFile(request, documents); });
 }
 
 void bindLinkOpener(WebView& view) {

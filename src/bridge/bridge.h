@@ -2,10 +2,12 @@
 #pragma once
 #include <string>
 
+class Documents;
 class WebView;
 
-/// Binds showOpenDialog, showSaveDialog, readFile and writeFile, in this order.
-void bindFileFunctions(WebView& view);
+/// Binds showOpenDialog, showSaveDialog, readFile and writeFile, in this order. `documents` is borrowed for as long as
+/// the view lives.
+void bindFileFunctions(WebView& view, Documents& documents);
 /// Binds openExternalUrl.
 void bindLinkOpener(WebView& view);
 
@@ -14,5 +16,5 @@ void bindLinkOpener(WebView& view);
 /// what they need with "invalid-arguments".
 [[nodiscard]] std::string showOpenDialog(const std::string& request);
 [[nodiscard]] std::string showSaveDialog(const std::string& request);
-[[nodiscard]] std::string readFile(const std::string& request);
-[[nodiscard]] std::string writeFile(const std::string& request);
+[[nodiscard]] std::string readFile(const std::string& request, Documents& documents);
+[[nodiscard]] std::string writeFile(const std::string& request, Documents& documents);

@@ -2,7 +2,7 @@
 #include <windows.h>
 
 #include "app/command_line.h"
-#include "bridge/files/file_io.h"
+#include "bridge/files/documents.h"
 #include "bridge/text/native_path.h"
 #include "temporary_folder.h"
 
@@ -28,20 +28,20 @@ TEST_F(NativePath, ReplacesWhatTheCodePageLacks) { EXPECT_EQ(narrowFromPath(std:
 
 TEST_F(NativePath, IsWhatFilesAreOpenedBy) {
     const std::string narrow = narrowFromPath(folder.path() / L"Übung");
-    EXPECT_TRUE(writeTextFile(narrow, "text").success);
+    EXPECT_TRUE(Documents().write(narrow, "text").success);
     EXPECT_TRUE(std::filesystem::exists(folder.path() / L"Übung"));
-    EXPECT_EQ(readTextFile(narrow).payload, "text");
+    EXPECT_EQ(Documents().read(narrow).payload, "text");
 }
 
 TEST_F(NativePath, IsNotUtf8) {
     const std::string utf8 = utf8FromPath(folder.path() / L"漢");
     putBytes(narrowFromPath(folder.path() / L"x"), "");
-    EXPECT_EQ(readTextFile(utf8).error, "file-not-found");
+    EXPECT_EQ(Documents().read(utf8).error, "file-not-found");
 }
 
 TEST_F(NativePath, IsWhatTheCommandLineGives) {
     const std::string narrow = narrowFromPath(folder.path() / L"Übung");
-    EXPECT_TRUE(writeTextFile(narrow, "{}").success);
+    EXPECT_TRUE(Documents().write(narrow, "{}").success);
     const char* arguments[] = {"tessary", narrow.c_str()};
     EXPECT_EQ(parseCommandLine(2, arguments).filePath, narrow);
 }

@@ -1,17 +1,31 @@
-// The text that is about to replace a document's, kept whole beside it, so that a save that is cut off leaves one whole
-// text. "notes.words.tessary" has its recovery file in "notes.words.tessary.new-text", which is whole whenever it is
-// there: it grows under the name "notes.words.tessary.new-text.incomplete".
+// The text that is about to replace a document's, kept whole beside it: a journal by which a save that was cut off is
+// finished later. "notes.words.tessary" has its recovery file in "notes.words.tessary.new-text", which is whole
+// whenever it is there: it grows under the name "notes.words.tessary.new-text.incomplete".
 #pragma once
-#include <string>
+#include <filesystem>
+#include <optional>
+#include <string_view>
 
-enum class RecoveryFile {
-    written,
-    impossible,  ///< the document's folder takes no such file, or the name is too long
-    noSpace,     ///< the disk cannot hold the new text beside the document
-};
+#include "bridge/files/regular_file.h"
+#include "bridge/files/whole_file.h"
 
-/// Writes the recovery file to the disk. An older one stays as it is until the new one is whole.
-[[nodiscard]] RecoveryFile writeRecoveryFile(const std::string& document, const std::string& content);
+[[nodiscard]] std::filesystem::path recoveryFileOf(const std::filesystem::path& document);
 
-/// Removes the recovery file once the document is known to be on the disk; without that knowledge the file stays.
-void removeRecoveryFile(const std::string& document);
+/// Where a file grows that will be `path`.
+[[nodiscard]] std::filesystem::path incompleteFileOf(const std::filesystem::path& path);
+
+/// Writes the recovery file of the document to the disk, with the document's permissions. `document` is locked by the
+/// caller. An older recovery file whose text stands nowhere else is moved aside, to "notes.words.tessary.new-text.1" or
+/// the next number that is free; `superseded` is one that need not be kept.
+[[nodiscard]] WriteOutcome writeRecoveryFile(const std::filesystem::path& path, RegularFile& document,
+                                             std::string_view bytes, const std::optional<FileStamp>& superseded);
+
+/// Removes the recovery file, unless it has become another one than that with this stamp. To be called when the
+/// document is known to be on the disk.
+void removeRecoveryFile(const std::filesystem::path& path, const FileStamp& written);
+
+/// Finishes a save that was cut off: a document that is the beginning of its recovery file gets the rest of it, and one
+/// that is the same loses the recovery file. Whatever else is there stays as it is: another text, what is no regular
+/// file or belongs to another user than the document, a document that cannot be written or is just being saved. `name`
+/// is what the user calls the document, `path` where that leads to.
+void finishCutOffSave(const std::filesystem::path& name, const std::filesystem::path& path);

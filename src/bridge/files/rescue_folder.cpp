@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <system_error>
 
-#include "bridge/files/durable_file.h"
+#include "bridge/files/file_moves.h"
+#include "bridge/files/text_mode.h"
+#include "bridge/files/whole_file.h"
 
 namespace fs = std::filesystem;
 
@@ -14,16 +16,12 @@ static bool isNameOfText(const fs::path& name) {
            name.extension() != incompleteExtension;
 }
 
-static fs::path withEnding(fs::path path, const fs::path& ending) { return path += ending; }
-
 std::optional<fs::path> RescueFolder::write(const fs::path& name, const std::string& text) const {
     if (path_.empty() || !isNameOfText(name) || !makePrivateFolder(path_)) return std::nullopt;
     const fs::path complete = path_ / name;
-    const fs::path incomplete = withEnding(complete, incompleteExtension);
-    if (writeNewFile(incomplete, text) != WriteResult::written) return std::nullopt;
-    if (replaceFile(incomplete, complete)) return complete;
-    removeFile(incomplete);
-    return std::nullopt;
+    const WholeFile file{.path = complete, .incomplete = withEnding(complete, incompleteExtension)};
+    if (writeWholeFile(file, diskBytesOf(text)).result != WriteResult::written) return std::nullopt;
+    return complete;
 }
 
 std::optional<fs::path> RescueFolder::writeNew(const fs::path& stem, const fs::path& extension,

@@ -1,7 +1,9 @@
 import { chmodSync, readdirSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
 import { join } from 'node:path';
+import { copyOf } from '../stories/cutOffSaves';
 import { expect, test } from '../support/linux/fixtures';
 import { barShows, enterValue, savedValues, shown } from '../support/linux/nativeDocument';
+import { noticeSays } from '../support/linux/notice';
 import { asOrdinaryUser } from '../support/linux/ordinaryUser';
 import type { Program } from '../support/linux/program';
 import { untilReloaded } from '../support/linux/reload';
@@ -31,7 +33,9 @@ test('a read-only document is edited and stays as it is on disk', async ({ open,
   await save(program);
   expect(await program.call('writeFile', file, 'x')).toEqual({ success: false, error: 'file-write-failed' });
   expect(readFileSync(file, 'utf8')).toBe(text);
-  expect(readdirSync(sandbox.documents)).toEqual([NAME]);
+  await noticeSays(program, `“${NAME}” could not be saved`, 'Permission denied', copyOf(file));
+  expect(readFileSync(copyOf(file), 'utf8')).toBe('x');
+  expect(readdirSync(sandbox.documents)).toEqual([NAME, `${NAME}.new-text`]);
   await shown(program, '6');
   expect(await program.close()).toBe(0);
 });

@@ -1,5 +1,5 @@
 import { expect } from '@playwright/test';
-import { existsSync, readFileSync } from 'node:fs';
+import { readFileSync } from 'node:fs';
 import type { RunningProgram } from '../support/shared/runningProgram';
 import { until } from '../support/shared/until';
 
@@ -22,18 +22,30 @@ function saveForEver(file: string, length: number) {
   void save();
 }
 
+async function lengthOfWholeText(file: string) {
+  const { readFile } = window as unknown as { readFile: (path: string) => Promise<{ data?: string }> };
+  const { data = '' } = await readFile(file);
+  return /^(a+|b+)$/.test(data) ? data.length : `${data.length} of both`;
+}
+
 /**
- * Kills the program in the midst of saves without a pause: the document or its copy must be whole.
+ * Kills the program in the midst of saves without a pause, and opens the document with another: it must be whole.
  * @param file - the document as the program calls it
  * @param seen - the same as this machine calls it
+ * @param kills - how often
  */
-export async function expectWholeAfterKill(program: RunningProgram, file: string, seen: string, length: number) {
-  const isWhole = (path: string) => {
-    const text = existsSync(path) ? readFileSync(path, 'utf8') : '';
-    return text.length === length && /^(a+|b+)$/.test(text);
-  };
-  await program.page.evaluate(saveForEver, file, length);
-  await until('some saves', () => program.page.evaluate(() => ((window as { saves?: number }).saves ?? 0) > 2));
-  await program.process.end();
-  expect(isWhole(seen) || isWhole(copyOf(seen))).toBe(true);
+export async function expectWholeAfterKills(
+  open: () => Promise<RunningProgram>,
+  { file, seen, length, kills }: { file: string; seen: string; length: number; kills: number },
+) {
+  let program = await open();
+  for (let kill = 0; kill < kills; kill++) {
+    const { page } = program;
+    await page.evaluate(saveForEver, file, length);
+    await until('some saves', () => page.evaluate(() => ((window as { saves?: number }).saves ?? 0) > 2));
+    await program.process.end();
+    program = await open();
+    expect(await program.page.evaluate(lengthOfWholeText, file)).toBe(length);
+    expect(readFileSync(seen, 'utf8')).toMatch(/^(a+|b+)$/);
+  }
 }

@@ -1,7 +1,7 @@
 // Whatever text a document is saved with, reading it gives that text again.
 #include "bridge/bridge.h"
 #include "bridge/envelope.h"
-#include "bridge/files/file_io.h"
+#include "bridge/files/documents.h"
 #include "host/temporary_folder.h"
 #include "support/input.h"
 #include "support/json_text.h"
@@ -13,15 +13,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const std::string path = folder.file("file");
     static const std::string quotedPath = jsonString(path);
     static const std::string success = envelope(succeeded(), "data");
+    static Documents documents;
     const std::string text = textOf(data, size);
 
-    require(writeTextFile(path, text).success, "a text is written");
+    require(documents.write(path, text).success, "a text is written");
     require(bytesOf(path) == text, "a text is written byte by byte");
-    const Outcome read = readTextFile(path);
+    const Outcome read = documents.read(path);
     require(read.success && read.payload == text && read.error.empty(), "a text is read byte by byte");
-    require(readFile("[" + quotedPath + "]") == envelope(succeeded(text), "data"), "the page is given the text");
+    require(readFile("[" + quotedPath + "]", documents) == envelope(succeeded(text), "data"),
+            "the page is given the text");
 
-    require(writeFile("[" + quotedPath + "," + writtenByAPage(text) + "]") == success, "the page's text is written");
+    require(writeFile("[" + quotedPath + "," + writtenByAPage(text) + "]", documents) == success,
+            "the page's text is written");
     require(bytesOf(path) == repaired(upToNul(text)), "the page's text is on disk, up to its first NUL");
     return 0;
 }

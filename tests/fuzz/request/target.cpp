@@ -8,6 +8,7 @@
 #include "bridge/bridge.h"
 #include "bridge/dialog_arguments.h"
 #include "bridge/envelope.h"
+#include "bridge/files/documents.h"
 #include "bridge/link_opener.h"
 #include "support/input.h"
 #include "support/require.h"
@@ -32,8 +33,10 @@ static void checkArguments(const Request& request) {
 // Only requests that are refused are handed over: the others would touch files of whatever name.
 static void checkRefusals(const Request& request, const std::string& text) {
     static const std::string refused = envelope(failed(invalidArguments), "data");
-    if (!request.string(0)) require(readFile(text) == refused, "a read without a path is refused");
-    if (!request.string(0) || !request.string(1)) require(writeFile(text) == refused, "a write needs path and text");
+    Documents documents;
+    if (!request.string(0)) require(readFile(text, documents) == refused, "a read without a path is refused");
+    if (!request.string(0) || !request.string(1))
+        require(writeFile(text, documents) == refused, "a write needs path and text");
 }
 
 static void checkDialogs(const Request& request, const std::string& text) {

@@ -1,7 +1,7 @@
 /* Usage: accessible_tree PID
 
    Prints what a screen reader gets of a process's windows, without what a web page in them holds: one line for each
-   object, with tabs between depth, state (hidden, shown or focused), role, name and text. */
+   object, with tabs between depth, state (hidden, shown or focused), role, name and text. Line breaks are blanks. */
 #include <atspi/atspi.h>
 #include <stdio.h>
 #include <stdlib.h>
@@ -23,11 +23,13 @@ static const char* stateOf(AtspiAccessible* object) {
     return state;
 }
 
+static const char* onOneLine(gchar* text) { return text == NULL ? "" : g_strdelimit(text, "\t\r\n", ' '); }
+
 static void print(AtspiAccessible* object, int depth) {
     gchar* role = atspi_accessible_get_role_name(object, NULL);
     gchar* name = atspi_accessible_get_name(object, NULL);
     gchar* text = textOf(object);
-    printf("%d\t%s\t%s\t%s\t%s\n", depth, stateOf(object), role, name, text == NULL ? "" : text);
+    printf("%d\t%s\t%s\t%s\t%s\n", depth, stateOf(object), role, onOneLine(name), onOneLine(text));
     const gboolean isPage = g_strcmp0(role, "document web") == 0;
     g_free(role);
     g_free(name);

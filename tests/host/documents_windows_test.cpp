@@ -1,18 +1,18 @@
 #include <gtest/gtest.h>
 
-#include "bridge/files/file_io.h"
+#include "bridge/files/documents.h"
 #include "temporary_folder.h"
 
-TEST(FileIoOnWindows, WritesLineEndsAsCrLf) {
+TEST(DocumentsOnWindows, WritesLineEndsAsCrLf) {
     const TemporaryFolder folder;
     const std::string path = folder.file("lines");
-    EXPECT_TRUE(writeTextFile(path, "a\nb\n").success);
+    EXPECT_TRUE(Documents().write(path, "a\nb\n").success);
     EXPECT_EQ(bytesOf(path), "a\r\nb\r\n");
 }
 
-TEST(FileIoOnWindows, ReadsCrLfAsLf) {
+TEST(DocumentsOnWindows, ReadsCrLfAsLf) {
     const TemporaryFolder folder;
     const std::string path = folder.file("lines");
     putBytes(path, "a\r\nb\r\nc\rd\n");
-    EXPECT_EQ(readTextFile(path).payload, "a\nb\nc\rd\n");
+    EXPECT_EQ(Documents().read(path).payload, "a\nb\nc\rd\n");
 }
