@@ -66,7 +66,7 @@ test.describe('a browser without file handles', () => {
     await enterTool(page, enter);
     await page.getByRole('link', { name: 'Create Document' }).click();
     const downloading = page.waitForEvent('download');
-    await page.getByRole('toolbar').getByRole('button', { name: 'Save', exact: true }).click();
+    await page.getByRole('toolbar', { name: 'Document' }).getByRole('button', { name: 'Save', exact: true }).click();
     const download = await downloading;
     expect(download.suggestedFilename()).toBe('Untitled.words.tessary');
     const text = await readFile(await download.path(), 'utf8');
@@ -75,11 +75,11 @@ test.describe('a browser without file handles', () => {
       version: 1,
       sheets: [{ displayName: 'Number A', int: '0x0' }],
     });
-    await expect(page.getByRole('toolbar')).toContainText('Untitled.words.tessary');
-    await expect(page.getByRole('toolbar')).not.toContainText('*');
+    await expect(page.getByRole('toolbar', { name: 'Document' })).toContainText('Untitled.words.tessary');
+    await expect(page.getByRole('toolbar', { name: 'Document' })).not.toContainText('*');
 
     const choosing = page.waitForEvent('filechooser');
-    await page.getByRole('toolbar').getByRole('button', { name: 'Open' }).click();
+    await page.getByRole('toolbar', { name: 'Document' }).getByRole('button', { name: 'Open' }).click();
     const changed = text.replace('Number A', 'Read back');
     await (
       await choosing
@@ -90,7 +90,7 @@ test.describe('a browser without file handles', () => {
     });
     await expect(page.getByRole('tab', { name: 'Read back' })).toBeVisible();
     // The page does not know the file's place, so the document counts as not saved yet.
-    await expect(page.getByRole('toolbar')).toContainText('again.words.tessary*');
+    await expect(page.getByRole('toolbar', { name: 'Document' })).toContainText('again.words.tessary*');
   });
 
   test('offers only documents, and none by default several', async ({ page, enter }) => {
@@ -118,7 +118,7 @@ test.describe('a browser with file handles', () => {
     await stubPickers(page, ['mine.words.tessary', 'other.tessary']);
     await enterTool(page, enter);
     await page.getByRole('link', { name: 'Create Document' }).click();
-    const bar = page.getByRole('toolbar');
+    const bar = page.getByRole('toolbar', { name: 'Document' });
     const save = bar.getByRole('button', { name: 'Save', exact: true });
     await save.click();
     await expect(bar).toContainText('mine.words.tessary');
@@ -138,7 +138,7 @@ test.describe('a browser with file handles', () => {
     await enterTool(page, enter);
     await page.getByRole('link', { name: 'Open Document' }).click();
     await expect(page.getByRole('tab', { name: 'Opened' })).toBeVisible();
-    await page.getByRole('toolbar').getByRole('button', { name: 'Save', exact: true }).click();
+    await page.getByRole('toolbar', { name: 'Document' }).getByRole('button', { name: 'Save', exact: true }).click();
     await expect.poll(() => written(page)).toHaveProperty(['mine.tessary']);
     expect(await asked(page)).toEqual([['open', { types, multiple: false }]]);
   });
@@ -147,7 +147,7 @@ test.describe('a browser with file handles', () => {
     await stubPickers(page, [null, null]);
     await enterTool(page, enter);
     await page.getByRole('link', { name: 'Create Document' }).click();
-    const bar = page.getByRole('toolbar');
+    const bar = page.getByRole('toolbar', { name: 'Document' });
     await bar.getByRole('button', { name: 'Save', exact: true }).click();
     await expect.poll(async () => (await asked(page)).length).toBe(1);
     await expect(bar).toContainText('Untitled.words.tessary*');
@@ -175,7 +175,7 @@ test.describe('dropping on the page', () => {
     };
     await drop(page, [{ name: 'photo.jpg', content: '' }, dropped]);
     await expect(page.getByRole('tab', { name: 'Dropped' })).toBeVisible();
-    await expect(page.getByRole('toolbar')).toContainText('Dropped.WORDS.tessary*');
+    await expect(page.getByRole('toolbar', { name: 'Document' })).toContainText('Dropped.WORDS.tessary*');
     await drop(page, [{ name: 'next.tessary', content: documentText({ displayName: 'Next' }) }]);
     await page.getByRole('alertdialog').getByRole('button', { name: 'Discard' }).click();
     await expect(page.getByRole('tab')).toHaveText(['Next']);

@@ -105,7 +105,7 @@ test.describe('in the native host', () => {
     await page.keyboard.type('Mine');
     await page.keyboard.press('Enter');
     await page.keyboard.press('Control+s');
-    await expect(page.getByRole('toolbar')).not.toContainText('*');
+    await expect(page.getByRole('toolbar', { name: 'Document' })).not.toContainText('*');
     const written = JSON.parse((await hostFile(page, PATH))!) as { sheets: { displayName: string; int: string }[] };
     expect(written.sheets.map(({ displayName, int }) => [displayName, int])).toEqual([
       ['Mine', '0xff'],
@@ -144,7 +144,9 @@ test.describe('in the native host', () => {
       ['showOpenDialog', 'Tessary Files', '*.words.tessary;*.tessary'],
       ['readFile', PATH],
     ]);
-    await expect(page.getByRole('toolbar').getByRole('button', { name: 'Save', exact: true })).toBeDisabled();
+    await expect(
+      page.getByRole('toolbar', { name: 'Document' }).getByRole('button', { name: 'Save', exact: true }),
+    ).toBeDisabled();
   });
 
   test('a cancelled open dialog changes nothing and says nothing', async ({ page, enter }) => {
@@ -154,7 +156,7 @@ test.describe('in the native host', () => {
       choices: [null],
     });
     await enter();
-    await page.getByRole('toolbar').getByRole('button', { name: 'Open' }).click();
+    await page.getByRole('toolbar', { name: 'Document' }).getByRole('button', { name: 'Open' }).click();
     await expect.poll(async () => (await hostCalls(page)).map(([name]) => name)).toContain('showOpenDialog');
     await expect(page.getByRole('tab', { name: 'Number A' })).toBeVisible();
     await expect(page.getByRole('alert')).toHaveCount(0);
@@ -172,10 +174,10 @@ test.describe('in the native host', () => {
         choices: [OTHER],
       });
       await enter();
-      await page.getByRole('toolbar').getByRole('button', { name: 'Open' }).click();
+      await page.getByRole('toolbar', { name: 'Document' }).getByRole('button', { name: 'Open' }).click();
       await expect(page.getByRole('alert')).toHaveText(message);
       await expect(page.getByRole('tab', { name: 'Mine' })).toBeVisible();
-      await expect(page.getByRole('toolbar')).toContainText('numbers.words.tessary');
+      await expect(page.getByRole('toolbar', { name: 'Document' })).toContainText('numbers.words.tessary');
       await expectAccessible();
     });
   }
@@ -184,9 +186,9 @@ test.describe('in the native host', () => {
     await stubNativeHost(page, { missing: ['readFile', 'writeFile'] });
     await enter();
     await page.keyboard.press('Control+n');
-    await page.getByRole('toolbar').getByRole('button', { name: 'Save', exact: true }).click();
+    await page.getByRole('toolbar', { name: 'Document' }).getByRole('button', { name: 'Save', exact: true }).click();
     await expect(page.getByText('An error occurred while saving the file')).toBeVisible();
-    await page.getByRole('toolbar').getByRole('button', { name: 'Open' }).click();
+    await page.getByRole('toolbar', { name: 'Document' }).getByRole('button', { name: 'Open' }).click();
     await page.getByRole('button', { name: 'Discard' }).click();
     await expect(page.getByText('An error occurred while opening the file')).toBeVisible();
     await expect(page.getByRole('tab', { name: 'Number A' })).toBeVisible();
@@ -210,7 +212,7 @@ test.describe('unsaved changes', () => {
     ['Close', []],
   ] as const) {
     test(`${action} asks first and goes on only after Discard`, async ({ page, expectAccessible }) => {
-      const button = page.getByRole('toolbar').getByRole('button', { name: action });
+      const button = page.getByRole('toolbar', { name: 'Document' }).getByRole('button', { name: action });
       const dialog = page.getByRole('alertdialog', { name: 'Unsaved Changes' });
       const tabs = page.getByRole('tab');
 
@@ -228,17 +230,17 @@ test.describe('unsaved changes', () => {
       await dialog.getByRole('button', { name: 'Discard' }).click();
       await expect(tabs).toHaveText([...outcome]);
       await expect.poll(() => page.evaluate(() => document.activeElement?.tagName)).not.toBe('BODY');
-      await expect(page.getByRole('toolbar')).toHaveCount(action === 'Close' ? 0 : 1);
+      await expect(page.getByRole('toolbar', { name: 'Document' })).toHaveCount(action === 'Close' ? 0 : 1);
     });
   }
 
   test('the keyboard does what the buttons do', async ({ page }) => {
     const dialog = page.getByRole('alertdialog');
     const tooltip = page.getByRole('tooltip');
-    await page.getByRole('toolbar').getByRole('button', { name: 'Save As' }).hover();
+    await page.getByRole('toolbar', { name: 'Document' }).getByRole('button', { name: 'Save As' }).hover();
     await expect(tooltip).toHaveText('Save As (Ctrl+Shift+S)');
     await page.keyboard.press('Control+s');
-    await expect(page.getByRole('toolbar')).toContainText('numbers.words.tessary');
+    await expect(page.getByRole('toolbar', { name: 'Document' })).toContainText('numbers.words.tessary');
     await page.keyboard.press('Control+w');
     await expect(page.getByRole('heading', { name: 'Welcome to Words tool!' })).toBeVisible();
     await page.keyboard.press('Control+n');
@@ -258,7 +260,7 @@ test('in a browser the keys of its own tabs are left to it', async ({ page, ente
   await enter();
   await page.getByRole('link', { name: 'Open Words Tool' }).click();
   await page.getByRole('link', { name: 'Create Document' }).click();
-  const bar = page.getByRole('toolbar');
+  const bar = page.getByRole('toolbar', { name: 'Document' });
   await bar.getByRole('button', { name: 'Open' }).hover();
   await expect(page.getByRole('tooltip')).toHaveText('Open (Ctrl+O)');
   await bar.getByRole('button', { name: 'New' }).hover();

@@ -36,17 +36,23 @@ test.describe('by keyboard alone', () => {
     await expect(tool.color(1).getByRole('textbox', { name: 'Color', exact: true })).toBeFocused();
   });
 
-  test('Tab reaches every control of a word in the order of reading', async ({ page, enter }) => {
+  test('Tab stops at the header, the fields and the bits of a word; arrow keys reach the rest', async ({
+    page,
+    enter,
+  }) => {
     const tool = new WordsTool(page);
     await tool.open(enter, {});
     const { sign, group } = tool.word(8, 8);
+    const pressed = async (key: string, times: number) => {
+      const names: string[] = [];
+      for (let stop = 0; stop < times; stop++) {
+        names.push(await page.evaluate(() => document.activeElement!.getAttribute('aria-label')!));
+        await page.keyboard.press(key);
+      }
+      return names;
+    };
     await sign.focus();
-    const names: string[] = [];
-    for (let stop = 0; stop < 12; stop++) {
-      names.push(await page.evaluate(() => document.activeElement!.getAttribute('aria-label')!));
-      await page.keyboard.press('Tab');
-    }
-    expect(names).toEqual([
+    expect(await pressed('ArrowRight', 7)).toEqual([
       '8U unsigned',
       'All bits to 0',
       'All bits to 1',
@@ -54,14 +60,18 @@ test.describe('by keyboard alone', () => {
       'Invert bits',
       'Shift left',
       'More operations',
-      'Value',
-      'Base 2',
-      'Base 8',
-      'Base 16',
-      'Bit field (8 bits)',
     ]);
+    await page.keyboard.press('Home');
+    expect(await pressed('Tab', 3)).toEqual(['8U unsigned', 'Value', 'Bit field (8 bits)']);
     await expect(group).not.toHaveClass(/focused/);
     await expect(tool.word(8, 7).sign).toBeFocused();
+    await tool.word(8, 8).value.focus();
+    expect(await pressed('ArrowDown', 4)).toEqual(['Value', 'Base 2', 'Base 8', 'Base 16']);
+    await page.keyboard.press('Tab');
+    await page.keyboard.press('Shift+Tab');
+    await expect(tool.word(8, 8).base(16)).toBeFocused();
+    await page.keyboard.press('ArrowUp');
+    await expect(tool.word(8, 8).base(8)).toBeFocused();
   });
 
   test('signs, operations and menus', async ({ page, enter }) => {

@@ -17,7 +17,6 @@ export function App({ children }: { children: ReactNode }) {
       <SnackbarProvider
         ref={notificationPlace}
         dense
-        preventDuplicate
         maxSnack={3}
         autoHideDuration={5000}
         anchorOrigin={{ vertical: 'bottom', horizontal: 'right' }}

@@ -4,9 +4,11 @@ import { BIT_FIELD_COMMANDS } from './bitFieldCommands';
 import { type Command, isOffered, runCommand, shortcutLabel } from './command';
 import { DOCUMENT_COMMANDS, PAGE_COMMANDS } from './documentCommands';
 import { FIELD_COMMANDS } from './fieldCommands';
+import { FRAME_COMMANDS } from './frameCommands';
 import { HISTORY_COMMANDS } from './historyCommands';
 import { KEY_GROUPS } from './keyList';
 import { TAB_COMMANDS } from './tabCommands';
+import { TOOLBAR_COMMANDS } from './toolbarCommands';
 import { WORD_ACTIONS } from './wordActions';
 import { WORD_COMMANDS } from './wordCommands';
 
@@ -82,6 +84,8 @@ describe('the list of keys', () => {
     DOCUMENT_COMMANDS,
     HISTORY_COMMANDS,
     PAGE_COMMANDS,
+    FRAME_COMMANDS,
+    TOOLBAR_COMMANDS,
     TAB_COMMANDS,
     WORD_COMMANDS,
     WORD_ACTIONS,
@@ -95,9 +99,12 @@ describe('the list of keys', () => {
   });
 
   test('has no key twice among commands that can act at the same place', () => {
-    const everywhere = [...DOCUMENT_COMMANDS, ...HISTORY_COMMANDS, ...PAGE_COMMANDS, ...WORD_ACTIONS];
+    // What passes its key on acts beside the others, not in their place.
+    const exclusive = FRAME_COMMANDS.filter(({ passesOn }) => !passesOn);
+    const everywhere = [...DOCUMENT_COMMANDS, ...HISTORY_COMMANDS, ...PAGE_COMMANDS, ...exclusive, ...WORD_ACTIONS];
     for (const local of [
       TAB_COMMANDS,
+      [...WORD_COMMANDS, ...TOOLBAR_COMMANDS],
       [...WORD_COMMANDS, ...FIELD_COMMANDS],
       [...WORD_COMMANDS, ...BIT_FIELD_COMMANDS],
     ]) {

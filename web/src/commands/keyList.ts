@@ -3,9 +3,11 @@ import { BIT_FIELD_COMMANDS } from './bitFieldCommands';
 import { type Command, isOffered } from './command';
 import { DOCUMENT_COMMANDS, PAGE_COMMANDS } from './documentCommands';
 import { FIELD_COMMANDS } from './fieldCommands';
+import { FRAME_COMMANDS } from './frameCommands';
 import { HISTORY_COMMANDS } from './historyCommands';
 import { chordLabels } from './keyChord';
 import { TAB_COMMANDS } from './tabCommands';
+import { TOOLBAR_COMMANDS } from './toolbarCommands';
 import { WORD_ACTIONS } from './wordActions';
 import { WORD_COMMANDS } from './wordCommands';
 
@@ -18,6 +20,7 @@ export interface KeyGroup {
 /** Every key there is in this host, for a user to read. */
 export const KEY_GROUPS: readonly KeyGroup[] = [
   group('commands.groups.document', [...DOCUMENT_COMMANDS, ...HISTORY_COMMANDS, ...PAGE_COMMANDS]),
+  group('commands.groups.frame', [...FRAME_COMMANDS, ...TOOLBAR_COMMANDS]),
   group('commands.groups.tabs', TAB_COMMANDS),
   group('commands.groups.words', [...WORD_COMMANDS, ...WORD_ACTIONS]),
   group('commands.groups.fields', FIELD_COMMANDS),

@@ -2,9 +2,10 @@ import { useEffect, useMemo, useRef } from 'react';
 import { useNavigate } from 'react-router';
 import { runCommand } from './command';
 import { DOCUMENT_COMMANDS, type DocumentTarget, PAGE_COMMANDS } from './documentCommands';
+import { FRAME_COMMANDS } from './frameCommands';
 import { HISTORY_COMMANDS } from './historyCommands';
 
-const EVERYWHERE = [...DOCUMENT_COMMANDS, ...HISTORY_COMMANDS, ...PAGE_COMMANDS];
+const EVERYWHERE = [...DOCUMENT_COMMANDS, ...HISTORY_COMMANDS, ...PAGE_COMMANDS, ...FRAME_COMMANDS];
 
 /**
  * What the document's commands act on. The same object for as long as the component lives. A route that is shown already

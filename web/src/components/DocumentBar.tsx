@@ -1,6 +1,7 @@
 import Button from '@mui/joy/Button';
 import Tooltip from '@mui/joy/Tooltip';
 import Typography from '@mui/joy/Typography';
+import { useRef } from 'react';
 import { useTranslation } from 'react-i18next';
 import { type Command, shortcutLabel } from '../commands/command';
 import { DOCUMENT_COMMANDS, type DocumentTarget } from '../commands/documentCommands';
@@ -8,6 +9,7 @@ import { useDocumentTarget } from '../commands/useDocumentCommands';
 import { isVsCode } from '../host/hostFlags';
 import { useSheetsStore } from '../stores/sheetsStore';
 import styles from './DocumentBar.module.css';
+import { toolbarHandlers, useTabStop } from './useToolbar';
 
 /** What can be done with the open document, and its file's name. An editor has its own commands for that. */
 export function DocumentBar() {
@@ -15,9 +17,18 @@ export function DocumentBar() {
   const target = useDocumentTarget();
   const hasDocument = useSheetsStore((store) => store.documentFile !== null);
   const isUnsaved = useSheetsStore((store) => store.isUnsaved);
+  const bar = useRef<HTMLDivElement>(null);
+  useTabStop(bar);
   if (!hasDocument || isVsCode) return null;
   return (
-    <div role="toolbar" aria-label={t('frame.documentBar')} className={styles.bar}>
+    <div
+      ref={bar}
+      role="toolbar"
+      aria-label={t('frame.documentBar')}
+      data-region
+      {...toolbarHandlers}
+      className={styles.bar}
+    >
       {DOCUMENT_COMMANDS.map((command) => (
         <CommandButton
           key={command.id}

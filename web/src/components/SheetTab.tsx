@@ -55,6 +55,7 @@ export const SheetTab = memo(function SheetTab(props: SheetTabProps) {
         aria-controls={isActive ? SHEET_PANEL_ID : undefined}
         aria-posinset={position}
         aria-setsize={count}
+        aria-keyshortcuts={isClosable ? 'Delete F2' : 'F2'}
         tabIndex={isActive ? 0 : -1}
         title={shownName}
         onClick={() => setActiveSheet(sheetId)}
@@ -68,7 +69,7 @@ export const SheetTab = memo(function SheetTab(props: SheetTabProps) {
         <button
           type="button"
           aria-label={t('sheets.close', { name: shownName })}
-          tabIndex={isActive ? 0 : -1}
+          tabIndex={-1}
           // The second click of a double click finds the next sheet's button in the same place.
           onClick={({ detail }) => detail < 2 && onClose(sheetId)}
           className={styles.close}

@@ -1,6 +1,18 @@
-import { useCallback, useEffect, useId, useLayoutEffect, useMemo, useRef, useState, type WheelEvent } from 'react';
+import {
+  type KeyboardEvent,
+  useCallback,
+  useEffect,
+  useId,
+  useLayoutEffect,
+  useMemo,
+  useRef,
+  useState,
+  type WheelEvent,
+} from 'react';
 import { useTranslation } from 'react-i18next';
 import { requestFirstWordFocus } from '../actions/firstWordFocus';
+import { runCommand } from '../commands/command';
+import { TOOLBAR_COMMANDS } from '../commands/toolbarCommands';
 import { isVsCode } from '../host/hostFlags';
 import { useSheetsStore } from '../stores/sheetsStore';
 import { SheetTab } from './SheetTab';
@@ -14,6 +26,7 @@ export function SheetTabs() {
   const titles = useSheetsStore(useMemo(createTitleSelector, []));
   const activeKey = useSheetsStore((store) => store.activeSheetKey);
   const strip = useRef<HTMLDivElement>(null);
+  const addButton = useRef<HTMLButtonElement>(null);
   const [view, setView] = useState({ scrollLeft: 0, width: 0 });
   const idBase = useId();
   const activeIndex = titles.findIndex(({ id }) => id === activeKey);
@@ -53,6 +66,7 @@ export function SheetTabs() {
   const show = (place: 'previous' | 'next' | 'first' | 'last') => {
     const index = { previous: activeIndex - 1, next: activeIndex + 1, first: 0, last: titles.length - 1 }[place];
     const title = titles[index];
+    if (place === 'next' && !title) return addButton.current!.focus();
     if (!title || index === activeIndex) return;
     takesFocus.current = true;
     useSheetsStore.getState().setActiveSheet(title.id);
@@ -60,6 +74,12 @@ export function SheetTabs() {
   const scrollSideways = (event: WheelEvent) => {
     if (event.deltaX === 0) strip.current!.scrollLeft += event.deltaY;
   };
+  // The arrow keys go on from the last tab to the button that adds one.
+  const onAddKey = (event: KeyboardEvent) =>
+    void runCommand(TOOLBAR_COMMANDS, event, {
+      move: (place) =>
+        (place === 'previous' || place === 'first') && document.getElementById(tabId(activeIndex))?.focus(),
+    });
   const add = () => {
     useSheetsStore.getState().addSheet();
     requestFirstWordFocus();
@@ -67,7 +87,7 @@ export function SheetTabs() {
   const owned = Array.from({ length: end - first }, (_, offset) => tabId(first + offset)).join(' ');
 
   return (
-    <div className={styles.tabs}>
+    <div data-region className={styles.tabs}>
       {/* Close buttons stand beside their tabs, and a list of tabs may hold nothing but tabs: it owns them by name. */}
       <div role="tablist" aria-label={t('sheets.tabs')} aria-owns={owned || undefined} />
       <div ref={strip} onScroll={measure} onWheel={scrollSideways} className={styles.strip}>
@@ -90,7 +110,16 @@ export function SheetTabs() {
           </div>
         </div>
       </div>
-      <button type="button" aria-label={t('sheets.add')} title={t('sheets.add')} onClick={add} className={styles.add}>
+      <button
+        ref={addButton}
+        type="button"
+        tabIndex={-1}
+        aria-label={t('sheets.add')}
+        title={t('sheets.add')}
+        onClick={add}
+        onKeyDown={onAddKey}
+        className={styles.add}
+      >
         +
       </button>
     </div>

@@ -2,6 +2,7 @@
 export const commandTexts = {
   groups: {
     document: 'Document',
+    frame: 'Everywhere',
     tabs: 'Sheet tabs',
     words: 'Words',
     fields: 'Text fields',
@@ -9,6 +10,10 @@ export const commandTexts = {
   },
   history: { undo: 'Undo', redo: 'Redo' },
   page: { reload: 'Reload' },
+  region: { next: 'Go to the next bar, or to the sheet', previous: 'Go to the bar or sheet before' },
+  sheet: { next: 'Show the next sheet', previous: 'Show the sheet before' },
+  notice: { close: 'Close notifications' },
+  toolbar: { move: 'Choose a button, in a bar or a word’s header' },
   tab: { show: 'Show another sheet', rename: 'Rename the sheet', close: 'Close the sheet' },
   word: {
     move: 'Go to the word beside, above or below',
@@ -34,6 +39,9 @@ export const commandTexts = {
     cut: 'Cut text',
     copy: 'Copy text',
     paste: 'Paste text',
+    takeOffer: 'Take what a refusal offers first',
+    above: 'Go to the field above',
+    below: 'Go to the field below',
   },
   bits: {
     move: 'Choose a bit',

@@ -69,6 +69,7 @@ export const en = {
     about: 'About the app',
     documentBar: 'Document',
     shortcut: '{{action}} ({{keys}})',
+    closeNotice: 'Close the notification',
   },
   welcome: {
     words: {

@@ -26,6 +26,13 @@ export const wordsTexts = {
   minimap: 'Rows',
   goToRow: '{{shortLabel}}, go to {{label}}',
   keys: 'Keys',
+  altered: 'Enter applies, Esc restores',
+  offers: {
+    read: 'Read as base {{base}}',
+    widen: 'Widen to {{bits}}',
+    readWider: 'Read as base {{base}}, widen to {{bits}}',
+  },
+  header: 'Header',
   weight: 'weight {{weight}}',
   operations: {
     group: 'Operations',

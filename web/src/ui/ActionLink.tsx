@@ -10,7 +10,9 @@ interface ActionLinkProps {
 export function ActionLink({ onActivate, children }: ActionLinkProps) {
   // Without an address the element is no link to the browser, so its role and keys are given by hand.
   const activateOnEnter = (event: KeyboardEvent) => {
-    if (event.key === 'Enter') onActivate();
+    if (event.key !== 'Enter') return;
+    event.preventDefault(); // a dialog that opens now would take the rest of the press for its own
+    onActivate();
   };
   return (
     <JoyLink component="a" role="link" tabIndex={0} onClick={onActivate} onKeyDown={activateOnEnter}>

@@ -14,7 +14,7 @@ export class WordsTool {
   readonly warning: Locator;
 
   constructor(readonly page: Page) {
-    const toolbar = page.getByRole('group', { name: 'Sheet', exact: true });
+    const toolbar = page.getByRole('toolbar', { name: 'Sheet', exact: true });
     this.resolution = toolbar.getByRole('button', { name: 'Resolution' });
     this.converters = toolbar.getByRole('button', { name: 'Converters' });
     this.formats = toolbar.getByRole('button', { name: 'Formats' });

@@ -1,6 +1,8 @@
 import { type MouseEvent, type PointerEvent, type RefObject, useLayoutEffect, useRef } from 'react';
 import { i18next } from '../../i18n';
 import { useSheetStore } from '../../stores/sheetStore';
+import { moveRovingFocus } from '../../ui/rovingFocus';
+import { makeTabStop } from '../../ui/tabStop';
 import type { SheetGeometry } from './layout/sheetGeometry';
 import styles from './Minimap.module.css';
 
@@ -59,11 +61,14 @@ export function Minimap({ geometry, view, viewHeight }: MinimapProps) {
       onPointerMove={onPointerMove}
       onPointerUp={onPointerUp}
       onPointerCancel={onPointerUp}
+      onFocus={({ currentTarget, target }) => makeTabStop(target, buttonsOf(currentTarget))}
+      onKeyDown={(event) => moveRovingFocus(event, buttonsOf(event.currentTarget))}
     >
-      {rows.map((row) => (
+      {rows.map((row, index) => (
         <button
           key={row.key}
           type="button"
+          tabIndex={index === 0 ? 0 : -1}
           className={row.key === focusedRow ? styles.focused : undefined}
           style={{ flexGrow: row.height }}
           aria-label={i18next.t('words.goToRow', { shortLabel: row.shortLabel, label: row.label })}
@@ -75,4 +80,8 @@ export function Minimap({ geometry, view, viewHeight }: MinimapProps) {
       <div ref={frame} className={styles.frame} style={{ height: `${(100 * viewHeight) / height}%` }} />
     </div>
   );
+}
+
+function buttonsOf(map: HTMLElement): HTMLElement[] {
+  return [...map.querySelectorAll('button')];
 }

@@ -97,7 +97,7 @@ export function SheetView({ onOverflow }: SheetViewProps) {
 
   const top = Math.min(scrolled, Math.max(0, geometry.height - viewHeight));
   return (
-    <div className={styles.body}>
+    <div data-region className={styles.body}>
       <div ref={view} className={styles.view} data-scroller="sheet" onScroll={onScroll} onPointerDown={unfocusOutside}>
         <SheetScroller value={view}>
           {size &&

@@ -1,5 +1,6 @@
 import { useTranslation } from 'react-i18next';
 import { useSnapshot } from 'valtio';
+import { typing } from '../../../ui/alteredText';
 import { statusMessage } from '../../../ui/statusMessage';
 import { activeBitState, bitWeight } from './activeBit';
 import { READOUT_ID } from './BitField';
@@ -9,11 +10,12 @@ import styles from './BitStatus.module.css';
 export function BitStatus() {
   const { t } = useTranslation();
   const { bit } = useSnapshot(activeBitState);
+  const { isPending } = useSnapshot(typing);
   const { text } = useSnapshot(statusMessage);
   return (
     <div id={READOUT_ID} className={styles.status} role="status">
-      {text}
-      {!text && bit && (
+      {text || (isPending && t('words.altered'))}
+      {!text && !isPending && bit && (
         <>
           <span>{t('words.bit', { bit: bit.bit, number: bit.index + 1, value: bit.isSet ? '1' : '0' })}</span>{' '}
           <span className={styles.weight}>{t('words.weight', { weight: bitWeight(bit) })}</span>

@@ -1,6 +1,8 @@
+import { useRef } from 'react';
 import { useTranslation } from 'react-i18next';
 import { hasFlagOption, SCROLL_LOCK_HORIZONTAL } from '../../../model/sheet/flagOptions';
 import { useSheetStore } from '../../../stores/sheetStore';
+import { toolbarHandlers, useTabStop } from '../../useToolbar';
 import { ConvertersPicker } from './ConvertersPicker';
 import { FormatsPicker } from './FormatsPicker';
 import { KeysHelp } from './KeysHelp';
@@ -10,8 +12,17 @@ import styles from './SheetToolbar.module.css';
 /** What can be chosen for the whole sheet. */
 export function SheetToolbar({ hasOverflow }: { hasOverflow: boolean }) {
   const { t } = useTranslation();
+  const bar = useRef<HTMLDivElement>(null);
+  useTabStop(bar);
   return (
-    <div className={styles.toolbar} role="group" aria-label={t('words.toolbar')}>
+    <div
+      ref={bar}
+      role="toolbar"
+      aria-label={t('words.toolbar')}
+      data-region
+      {...toolbarHandlers}
+      className={styles.toolbar}
+    >
       <ResolutionPicker />
       {hasOverflow && <ScrollLock />}
       <ConvertersPicker />

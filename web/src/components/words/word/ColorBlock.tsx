@@ -7,11 +7,10 @@ import { parseInteger } from '../../../model/integer/parseInteger';
 import { readWord } from '../../../model/integer/wordLayout';
 import { wordNumber } from '../../../model/sheet/wordLabels';
 import { useSheetStore } from '../../../stores/sheetStore';
-import { showWarning } from '../../../ui/notifications';
 import { Picker } from '../../../ui/Picker';
 import { BlockFrame, type BlockProps } from './BlockFrame';
 import styles from './ColorBlock.module.css';
-import { DigitsField } from './DigitsField';
+import { DigitsField, type Refusal } from './DigitsField';
 import headerStyles from './WordHeader.module.css';
 
 interface ColorBlockProps extends BlockProps {
@@ -31,17 +30,17 @@ export const ColorBlock = memo(function ColorBlock({ row, index, onMove, notatio
   const color = colorOfBlock(word);
   const written = formatColor(color, notation);
 
-  const commitChannel = (channel: number, text: string): boolean => {
+  const commitChannel = (channel: number, text: string): Refusal | undefined => {
     const read = parseInteger(text, 10, CHANNEL_BITS);
-    if (read.ok) useSheetStore.getState().updateColor32Part(index, channel, Number(read.value));
-    else showWarning(read.reason);
-    return read.ok;
+    if (!read.ok) return { reason: read.reason };
+    useSheetStore.getState().updateColor32Part(index, channel, Number(read.value));
+    return undefined;
   };
-  const commitColor = (text: string): boolean => {
+  const commitColor = (text: string): Refusal | undefined => {
     const read = parseColor(text);
-    if (read.ok) useSheetStore.getState().updateColor32(index, read.value.color, read.value.hasAlpha);
-    else showWarning(read.reason);
-    return read.ok;
+    if (!read.ok) return { reason: read.reason };
+    useSheetStore.getState().updateColor32(index, read.value.color, read.value.hasAlpha);
+    return undefined;
   };
 
   return (
@@ -55,7 +54,7 @@ export const ColorBlock = memo(function ColorBlock({ row, index, onMove, notatio
             <span className={headerStyles.number}>{wordNumber(index)}</span>
             <span>{row.shortLabel}</span>
           </div>
-          <div className={styles.color}>
+          <div data-fields className={styles.color}>
             <div className={styles.swatch}>
               <div style={{ backgroundColor: formatColor(color, 'RGBA') }} />
             </div>
@@ -71,6 +70,7 @@ export const ColorBlock = memo(function ColorBlock({ row, index, onMove, notatio
                   restored={`${color[name]}`}
                   content={color[name]}
                   source={sheetId}
+                  isStop={channel === 0}
                   onCommit={(text) => commitChannel(channel, text)}
                 />
               ))}
@@ -93,6 +93,7 @@ export const ColorBlock = memo(function ColorBlock({ row, index, onMove, notatio
                 restored={written}
                 content={word}
                 source={sheetId}
+                isStop={false}
                 onCommit={commitColor}
               />
             </div>

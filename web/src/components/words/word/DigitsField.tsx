@@ -1,11 +1,20 @@
 import cc from 'classcat';
-import { type FocusEvent, type KeyboardEvent, useLayoutEffect, useRef, useState } from 'react';
+import { type FocusEvent, type KeyboardEvent, useId, useLayoutEffect, useRef, useState } from 'react';
 import { runCommand } from '../../../commands/command';
 import { FIELD_COMMANDS } from '../../../commands/fieldCommands';
-import { isAltered, showText } from '../../../ui/alteredText';
+import { isAltered, noteTyping, showText } from '../../../ui/alteredText';
+import type { Offer } from '../../../ui/NoticeActions';
+import { showWarning } from '../../../ui/notifications';
+import { makeTabStop } from '../../../ui/tabStop';
 import { noteTypedField } from '../lastTypedField';
 import type { FieldPlace } from '../layout/fieldLayout';
 import styles from './DigitsField.module.css';
+
+/** Why a text was not taken over, and what could be done with it instead. */
+export interface Refusal {
+  readonly reason: string;
+  readonly offers?: readonly Offer[];
+}
 
 interface DigitsFieldProps {
   name: string;
@@ -23,8 +32,10 @@ interface DigitsFieldProps {
   /** A second mark of the content. */
   source: unknown;
   readOnly?: boolean;
-  /** Takes over the text. @returns whether it was accepted */
-  onCommit: (text: string) => boolean;
+  /** Whether the Tab key stops here at first, among the fields of a word. */
+  isStop: boolean;
+  /** Takes over the text, or says why not. */
+  onCommit: (text: string) => Refusal | undefined;
 }
 
 type TextElement = HTMLInputElement | HTMLTextAreaElement;
@@ -34,11 +45,15 @@ const ALWAYS_ACTING = new Set(['ArrowLeft', 'ArrowRight', 'Tab', 'Home', 'End'])
 
 /** A text that takes effect with Enter and goes back with Escape or when it is left. */
 export function DigitsField(props: DigitsFieldProps) {
-  const { name, label, focusKey, place, shown, restored, content, source, readOnly, onCommit } = props;
+  const { name, label, focusKey, place, shown, restored, content, source, readOnly, isStop, onCommit } = props;
   const element = useRef<TextElement>(null);
   const isMultiline = place.lines > 1;
   // After Enter a new element takes over, so that the browser's undo brings nothing back that was typed before.
   const [commits, setCommits] = useState(0);
+  const [refused, setRefused] = useState<Refusal & { of: unknown }>();
+  // What was refused once is over when the word changes.
+  const refusal = refused?.of === content ? refused : undefined;
+  const reasonId = useId();
   const selection = useRef<readonly [start: number | null, end: number | null]>(undefined);
 
   // Another element takes over, too, when the text no longer fits one line, and back.
@@ -58,27 +73,59 @@ export function DigitsField(props: DigitsFieldProps) {
     const isTaken = runCommand(FIELD_COMMANDS, event, {
       isAltered: () => isAltered(field),
       commit: () => {
-        const { selectionStart, selectionEnd } = field;
-        if (!onCommit(field.value)) return;
-        selection.current = [selectionStart, selectionEnd];
-        setCommits(commits + 1);
+        const refusal = onCommit(field.value);
+        if (refusal) return refuse(refusal, field);
+        selection.current = [field.selectionStart, field.selectionEnd];
+        renew(field);
       },
-      restore: () => showText(field, restored),
+      restore: () => show(field),
+      takeOffer: refusal?.offers?.[0]?.run,
+      beside: (step) => fieldBeside(field, step),
     });
     if (isTaken) event.stopPropagation();
   };
 
+  const renew = (field: TextElement) => {
+    showText(field, field.value);
+    setRefused(undefined);
+    setCommits(commits + 1);
+  };
+  const show = (field: TextElement) => {
+    showText(field, restored);
+    setRefused(undefined);
+  };
+  const refuse = ({ reason, offers = [] }: Refusal, field: TextElement) => {
+    const taken = offers.map(({ label, run }) => ({
+      label,
+      run() {
+        run();
+        selection.current = [null, null];
+        renew(field);
+      },
+    }));
+    setRefused({ reason, offers: taken, of: content });
+    showWarning(reason, { about: field, offers: taken });
+  };
+
   const shared = {
     'aria-label': name,
+    'aria-invalid': refusal && true,
+    'aria-describedby': refusal && reasonId,
+    tabIndex: isStop ? 0 : -1,
     'data-focus-key': focusKey,
     autoComplete: 'off',
     readOnly,
     onKeyDown,
     onInput({ currentTarget }: React.InputEvent<TextElement>) {
       noteTypedField(focusKey);
+      setRefused(undefined);
       if (isMultiline) joinLines(currentTarget);
+      noteTyping(currentTarget);
     },
-    onBlur: ({ currentTarget }: FocusEvent<TextElement>) => showText(currentTarget, restored),
+    onFocus({ currentTarget }: FocusEvent<TextElement>) {
+      if (!readOnly) makeTabStop(currentTarget, fieldsBeside(currentTarget));
+    },
+    onBlur: ({ currentTarget }: FocusEvent<TextElement>) => show(currentTarget),
   };
   return (
     <label className={cc([styles.field, place.fullWidth && styles.fullWidth])}>
@@ -88,8 +135,26 @@ export function DigitsField(props: DigitsFieldProps) {
       ) : (
         <input {...shared} key={commits} ref={element as React.RefObject<HTMLInputElement>} />
       )}
+      {refusal && (
+        <span id={reasonId} hidden>
+          {refusal.reason}
+        </span>
+      )}
     </label>
   );
+}
+
+/** All fields of the word that a field belongs to, from top to bottom. */
+function fieldsBeside(field: TextElement): TextElement[] {
+  return [...(field.closest('[data-fields]')?.querySelectorAll<TextElement>('input, textarea') ?? [])];
+}
+
+function fieldBeside(field: TextElement, step: 1 | -1): TextElement | undefined {
+  const { selectionStart, selectionEnd, value } = field;
+  const isAtEdge = step < 0 ? selectionStart === 0 : selectionEnd === value.length;
+  if (field instanceof HTMLTextAreaElement && !isAtEdge) return undefined;
+  const fields = fieldsBeside(field);
+  return fields[fields.indexOf(field) + step];
 }
 
 function swallow(event: KeyboardEvent): void {

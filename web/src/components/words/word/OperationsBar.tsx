@@ -19,6 +19,7 @@ export const OperationsBar = memo(function OperationsBar({ width, index }: Opera
         <button
           key={operation.id}
           type="button"
+          tabIndex={-1}
           data-operation={operation.id}
           data-focus-key={operation.id}
           aria-label={operationName(operation)}
@@ -43,6 +44,7 @@ function MoreOperations({ width, index, operations }: OperationsBarProps & { ope
       <button
         ref={button}
         type="button"
+        tabIndex={-1}
         data-focus-key="more"
         aria-haspopup="menu"
         aria-expanded={isOpen}

@@ -1,14 +1,20 @@
+import { useLayoutEffect, useRef } from 'react';
+import { i18next } from '../../../i18n';
 import { displayFloat } from '../../../model/float/displayFloat';
 import { floatFormatFor, WIDEST_EDITABLE_FLOAT } from '../../../model/float/floatFormats';
 import { parseFloatInput } from '../../../model/float/parseFloatInput';
 import { formatInteger } from '../../../model/integer/formatInteger';
+import { otherReadings, type Reading } from '../../../model/integer/otherReadings';
 import { parseInteger } from '../../../model/integer/parseInteger';
 import type { Result } from '../../../model/result';
 import type { Converter } from '../../../model/sheet/converters';
+import { PICKER_RESOLUTIONS } from '../../../model/sheet/resolutions';
+import { inOneStep } from '../../../stores/history';
 import { useSheetStore } from '../../../stores/sheetStore';
-import { showWarning } from '../../../ui/notifications';
+import type { Offer } from '../../../ui/NoticeActions';
+import { keepTabStop } from '../../../ui/tabStop';
 import type { RowGeometry } from '../layout/sheetGeometry';
-import { DigitsField } from './DigitsField';
+import { DigitsField, type Refusal } from './DigitsField';
 import type { RowTexts } from './rowTexts';
 import styles from './WordFields.module.css';
 
@@ -27,10 +33,21 @@ const MAIN: Converter = { kind: 'integer', base: 10 };
 export function WordFields({ row, texts, index, word, signed, sheetId }: WordFieldsProps) {
   const { bits } = row;
 
-  const commit = (read: Result<bigint>): boolean => {
-    if (read.ok) useSheetStore.getState().updateWord(index, bits, read.value);
-    else showWarning(read.reason);
-    return read.ok;
+  const group = useRef<HTMLDivElement>(null);
+  // The field where the Tab key stops may be one that is gone.
+  useLayoutEffect(() => keepTabStop([...group.current!.querySelectorAll<HTMLElement>('input, textarea')]), [row]);
+
+  const commit = (read: Result<bigint>): Refusal | undefined => {
+    if (!read.ok) return { reason: read.reason };
+    useSheetStore.getState().updateWord(index, bits, read.value);
+    return undefined;
+  };
+  const commitDigits = (text: string, base: number): Refusal | undefined => {
+    const refusal = commit(parseInteger(text, base, bits, signed));
+    if (!refusal) return undefined;
+    const wider = row.count === 1 ? PICKER_RESOLUTIONS.filter((each) => each > bits) : [];
+    const readings = otherReadings(text, base, bits, signed, wider);
+    return { ...refusal, offers: readings.map((reading) => offerOf(reading, base, bits, index, sheetId)) };
   };
 
   const field = (converter: Converter, position: number) => {
@@ -43,6 +60,7 @@ export function WordFields({ row, texts, index, word, signed, sheetId }: WordFie
       place: row.fields.places[position]!,
       content: word,
       source: sheetId,
+      isStop: isMain,
     };
     switch (converter.kind) {
       case 'integer': {
@@ -53,7 +71,7 @@ export function WordFields({ row, texts, index, word, signed, sheetId }: WordFie
             key={position}
             shown={shown}
             restored={shown}
-            onCommit={(input) => commit(parseInteger(input, converter.base, bits, signed))}
+            onCommit={(input) => commitDigits(input, converter.base)}
           />
         );
       }
@@ -72,8 +90,26 @@ export function WordFields({ row, texts, index, word, signed, sheetId }: WordFie
   };
 
   return (
-    <div className={styles.fields} style={{ height: row.fields.height }}>
+    <div ref={group} data-fields className={styles.fields} style={{ height: row.fields.height }}>
       {[MAIN, ...row.converters].map(field)}
     </div>
   );
+}
+
+/** What a refused text could be instead, as a button. */
+function offerOf(reading: Reading, base: number, bits: number, index: number, sheetId: string | null): Offer {
+  const { value, width } = reading;
+  const isOtherBase = reading.base !== base;
+  const key = width === bits ? 'read' : isOtherBase ? 'readWider' : 'widen';
+  return {
+    label: i18next.t(`words.offers.${key}`, { base: reading.base, bits: width }),
+    run() {
+      const { id, setIntResolution, updateWord } = useSheetStore.getState();
+      if (id !== sheetId) return; // it is offered until the notification goes
+      inOneStep(() => {
+        if (width !== bits) setIntResolution(width);
+        updateWord(index, width, value);
+      });
+    },
+  };
 }

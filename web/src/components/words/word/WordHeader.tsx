@@ -3,6 +3,7 @@ import { type MouseEvent, useRef } from 'react';
 import { i18next } from '../../../i18n';
 import { wordHalfLabel, wordNumber, wordSignLabel } from '../../../model/sheet/wordLabels';
 import { useSheetStore } from '../../../stores/sheetStore';
+import { toolbarHandlers } from '../../useToolbar';
 import { hasTallHeader } from '../layout/sheetGeometry';
 import { OperationsBar } from './OperationsBar';
 import styles from './WordHeader.module.css';
@@ -17,7 +18,13 @@ interface WordHeaderProps {
 /** The line above a word's fields: its number, its sign, its half, and what can be done to it. */
 export function WordHeader({ width, index, signed, focused }: WordHeaderProps) {
   return (
-    <div data-header className={cc([styles.header, hasTallHeader(width) && styles.tall])}>
+    <div
+      data-header
+      role="toolbar"
+      aria-label={i18next.t('words.header')}
+      {...toolbarHandlers}
+      className={cc([styles.header, hasTallHeader(width) && styles.tall])}
+    >
       <span className={styles.number}>{wordNumber(index)}</span>
       <SignButton width={width} index={index} signed={signed} focused={focused} />
       <span>{wordHalfLabel(width, index)}</span>
