@@ -171,3 +171,28 @@ test.describe('looks that the system asks for', () => {
     expect(one).not.toBe(zero);
   });
 });
+
+test('Tab and Shift+Tab reach every word, also those out of view', async ({ page, enter }) => {
+  await page.setViewportSize({ width: 900, height: 600 });
+  const tool = new WordsTool(page);
+  await tool.open(enter, { int: 0, intResolution: 128 });
+  await tool.setConverters();
+  const every = [128, 64, 32, 16, 8]
+    .flatMap((bits) => Array.from({ length: 128 / bits }, (_, index) => `Int ${bits} word ${128 / bits - index}`))
+    .concat(Array.from({ length: 4 }, (_, index) => `Color 32 word ${4 - index}`));
+  const focusedWord = () =>
+    page.evaluate(() => document.activeElement?.closest('[data-word]')?.getAttribute('aria-label') ?? '');
+  for (const [key, words] of [
+    ['Tab', every],
+    ['Shift+Tab', [...every].reverse()],
+  ] as const) {
+    const reached = new Set<string>();
+    if (key === 'Tab') await tool.word(128, 1).sign.focus();
+    else await page.keyboard.press(key);
+    for (let word = await focusedWord(); word !== ''; word = await focusedWord()) {
+      reached.add(word);
+      await page.keyboard.press(key);
+    }
+    expect([...reached]).toEqual(words);
+  }
+});

@@ -187,6 +187,48 @@ test.describe('the scroll lock', () => {
     await expectAccessible();
   });
 
+  test('takes rows along that are out of view, also of another sheet', async ({ page, enter }) => {
+    const tool = new WordsTool(page);
+    const wide = { int: 0, intResolution: 256 };
+    await tool.open(enter, { id: 'a', displayName: 'First', ...wide }, { id: 'b', displayName: 'Second', ...wide });
+    const labels = ['Int 256', 'Int 128', 'Int 64', 'Int 32', 'Int 16', 'Int 8', 'Color 32'];
+    const expectAllAt = async (expected: number) => {
+      for (const label of labels) {
+        await tool.row(label).scrollIntoViewIfNeeded();
+        await expect.poll(() => position(tool, label)).toBe(expected);
+      }
+      await tool.row('Int 256').scrollIntoViewIfNeeded();
+    };
+    await tool.scrollLock.click();
+    await scrollRow(tool, 'Int 128', 300);
+    await expectAllAt(300);
+    await page.getByRole('tab', { name: 'Second' }).click();
+    await tool.scrollLock.click();
+    await scrollRow(tool, 'Int 256', 500);
+    await expectAllAt(500);
+    await page.getByRole('tab', { name: 'First' }).click();
+    await expectAllAt(300);
+    await scrollRow(tool, 'Int 256', 400);
+    await expectAllAt(400);
+    await page.getByRole('tab', { name: 'Second' }).click();
+    await expectAllAt(500);
+  });
+
+  test('positions outlast a window that is wide enough for the whole rows', async ({ page, enter }) => {
+    const tool = new WordsTool(page);
+    await tool.open(enter, { intResolution: 128 });
+    await scrollRow(tool, 'Int 64', 700);
+    await expect.poll(() => position(tool, 'Int 64')).toBe(700);
+    const end = await position(tool, 'Int 128');
+    for (const width of [1800, 2560]) {
+      await page.setViewportSize({ width, height: 800 });
+      await expect.poll(() => position(tool, 'Int 64')).toBeLessThan(700);
+      await page.setViewportSize({ width: 1280, height: 800 });
+      await expect.poll(() => position(tool, 'Int 64')).toBe(700);
+      expect(await position(tool, 'Int 128')).toBe(end);
+    }
+  });
+
   test('positions come back with their sheet, and after a reload', async ({ page, enter }) => {
     await enter();
     await page.getByRole('link', { name: 'Open Words Tool' }).click();

@@ -10,10 +10,14 @@ import { ColorBlock } from './word/ColorBlock';
 import { rowTexts } from './word/rowTexts';
 import { WordBlock } from './word/WordBlock';
 
+/** A word at an end of a row, which is there though it may be out of view. */
+export type RowEntry = 'leftmost' | 'rightmost';
+
 interface RowViewProps {
   row: RowGeometry;
   /** In or near the view; a row far away is an empty group of the same height. */
   isNear: boolean;
+  entry: RowEntry | undefined;
   viewWidth: number;
   pixelRatio: number;
   scrollSync: ScrollSync;
@@ -42,7 +46,8 @@ interface RowBlocksProps extends RowViewProps {
   onNotation: (notation: ColorNotation) => void;
 }
 
-function RowBlocks({ row, viewWidth, pixelRatio, scrollSync, onMove, notation, onNotation }: RowBlocksProps) {
+function RowBlocks(props: RowBlocksProps) {
+  const { row, entry, viewWidth, pixelRatio, scrollSync, onMove, notation, onNotation } = props;
   const { key, type, bits, count, blockWidth } = row;
   const texts = useMemo(() => rowTexts(row), [row]);
   const scroller = useRef<HTMLDivElement>(null);
@@ -68,7 +73,7 @@ function RowBlocks({ row, viewWidth, pixelRatio, scrollSync, onMove, notation, o
     <div ref={scroller} className={styles.scroller} data-scroller="row" onScroll={onScroll}>
       <div className={styles.content} style={{ width: count * blockWidth }}>
         <RowScroller value={scroller}>
-          {indicesToMount(count, first, last, focusedIndex).map((index) =>
+          {indicesToMount(count, first, last, focusedIndex, entry).map((index) =>
             type === 'color32' ? (
               <ColorBlock
                 key={index}
@@ -92,11 +97,15 @@ function isEqual(a: readonly [number, number], b: readonly [number, number]): bo
   return a[0] === b[0] && a[1] === b[1];
 }
 
-/** Words from left to right: those in or near the view, and the focused one, which may hold the keyboard's focus. */
-function indicesToMount(count: number, first: number, last: number, focused: number): number[] {
-  const indices: number[] = [];
-  for (let place = first; place <= last; place++) indices.push(count - 1 - place);
-  if (focused < 0 || indices.includes(focused)) return indices;
-  const isLeft = count - 1 - focused < first;
-  return isLeft ? [focused, ...indices] : [...indices, focused];
+/**
+ * Words from left to right: those in or near the view, and those that the keyboard's focus is in or comes to next.
+ * @param first - place of the leftmost word near the view
+ * @param focused - index of a word, or -1
+ */
+function indicesToMount(count: number, first: number, last: number, focused: number, entry?: RowEntry): number[] {
+  const indices = new Set<number>();
+  for (let place = first; place <= last; place++) indices.add(count - 1 - place);
+  if (focused >= 0) for (const index of [focused + 1, focused, focused - 1]) indices.add(index);
+  if (entry) indices.add(entry === 'leftmost' ? count - 1 : 0);
+  return [...indices].filter((index) => index >= 0 && index < count).sort((a, b) => b - a);
 }

@@ -13,7 +13,7 @@ import {
 } from './layout/sheetGeometry';
 import { digitWidth, usePixelRatio, useViewSize } from './layout/useViewport';
 import { Minimap } from './Minimap';
-import { RowView } from './RowView';
+import { type RowEntry, RowView } from './RowView';
 import { SheetScroller } from './scrollers';
 import { ScrollSync } from './scrollSync';
 import styles from './SheetView.module.css';
@@ -59,7 +59,7 @@ export function SheetView({ onOverflow }: SheetViewProps) {
   useLayoutEffect(() => {
     scrollSync.attachView(view.current!, start);
     setScrolled(view.current!.scrollTop);
-  }, [scrollSync, sheetId, resolution, isMeasured, start]);
+  }, [scrollSync, sheetId, resolution, start, viewHeight, geometry.height]);
   useLayoutEffect(() => () => scrollSync.store(), [scrollSync]);
 
   const onScroll = () => {
@@ -95,17 +95,22 @@ export function SheetView({ onOverflow }: SheetViewProps) {
     if (isRequested && isMeasured && widest && selectMainField(widest, 0)) firstWordFocus.isRequested = false;
   }, [isRequested, isMeasured, rows, focusedRow]);
 
+  // Tab finds the words that come after the focused one, though nobody has scrolled there.
+  const focusedPlace = rows.findIndex(({ key }) => key === focusedRow);
+  const isBesideFocus = (place: number) => focusedPlace >= 0 && Math.abs(place - focusedPlace) <= 1;
+
   const top = Math.min(scrolled, Math.max(0, geometry.height - viewHeight));
   return (
     <div data-region className={styles.body}>
       <div ref={view} className={styles.view} data-scroller="sheet" onScroll={onScroll} onPointerDown={unfocusOutside}>
         <SheetScroller value={view}>
           {size &&
-            geometry.rows.map((row) => (
+            rows.map((row, place) => (
               <RowView
                 key={row.key}
                 row={row}
-                isNear={isNear(row, top, viewHeight) || row.key === focusedRow}
+                isNear={isNear(row, top, viewHeight) || isBesideFocus(place)}
+                entry={isBesideFocus(place) ? entryFrom(place - focusedPlace) : undefined}
                 viewWidth={viewWidth}
                 pixelRatio={pixelRatio}
                 scrollSync={scrollSync}
@@ -122,6 +127,11 @@ export function SheetView({ onOverflow }: SheetViewProps) {
 /** A sheet begins with the least significant bits of its widest word, whose lines may need more than the view has. */
 function verticalStart({ rows: [widest] }: SheetGeometry, viewHeight: number): number {
   return widest ? Math.max(0, ROW_GAP + widest.height - viewHeight) : 0;
+}
+
+/** The word of a row below or above the focused one that the keyboard comes to first. */
+function entryFrom(rowsDown: number): RowEntry | undefined {
+  return rowsDown === 0 ? undefined : rowsDown > 0 ? 'leftmost' : 'rightmost';
 }
 
 /** A press beside all words leaves none focused. */

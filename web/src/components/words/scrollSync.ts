@@ -2,7 +2,7 @@ import { hasFlagOption, SCROLL_LOCK_HORIZONTAL } from '../../model/sheet/flagOpt
 import { ScrollMap } from '../../model/sheet/scrollMap';
 import { useSheetsStore } from '../../stores/sheetsStore';
 import { useSheetStore } from '../../stores/sheetStore';
-import type { RowGeometry } from './layout/sheetGeometry';
+import { type RowGeometry, rowKey } from './layout/sheetGeometry';
 
 /** Rest after the last scroll before positions are stored, in milliseconds. */
 const STORE_DELAY = 300;
@@ -53,7 +53,7 @@ export class ScrollSync {
   attachView(element: HTMLElement, start: number): void {
     this.view = element;
     this.verticalStart = start;
-    if (this.current.vertical === undefined) element.scrollTop = start;
+    element.scrollTop = this.vertical;
   }
 
   /** @param farthest - the position of the row's least significant end */
@@ -64,16 +64,19 @@ export class ScrollSync {
   }
 
   rowScrolled(key: string, position: number): void {
-    if (Math.abs(position - this.position(key, this.rows.get(key)?.farthest ?? 0)) < SAME_POSITION) return;
-    if (!hasFlagOption(useSheetStore.getState().flagOptions, SCROLL_LOCK_HORIZONTAL)) {
-      return this.change(this.current.withRow(key, position));
-    }
-    this.change(this.current.withRows(this.rows.keys(), position));
+    const element = this.rows.get(key)?.element;
+    const limit = element ? element.scrollWidth - element.clientWidth : Infinity;
+    if (isWhereItShouldBe(position, this.stored(key), limit)) return;
+    const { flagOptions, numberDefinitions } = useSheetStore.getState();
+    if (!hasFlagOption(flagOptions, SCROLL_LOCK_HORIZONTAL)) return this.change(this.current.withRow(key, position));
+    // Rows that are not on the page at the moment go along, too.
+    this.change(this.current.withRows(numberDefinitions.map(rowKey), position));
     for (const [other, { element }] of this.rows) if (other !== key) element.scrollLeft = position;
   }
 
   viewScrolled(position: number): void {
-    if (Math.abs(position - this.vertical) >= SAME_POSITION) this.change(this.current.withVertical(position));
+    const limit = this.view ? this.view.scrollHeight - this.view.clientHeight : Infinity;
+    if (!isWhereItShouldBe(position, this.vertical, limit)) this.change(this.current.withVertical(position));
   }
 
   /** Scrolls no further than it takes to bring a word into view. Lengths are in CSS pixels. */
@@ -114,6 +117,16 @@ export class ScrollSync {
     this.forgetWaiting();
     this.timer = setTimeout(() => this.store(), STORE_DELAY);
   }
+}
+
+/**
+ * Whether an element stands as near as it can to where somebody scrolled it. A larger window leaves less to scroll; that
+ * is no scroll, and a smaller one brings the position back.
+ * @param wanted - undefined for the end, where rows begin
+ * @param limit - the farthest that the element can be scrolled now
+ */
+function isWhereItShouldBe(position: number, wanted = Infinity, limit: number): boolean {
+  return Math.abs(position - Math.min(wanted, limit)) < SAME_POSITION;
 }
 
 /** The scroll position nearest to one at which a part is in view; its beginning where it is larger than the view. */

@@ -58,6 +58,11 @@ export interface SheetShape {
   readonly charWidth: number;
 }
 
+/** Identifies a row within its sheet, also where its scroll position is kept. */
+export function rowKey({ type, bits }: Pick<NumberDefinition, 'type' | 'bits'>): string {
+  return `${type}:${bits}`;
+}
+
 /** Where everything of a sheet is, known without looking at the page. */
 export function sheetGeometry({
   resolution,
@@ -108,7 +113,7 @@ function rowGeometry(definition: NumberDefinition, count: number, top: number, s
   const body = type === 'color32' ? colorHeight(boxWidth) : header + fields.height + bitField.height;
   const height = body + 2 * BLOCK_PADDING_Y + (shared.overflows ? SCROLLBAR_HEIGHT : 0);
   return {
-    key: `${type}:${bits}`,
+    key: rowKey(definition),
     type,
     bits,
     label: definitionLabel(definition),
