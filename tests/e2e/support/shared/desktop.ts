@@ -123,6 +123,11 @@ export class Desktop {
     this.#run('xdotool', ...moveTo(window, at), 'click', '3');
   }
 
+  /** Presses the right button at a point of a window. */
+  clickRight(window: DesktopWindow, at: Point) {
+    this.#run('xdotool', ...moveTo(window, at), 'click', '3');
+  }
+
   /** Moves the pointer with the left button held down. */
   drag(window: DesktopWindow, from: Point, to: Point) {
     this.#run('xdotool', ...moveTo(window, from), 'mousedown', '1', ...moveTo(window, to), 'mouseup', '1');
@@ -155,6 +160,20 @@ export class Desktop {
     const near = { x: at.x - 10, y: at.y - 10 };
     const grab = ['mousemove', '950', '150', 'mousedown', '1', ...pause, 'mousemove', '920', '180', ...pause];
     this.#run('xdotool', ...grab, ...moveTo(window, near), ...pause, ...moveTo(window, at), ...pause, 'mouseup', '1');
+  }
+
+  /** The text on the clipboard, as another program gets it; empty where there is none. */
+  clipboard(): string {
+    return this.#query('xclip', '-selection', 'clipboard', '-out');
+  }
+
+  /** Puts a text on the clipboard as another program, which serves it until somebody else puts something there. */
+  putOnClipboard(text: string) {
+    execFileSync('xclip', ['-selection', 'clipboard', '-in'], {
+      env: this.environment,
+      input: text,
+      stdio: ['pipe', 'ignore', 'ignore'],
+    });
   }
 
   /** Turns the wheel by some notches where the pointer is put; upwards when negative. */
