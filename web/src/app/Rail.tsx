@@ -1,8 +1,8 @@
-import Tooltip from '@mui/joy/Tooltip';
 import type { ReactNode } from 'react';
 import { useTranslation } from 'react-i18next';
 import { Link, useLocation } from 'react-router';
 import { WordsIcon } from '../components/WordsIcon';
+import { Tooltip } from '../ui/Tooltip';
 import styles from './Rail.module.css';
 
 const WORDS_ROUTE = '/tools/words';
@@ -32,7 +32,7 @@ interface RailLinkProps {
 
 function RailLink({ to, label, active = false, children }: RailLinkProps) {
   return (
-    <Tooltip title={label} placement="right">
+    <Tooltip text={label} side="right">
       <Link to={to} aria-label={label} aria-current={active ? 'page' : undefined} className={styles.link}>
         {children}
       </Link>

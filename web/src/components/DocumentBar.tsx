@@ -1,5 +1,4 @@
 import Button from '@mui/joy/Button';
-import Tooltip from '@mui/joy/Tooltip';
 import Typography from '@mui/joy/Typography';
 import { useRef } from 'react';
 import { useTranslation } from 'react-i18next';
@@ -8,6 +7,7 @@ import { DOCUMENT_COMMANDS, type DocumentTarget } from '../commands/documentComm
 import { useDocumentTarget } from '../commands/useDocumentCommands';
 import { isVsCode } from '../host/hostFlags';
 import { useSheetsStore } from '../stores/sheetsStore';
+import { Tooltip } from '../ui/Tooltip';
 import styles from './DocumentBar.module.css';
 import { toolbarHandlers, useTabStop } from './useToolbar';
 
@@ -59,20 +59,21 @@ function CommandButton({ command, disabled, onClick }: CommandButtonProps) {
   const keys = shortcutLabel(command);
   if (!keys) return button;
   return (
-    <Tooltip disableInteractive describeChild title={t('frame.shortcut', { action: label, keys })}>
-      {/* A disabled button reports no pointer over it; its wrapper does. */}
-      <span>{button}</span>
+    <Tooltip describes text={t('frame.shortcut', { action: label, keys })}>
+      {button}
     </Tooltip>
   );
 }
+
+const FILE_NAME = { marginLeft: 'auto' };
 
 function FileName() {
   const { t } = useTranslation();
   const file = useSheetsStore((store) => store.documentFile);
   const isUnsaved = useSheetsStore((store) => store.isUnsaved);
   return (
-    <Tooltip disableInteractive describeChild title={file?.path ?? t('messages.document.store.unstoredDocument')}>
-      <Typography level="body-sm" noWrap sx={{ marginLeft: 'auto', paddingLeft: 2, minWidth: 0 }}>
+    <Tooltip describes text={file?.path ?? t('messages.document.store.unstoredDocument')} style={FILE_NAME}>
+      <Typography level="body-sm" noWrap sx={{ paddingLeft: 2, minWidth: 0 }}>
         {file?.name}
         {isUnsaved && '*'}
       </Typography>

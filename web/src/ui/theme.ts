@@ -8,8 +8,6 @@ export const theme = extendTheme({
   // Inter comes in one weight; headings differ by size and colour instead of a synthesized bold.
   fontWeight: { sm: 400, md: 400, lg: 400, xl: 400 },
   components: {
-    // Within the page's landmarks, where assistive technology looks for content.
-    JoyTooltip: { defaultProps: { disablePortal: true } },
     // The library's blue has too little contrast on the content's background.
     JoyLink: { styleOverrides: { root: { color: colors.link } } },
   },
