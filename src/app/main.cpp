@@ -9,7 +9,9 @@
 #include "app/command_line.h"
 #include "app/host_scripts.h"
 #include "app/process_limits.h"
+#include "app/window/left_work_notice.h"
 #include "app/window/native_web_view.h"
+#include "app/window/program_launcher.h"
 #include "app/window/save_notice.h"
 #include "app/window/window_system.h"
 #include "bridge/bridge.h"
@@ -49,6 +51,11 @@ static std::optional<std::string> startupError(const LoopbackGuard& loopbackGuar
 
 static bool isServedPath(std::string_view path) { return isServed(getEmbeddedFilesystem(), path); }
 
+// A window that was opened on one of the copies does not offer the others once more.
+static bool isInRescueFolder(const std::optional<std::string>& file) {
+    return file && pathFromNarrow(*file).parent_path() == RescueFolder().path();
+}
+
 int main(int argc, char* argv[]) {
     prepareProcessLimits();
     const LaunchArgs args = parseCommandLine(argc, argv);
@@ -78,6 +85,9 @@ int main(int argc, char* argv[]) {
     view.guardWork(serverUrl);
     view.navigate(serverUrl.empty() ? "about:blank" : serverUrl);
     view.setSize(800, 600);
+    LeftWorkNotice leftWork(view.nativeWindow(), RescueFolder(),
+                            {[exePath](const auto& file) { openInOwnWindow(exePath, file); }, showFolder});
+    if (!isInRescueFolder(args.filePath)) leftWork.offer();
     view.run();
 
     Console::shutdown();

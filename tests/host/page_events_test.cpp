@@ -16,3 +16,14 @@ TEST(DiscardQuestionOf, GivesNothingWhereThePageAsksNothing) {
         EXPECT_FALSE(discardQuestionOf(answer)) << answer;
     EXPECT_FALSE(discardQuestionOf(std::nullopt));
 }
+
+TEST(UnsavedWorkOf, ReadsWhatThePageHas) {
+    const auto work = unsavedWorkOf(R"({"state":"changed","name":"\u00fc.tessary","text":"{\n\u0000}"})");
+    ASSERT_TRUE(work);
+    EXPECT_EQ(work->state, UnsavedWork::State::changed);
+    EXPECT_EQ(work->name, "\u00fc.tessary");
+    EXPECT_EQ(work->text, std::string("{\n\0}", 4));
+    EXPECT_EQ(unsavedWorkOf(R"({"state":"none"})")->state, UnsavedWork::State::none);
+    EXPECT_EQ(unsavedWorkOf(R"({"state":"same"})")->state, UnsavedWork::State::same);
+    for (const char* answer : {"null", "{}", R"({"state":"odd"})"}) EXPECT_FALSE(unsavedWorkOf(answer)) << answer;
+}

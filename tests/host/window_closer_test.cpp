@@ -3,13 +3,16 @@
 #include <gtest/gtest.h>
 
 #include "fake_page_window.h"
+#include "temporary_folder.h"
 
 namespace {
 const std::string question = R"({"title":"Unsaved","text":"Discard?","discard":"Discard","cancel":"Cancel"})";
 
 struct WindowCloserTest : testing::Test {
+    TemporaryFolder folder;
     FakePageWindow window;
-    WindowCloser closer{window};
+    WorkKeeper keeper{window, RescueFolder(folder.path())};
+    WindowCloser closer{window, keeper};
 };
 }  // namespace
 
@@ -55,6 +58,27 @@ TEST_F(WindowCloserTest, ClosesAfterTwoSecondsWhenThePageHangs) {
     EXPECT_TRUE(window.questions.empty()) << "a late answer asks nothing any more";
 }
 
+TEST_F(WindowCloserTest, KeepsTheCopyOfWorkThatWasNotLetGo) {
+    const std::string copy = folder.file("a (unsaved).words.tessary");
+    keeper.keepNow([] {});
+    window.answer(R"({"state":"changed","name":"a.words.tessary","text":"work"})");
+    closer.requestClose();
+    window.answer(question);
+    EXPECT_TRUE(std::filesystem::exists(copy));
+    window.answered(true);
+    EXPECT_FALSE(std::filesystem::exists(copy)) << "discarded";
+
+    FakePageWindow hanging;
+    WorkKeeper other(hanging, RescueFolder(folder.path()));
+    WindowCloser otherCloser(hanging, other);
+    other.keepNow([] {});
+    hanging.answer(R"({"state":"changed","name":"a.words.tessary","text":"work"})");
+    otherCloser.requestClose();
+    hanging.pass(std::chrono::seconds(2));
+    EXPECT_TRUE(hanging.closed);
+    EXPECT_TRUE(std::filesystem::exists(copy)) << "nobody said that it may go";
+}
+
 TEST_F(WindowCloserTest, ClosesAtOnceWhenThereIsNoPageToAsk) {
     closer.requestClose();
     window.answer(std::nullopt);
@@ -66,7 +90,9 @@ TEST_F(WindowCloserTest, EndsForTheSystemWithoutAQuestion) {
     window.answer(question);
     closer.requestEnd();
     closer.requestEnd();
+    window.answer(R"({"state":"changed","name":"a.words.tessary","text":"work"})");
     window.answer("null");
     EXPECT_TRUE(window.closed);
+    EXPECT_EQ(bytesOf(folder.file("a (unsaved).words.tessary")), "work");
     EXPECT_TRUE(closer.isEnding());
 }

@@ -27,3 +27,15 @@ std::optional<DiscardQuestion> discardQuestionOf(const PageResult& result) {
 }
 
 std::string endEventScript() { return eventScript("tessary-end"); }
+
+std::string workEventScript(bool whole) { return eventScript("tessary-work", whole ? "{ whole: true }" : "{}"); }
+
+std::optional<UnsavedWork> unsavedWorkOf(const PageResult& result) {
+    const Json answer = answerOf(result);
+    if (json_object_get_type(answer.get()) != json_type_object) return std::nullopt;
+    const std::string state = text(answer, "state");
+    if (state == "none") return UnsavedWork{};
+    if (state == "same") return UnsavedWork{UnsavedWork::State::same, {}, {}};
+    if (state != "changed") return std::nullopt;
+    return UnsavedWork{UnsavedWork::State::changed, text(answer, "name"), text(answer, "text")};
+}

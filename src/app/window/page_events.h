@@ -12,3 +12,20 @@
 
 /// The window closes for good: the page forgets what it keeps for reloads.
 [[nodiscard]] std::string endEventScript();
+
+/// The work that no file holds.
+struct UnsavedWork {
+    enum class State {
+        none,     ///< all is saved
+        same,     ///< as the page gave it last
+        changed,  ///< since then; only now name and text are given
+    };
+    State state = State::none;
+    std::string name;  ///< of the document, in UTF-8
+    std::string text;
+};
+
+/// Asks for the work, also where it is the same as before when `whole`.
+[[nodiscard]] std::string workEventScript(bool whole);
+/// Nothing when the page did not answer.
+[[nodiscard]] std::optional<UnsavedWork> unsavedWorkOf(const PageResult& answer);

@@ -11,6 +11,7 @@ void WindowCloser::requestClose() {
         if (const auto question = discardQuestionOf(answer.result)) return ask(*question);
         stage_ = Stage::ending;
         if (!answer.result) return window_.close();
+        keeper_.discard();
         end();
     });
 }
@@ -21,6 +22,7 @@ void WindowCloser::ask(const DiscardQuestion& question) {
         if (stage_ != Stage::askingUser) return;
         stage_ = discard ? Stage::ending : Stage::open;
         if (!discard) return;
+        keeper_.discard();
         end();
     });
 }
@@ -29,7 +31,7 @@ void WindowCloser::requestEnd() {
     if (stage_ == Stage::ending) return;
     stage_ = Stage::ending;
     window_.cancelDialogs();
-    end();
+    keeper_.keepNow([this] { end(); });
 }
 
 void WindowCloser::end() {

@@ -1,16 +1,17 @@
 // Closes the window: at once, after a question, or for the system, which waits for nobody.
 #pragma once
 #include "app/window/page_window.h"
+#include "app/window/work_keeper.h"
 
 class WindowCloser {
 public:
-    /// `window` is borrowed.
-    explicit WindowCloser(PageWindow& window) : window_(window) {}
+    /// Both are borrowed.
+    WindowCloser(PageWindow& window, WorkKeeper& keeper) : window_(window), keeper_(keeper) {}
 
     /// The user wants to close the window. Asks when the page has unsaved work. A page that is gone or hangs is not
-    /// waited for.
+    /// waited for, and the copy of its work stays.
     void requestClose();
-    /// The system wants the program to end. Nobody is asked.
+    /// The system wants the program to end: unsaved work is copied, and nobody is asked.
     void requestEnd();
 
     [[nodiscard]] bool isEnding() const { return stage_ == Stage::ending; }
@@ -22,5 +23,6 @@ private:
     void end();
 
     PageWindow& window_;
+    WorkKeeper& keeper_;
     Stage stage_ = Stage::open;
 };

@@ -1,5 +1,5 @@
-// Keeps unsaved work from being lost with the window: the question before it closes, the orderly end, and the page that
-// comes back after its process died.
+// Keeps unsaved work from being lost with the window: the question before it closes, the orderly end, the page that
+// comes back after its process died, and the copy that outlives the program.
 #pragma once
 #include <functional>
 #include <memory>
@@ -8,6 +8,7 @@
 #include "app/window/page_revival.h"
 #include "app/window/page_window.h"
 #include "app/window/window_closer.h"
+#include "app/window/work_keeper.h"
 
 class WorkGuard {
 public:
@@ -17,6 +18,7 @@ public:
 
 private:
     std::unique_ptr<PageWindow> window_;
+    WorkKeeper keeper_;
     WindowCloser closer_;
     PageRevival revival_;
     std::function<bool()> isBusy_;

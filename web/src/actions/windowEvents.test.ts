@@ -15,8 +15,9 @@ async function loadPage() {
 }
 
 /** Sends an event as the host's script does. */
-function send(name: string): unknown {
-  const event = new CustomEvent<{ answer?: unknown }>(name, { cancelable: true, detail: {} });
+function send(name: string, question = {}): unknown {
+  const detail: { answer?: unknown } = { ...question };
+  const event = new CustomEvent(name, { cancelable: true, detail });
   return window.dispatchEvent(event) ? null : event.detail.answer;
 }
 
@@ -37,6 +38,22 @@ test('the window may close without a question until there is unsaved work', asyn
   });
   store.getState().updateWordsDocumentFileState({ name: 'a', path: '/a' });
   expect(send('tessary-close')).toBeNull();
+});
+
+test('unsaved work is handed over when it has changed, and when all of it is wanted', async () => {
+  const store = await loadPage();
+  expect(send('tessary-work')).toEqual({ state: 'none' });
+  const { id } = store.getState().addSheet();
+  const text = () => store.getState().getWordsDocument().toFileData();
+  expect(send('tessary-work')).toEqual({ state: 'changed', name: 'Untitled.words.tessary', text: text() });
+  expect(send('tessary-work')).toEqual({ state: 'same' });
+  store.getState().updateSheet(id, { focusedBlock: ['integer', 32, 1] });
+  expect(send('tessary-work')).toEqual({ state: 'same' });
+  expect(send('tessary-work', { whole: true })).toMatchObject({ state: 'changed', text: text() });
+  store.getState().updateSheet(id, { int: 5n });
+  expect(send('tessary-work')).toMatchObject({ state: 'changed', text: expect.stringContaining('0x5') });
+  store.getState().updateWordsDocumentFileState({ name: 'a', path: '/a' });
+  expect(send('tessary-work')).toEqual({ state: 'none' });
 });
 
 test('when the window ends, the page keeps nothing, whatever changes afterwards', async () => {

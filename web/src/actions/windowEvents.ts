@@ -1,12 +1,32 @@
 import { onHostEvent } from '../host/hostEvents';
 import { i18next } from '../i18n';
+import { stepBetween } from '../stores/documentStep';
 import { forgetRecord } from '../stores/persistStorage';
+import type { SheetsState } from '../stores/sheetsState';
+import { useSheetsStore } from '../stores/sheetsStore';
 import { hasUnsavedWork } from './leaveGuards';
 
 /** From now on answers what the native host asks about the window's end. */
 export function answerWindowEvents(): void {
   onHostEvent('tessary-close', () => (hasUnsavedWork() ? discardQuestion() : undefined));
+  onHostEvent('tessary-work', ({ whole }) => unsavedWork(whole === true));
   onHostEvent('tessary-end', forgetRecord);
+}
+
+/** The document as the host got it last; undefined when it has nothing of what is open now. */
+let given: SheetsState | undefined;
+
+/** The host keeps a copy of it, and asks again and again: a text is made where there is something new alone. */
+function unsavedWork(isWhole: boolean) {
+  if (!hasUnsavedWork()) {
+    given = undefined;
+    return { state: 'none' };
+  }
+  const now = useSheetsStore.getState();
+  const isSame = given?.documentFile === now.documentFile && !stepBetween(given, now);
+  given = now;
+  if (isSame && !isWhole) return { state: 'same' };
+  return { state: 'changed', name: now.documentFile?.name ?? '', text: now.getWordsDocument().toFileData() };
 }
 
 /** The host asks it in a message box of its own: the page may be hidden or slow. */

@@ -28,7 +28,7 @@ loaded from.
 
 Documents are read and written only where you choose them. In a browser the page keeps the open sheets between visits in the
 browser's own storage, so that a reload does not lose them; clearing the site's data removes them. The desktop program keeps
-them for its own run only.
+them for its own run only, and a copy of unsaved work in your own state folder until it is saved or discarded.
 
 A link that leads elsewhere opens in your browser, and that site's own rules apply there.
 `;

@@ -12,7 +12,7 @@ export function savedValues(file: string): string[] {
 export async function enterValue(program: Program, text: string) {
   await until('a field', () =>
     program.page.evaluate(() => {
-      const field = document.querySelector<HTMLInputElement>('input[aria-label="Value"]');
+      const field = document.querySelector<HTMLInputElement | HTMLTextAreaElement>('[aria-label="Value"]');
       field?.focus();
       field?.select();
       return document.activeElement === field && field !== null;
@@ -27,7 +27,8 @@ export async function enterValue(program: Program, text: string) {
 export function shown(program: Program, value: string) {
   return until(`the value ${value}`, () =>
     program.page.evaluate(
-      (wanted) => document.querySelector<HTMLInputElement>('input[aria-label="Value"]')?.value === wanted,
+      (wanted) =>
+        document.querySelector<HTMLInputElement | HTMLTextAreaElement>('[aria-label="Value"]')?.value === wanted,
       value,
     ),
   );

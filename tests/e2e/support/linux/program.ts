@@ -14,7 +14,7 @@ export class Program extends RunningProgram<Inspector> {
     try {
       const page = await Inspector.connect(port, () => process.running);
       const url = await until('the page', () => loadedPage(page));
-      const window = await until('the window', () => launch.desktop.windowsOf(process.pid)[0]);
+      const window = await until('the window', () => mainWindow(launch, process));
       return new Program(launch, process, page, window, url);
     } catch (error) {
       throw new Error(`${(error as Error).message}\nstderr: ${process.stderr}`);
@@ -27,6 +27,10 @@ export class Program extends RunningProgram<Inspector> {
     return this.process.exit();
   }
 }
+
+/** There may be a notice beside it. */
+const mainWindow = ({ desktop }: Launch, { pid }: ProgramProcess) =>
+  desktop.windowsOf(pid).find(({ title }) => title === 'Tessary');
 
 /** A port of the loopback interface that nobody uses now. */
 export async function freePort(): Promise<number> {

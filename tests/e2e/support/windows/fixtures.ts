@@ -1,5 +1,5 @@
 import { expect, test as base } from '@playwright/test';
-import { chmodSync, linkSync, mkdirSync, mkdtempSync, rmSync, writeFileSync } from 'node:fs';
+import { chmodSync, existsSync, linkSync, mkdirSync, mkdtempSync, readdirSync, rmSync, writeFileSync } from 'node:fs';
 import { dirname, join } from 'node:path';
 import { Desktop } from '../shared/desktop';
 import { LinkRecorder } from '../shared/linkRecorder';
@@ -27,6 +27,20 @@ export class WindowsSandbox {
     this.documents = join(this.folder, 'documents');
     for (const folder of [dirname(this.program), this.documents]) mkdirSync(folder);
     linkSync(executable, this.program);
+    this.#emptyRescueFolder();
+  }
+
+  /** The program's folder in the user's local data, which all tests of a worker share; undefined until it is there. */
+  rescueFolder(): string | undefined {
+    const users = join(this.#prefix.driveC, 'users');
+    return readdirSync(users)
+      .map((name) => join(users, name, 'AppData/Local/Tessary'))
+      .find((folder) => existsSync(folder));
+  }
+
+  #emptyRescueFolder() {
+    const folder = this.rescueFolder();
+    if (folder) rmSync(folder, { recursive: true, force: true });
   }
 
   /** Writes a file, making its folder, and gives its path on Linux. */
@@ -44,6 +58,7 @@ export class WindowsSandbox {
 
   remove() {
     rmSync(this.folder, { recursive: true, force: true });
+    this.#emptyRescueFolder();
   }
 }
 

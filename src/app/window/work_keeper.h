@@ -1,0 +1,34 @@
+// Keeps a copy of the page's unsaved work, which outlives the program.
+#pragma once
+#include <chrono>
+#include <functional>
+#include <string>
+
+#include "app/window/page_window.h"
+#include "bridge/files/work_copies.h"
+
+/// At most this much work is lost with the program.
+inline constexpr std::chrono::seconds copyInterval{10};
+
+class WorkKeeper {
+public:
+    /// `window` is borrowed.
+    WorkKeeper(PageWindow& window, RescueFolder folder) : window_(window), copy_(std::move(folder)) {}
+
+    /// From now on asks the page every `copyInterval`.
+    void start();
+    /// Asks the page now, and calls `done` when the copy is written or the page takes too long.
+    void keepNow(std::function<void()> done);
+    /// The work is discarded, or there is none: the copy goes.
+    void discard() { copy_.remove(); }
+    /// The page is loaded again. If it has nothing of the work that the copy holds then, the copy stays for ever.
+    void pageDied() { isPageNew_ = true; }
+
+private:
+    void take(const PageResult& answer);
+
+    PageWindow& window_;
+    WorkCopy copy_;
+    bool isWholeWanted_ = false;  ///< the last copy could not be written
+    bool isPageNew_ = false;
+};
