@@ -103,7 +103,8 @@ test.describe('converters', () => {
     await page.keyboard.press('Tab');
     await page.keyboard.press('Tab');
     await expect(page.getByRole('listbox')).toHaveCount(0);
-    await expect(tool.formats).toBeFocused();
+    await expect(tool.converters).not.toBeFocused();
+    await expect(page.locator('main :focus')).toHaveCount(1);
   });
 
   test('are chosen by keyboard across the grid', async ({ page, enter }) => {
@@ -223,6 +224,7 @@ test.describe('the scroll lock', () => {
     for (const width of [1800, 2560]) {
       await page.setViewportSize({ width, height: 800 });
       await expect.poll(() => position(tool, 'Int 64')).toBeLessThan(700);
+      await page.evaluate(() => new Promise((shown) => requestAnimationFrame(() => requestAnimationFrame(shown))));
       await page.setViewportSize({ width: 1280, height: 800 });
       await expect.poll(() => position(tool, 'Int 64')).toBe(700);
       expect(await position(tool, 'Int 128')).toBe(end);

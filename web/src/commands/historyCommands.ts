@@ -3,26 +3,29 @@ import { isTextBeingAltered } from '../ui/alteredText';
 import type { Command } from './command';
 import type { DocumentTarget } from './documentCommands';
 
-// A text that is being typed has the browser's own history, and an editor keeps one of the whole document.
+/** A text that is being typed has a history of its own, which the web view of Linux offers no key for. */
+function inText(step: 'undo' | 'redo', otherwise: () => void): void {
+  // eslint-disable-next-line @typescript-eslint/no-deprecated -- nothing else reaches the text's own history
+  if (isTextBeingAltered()) document.execCommand(step);
+  else otherwise();
+}
+
+// An editor keeps a history of the whole document.
 export const HISTORY_COMMANDS: readonly Command<DocumentTarget>[] = [
   {
     id: 'history.undo',
     keys: ['Mod+Z'],
     label: 'commands.history.undo',
     hosts: ['native', 'browser'],
-    when: () => !isTextBeingAltered(),
-    yields: true,
     repeats: true,
-    run: ({ navigate }) => undoChange(navigate),
+    run: ({ navigate }) => inText('undo', () => undoChange(navigate)),
   },
   {
     id: 'history.redo',
     keys: ['Mod+Shift+Z', 'Mod+Y'],
     label: 'commands.history.redo',
     hosts: ['native', 'browser'],
-    when: () => !isTextBeingAltered(),
-    yields: true,
     repeats: true,
-    run: ({ navigate }) => redoChange(navigate),
+    run: ({ navigate }) => inText('redo', () => redoChange(navigate)),
   },
 ];

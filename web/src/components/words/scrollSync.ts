@@ -12,6 +12,8 @@ const SAME_POSITION = 1;
 interface ScrolledRow {
   readonly element: HTMLElement;
   readonly farthest: number;
+  /** Where the page put it or a user scrolled it last. */
+  place: number;
 }
 
 /**
@@ -32,7 +34,7 @@ export class ScrollSync {
     else this.store();
     this.sheetId = sheetId;
     this.current = scrollMap;
-    for (const [key, { element, farthest }] of this.rows) element.scrollLeft = this.position(key, farthest);
+    for (const [key, row] of this.rows) putRow(row, this.position(key, row.farthest));
     if (this.view) this.view.scrollTop = this.vertical;
   }
 
@@ -58,20 +60,24 @@ export class ScrollSync {
 
   /** @param farthest - the position of the row's least significant end */
   attachRow(key: string, element: HTMLElement, farthest: number): () => void {
-    this.rows.set(key, { element, farthest });
-    element.scrollLeft = this.position(key, farthest);
+    const row = { element, farthest, place: 0 };
+    this.rows.set(key, row);
+    putRow(row, this.position(key, farthest));
     return () => void this.rows.delete(key);
   }
 
   rowScrolled(key: string, position: number): void {
-    const element = this.rows.get(key)?.element;
-    const limit = element ? element.scrollWidth - element.clientWidth : Infinity;
+    const row = this.rows.get(key);
+    // The news of what the page did itself comes late, when the window may have another size again.
+    if (row && Math.abs(position - row.place) < SAME_POSITION) return;
+    if (row) row.place = position;
+    const limit = row ? row.element.scrollWidth - row.element.clientWidth : Infinity;
     if (isWhereItShouldBe(position, this.stored(key), limit)) return;
     const { flagOptions, numberDefinitions } = useSheetStore.getState();
     if (!hasFlagOption(flagOptions, SCROLL_LOCK_HORIZONTAL)) return this.change(this.current.withRow(key, position));
     // Rows that are not on the page at the moment go along, too.
     this.change(this.current.withRows(numberDefinitions.map(rowKey), position));
-    for (const [other, { element }] of this.rows) if (other !== key) element.scrollLeft = position;
+    for (const [other, each] of this.rows) if (other !== key) putRow(each, position);
   }
 
   viewScrolled(position: number): void {
@@ -89,7 +95,7 @@ export class ScrollSync {
     if (position === before) return;
     this.rowScrolled(row.key, position);
     const attached = this.rows.get(row.key);
-    if (attached) attached.element.scrollLeft = position;
+    if (attached) putRow(attached, position);
   }
 
   /** Stores now what is still waiting. */
@@ -117,6 +123,11 @@ export class ScrollSync {
     this.forgetWaiting();
     this.timer = setTimeout(() => this.store(), STORE_DELAY);
   }
+}
+
+function putRow(row: ScrolledRow, position: number): void {
+  row.element.scrollLeft = position;
+  row.place = row.element.scrollLeft;
 }
 
 /**
