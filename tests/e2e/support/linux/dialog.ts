@@ -65,9 +65,11 @@ export class FileDialog {
   /** Replaces what is typed as the file's name. A path with folders is allowed. */
   async type(name: string) {
     const { desktop } = this.#program;
-    // A dialog that has just come back after a message may not have the keyboard yet.
+    // A dialog that has just come back after a message may not have the keyboard yet. One that was given it before it
+    // listened hears nothing when it is given it again: it has to lose it first.
     await until('a box to type into', () => {
       if (this.typed() !== undefined) return true;
+      desktop.focus(this.#program.window);
       desktop.focus(this.#window);
       desktop.press('ctrl+l');
       return until('the box', () => this.typed() !== undefined, 2000).catch(() => false);
