@@ -36,6 +36,11 @@ test('a folder as the document is reported as not found on the start page', asyn
   expect(await launchArgs(program)).toEqual({ error: null, filePath: sandbox.documents });
 });
 
+test('a document whose name has no way through the web view is reported', async ({ open, sandbox }) => {
+  const program = await open([sandbox.write('delete \u007f.words.tessary', '{}')]);
+  await program.shows('Failed to read file: The file name holds the control character U+007F: choose another name');
+});
+
 test('an empty document is reported on the start page', async ({ open, sandbox }) => {
   const program = await open([sandbox.write('empty.words.tessary')]);
   await program.shows('Failed to read file: Unknown error');

@@ -28,7 +28,7 @@ public:
     RawConnection(const RawConnection&) = delete;
     RawConnection& operator=(const RawConnection&) = delete;
 
-    /// Sends everything, unless the server closes before, and says that no more will come.
+    /// Sends everything, unless the server closes before.
     void sendAll(std::string_view bytes) const {
         while (!bytes.empty()) {
             const ssize_t sent = ::send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL);
@@ -36,8 +36,10 @@ public:
             if (sent <= 0) break;
             bytes.remove_prefix(static_cast<std::size_t>(sent));
         }
-        ::shutdown(socket_, SHUT_WR);
     }
+
+    /// Says that no more will come.
+    void finish() const { ::shutdown(socket_, SHUT_WR); }
 
     /// All that the server sends until it closes.
     [[nodiscard]] std::string received() const {

@@ -3,6 +3,7 @@ import { withLoading } from '../document/loading';
 import { parseToolDocumentInSteps } from '../document/parseToolDocument';
 import { isDialogAbortError } from '../host/dialogAbort';
 import { fileService, type OpenedFile } from '../host/fileService';
+import { fileFailureText } from '../host/nativePath';
 import { i18next } from '../i18n';
 import { inOneStep } from '../stores/history';
 import { useSheetsStore } from '../stores/sheetsStore';
@@ -60,6 +61,6 @@ async function openWith(read: () => Promise<OpenedFile>, navigate: Navigate): Pr
       await navigate(parsed.navigationRoute);
     });
   } catch (error) {
-    if (!isDialogAbortError(error)) showError(i18next.t('messages.file.open.error'));
+    if (!isDialogAbortError(error)) showError(fileFailureText(error, i18next.t('messages.file.open.error')));
   }
 }

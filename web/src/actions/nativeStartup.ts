@@ -2,6 +2,7 @@ import { displayName } from '../../package.json';
 import { type Loading, withLoading } from '../document/loading';
 import { parseToolDocumentInSteps } from '../document/parseToolDocument';
 import { getFileNameFromPath } from '../host/fileHandle';
+import { pathForHost } from '../host/nativePath';
 import { i18next } from '../i18n';
 import { failure, type Result, success } from '../model/result';
 import { useSheetsStore } from '../stores/sheetsStore';
@@ -34,7 +35,7 @@ async function openFile(
   navigate: Navigate,
   loading: Loading,
 ): Promise<Result<boolean>> {
-  const answer = await readFile(path);
+  const answer = await readFile(pathForHost(path));
   if (!answer.success || !answer.data) {
     return unreadable(answer.error || i18next.t('messages.startup.unknownError'));
   }

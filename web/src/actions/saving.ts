@@ -2,6 +2,7 @@ import { WORDS_FILE_TYPE } from '../document/fileType';
 import { isDialogAbortError } from '../host/dialogAbort';
 import type { FileHandle } from '../host/fileHandle';
 import { fileService } from '../host/fileService';
+import { fileFailureText } from '../host/nativePath';
 import { i18next } from '../i18n';
 import { historyPoint, noteSavedAt } from '../stores/history';
 import { useSheetsStore } from '../stores/sheetsStore';
@@ -64,7 +65,7 @@ async function write(file: FileHandle, kind: Kind): Promise<'saved' | 'not saved
     if (isEdited && outcome.success) noteSavedAt(point);
     return outcome.success ? 'saved' : 'not saved';
   } catch (error) {
-    if (!isDialogAbortError(error)) showError(i18next.t('messages.file.save.error'));
+    if (!isDialogAbortError(error)) showError(fileFailureText(error, i18next.t('messages.file.save.error')));
     return 'not saved';
   }
 }

@@ -163,6 +163,12 @@ describe('saving in the native host', () => {
     expect(await save(PATH)).toEqual({ success: false, error });
   });
 
+  test('says of a path that has no way to the host that it cannot be used, instead of waiting for ever', async () => {
+    window.showSaveDialog = async () => ({ success: true, path: '/home/me/a\u007fb.tessary' });
+    await expect(save()).rejects.toThrow('The file name holds the control character U+007F: choose another name');
+    expect(window.writeFile).not.toHaveBeenCalled();
+  });
+
   test.each(['showSaveDialog', 'writeFile'] as const)('throws without %s', async (name) => {
     delete window[name];
     await expect(save(PATH)).rejects.toThrow('C++ backend file dialog binding not available');

@@ -3,6 +3,7 @@ import { openInBrowser, openThroughInput, saveAsDownload, saveInBrowser } from '
 import { type FileHandle, getFileNameFromPath } from './fileHandle';
 import { isCppBackend, isVsCode } from './hostFlags';
 import { FILE_WRITE_FAILED, USER_CANCELLED } from './nativeErrors';
+import { pathForHost } from './nativePath';
 
 export interface OpenedFile {
   fileHandle: FileHandle;
@@ -57,7 +58,7 @@ export class FileService {
     if (!chosen.success) throw new Error(chosen.error || 'Failed to open file');
     if (!chosen.path) throw new Error('No file path returned');
 
-    const read = await readFile(chosen.path);
+    const read = await readFile(pathForHost(chosen.path));
     if (!read.success) throw new Error(read.error || 'Failed to read file');
     return {
       fileHandle: { path: chosen.path, name: getFileNameFromPath(chosen.path) },
@@ -65,7 +66,7 @@ export class FileService {
     };
   }
 
-  /** Never throws for a dialog or write that failed: the failure is returned. */
+  /** Never throws for a dialog or write that failed: the failure is returned. Throws for a path that has no way to the host. */
   async saveFileCppBackend(
     content: string,
     path: string | undefined,
@@ -84,7 +85,7 @@ export class FileService {
     }
     if (!target) return { success: false, error: 'No file path provided' };
 
-    const written = await writeFile(target, content);
+    const written = await writeFile(pathForHost(target), content);
     if (!written.success) return { success: false, error: written.error || FILE_WRITE_FAILED };
     return { success: true, fileHandle: { path: target, name: getFileNameFromPath(target) } };
   }

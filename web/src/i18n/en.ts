@@ -30,6 +30,7 @@ export const en = {
     file: {
       open: { error: 'An error occurred while opening the file' },
       save: { error: 'An error occurred while saving the file' },
+      path: { unusable: 'The file name holds the control character U+007F: choose another name' },
     },
     storage: {
       unkept:
