@@ -116,36 +116,11 @@ TEST_F(DocumentsOnLinux, AreMadeWithThePermissionsOfOrdinaryNewFiles) {
     EXPECT_EQ(status().st_mode & 07777U, 0640U);
 }
 
-static RegularFile::Lock lockOf(const std::string& path) {
-    const RegularFile file = RegularFile::open(path, RegularFile::Access::read);
-    return file.lock(std::chrono::milliseconds(0));
-}
-
-TEST_F(DocumentsOnLinux, HaveOneLockForAllTheirNames) {
-    putBytes(path, "old");
-    const std::string link = folder.file("link");
-    std::filesystem::create_hard_link(path, link);
-    {
-        const RegularFile saving = RegularFile::open(path, RegularFile::Access::readAndWrite);
-        ASSERT_EQ(saving.lock(std::chrono::milliseconds(0)), RegularFile::Lock::held);
-        EXPECT_EQ(lockOf(link), RegularFile::Lock::busy);
-    }
-    EXPECT_EQ(lockOf(link), RegularFile::Lock::held);
-}
-
 TEST_F(DocumentsOnLinux, AreSavedWhileAnotherProgramHoldsTheFolder) {
     putBytes(path, "old");
     const int opened = open(folder.path().c_str(), O_RDONLY | O_DIRECTORY);
     ASSERT_EQ(flock(opened, LOCK_EX | LOCK_NB), 0);
-    EXPECT_EQ(lockOf(path), RegularFile::Lock::held);
     save(path);
     save(folder.file("new one"));
     close(opened);
-}
-
-TEST_F(DocumentsOnLinux, AreSavedWhileAProgramThatHangsHasTheTurn) {
-    putBytes(path, "old");
-    const RegularFile hanging = RegularFile::open(path, RegularFile::Access::readAndWrite);
-    ASSERT_EQ(hanging.lock(std::chrono::milliseconds(0)), RegularFile::Lock::held);
-    save(path);
 }

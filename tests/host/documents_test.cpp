@@ -84,3 +84,27 @@ TEST_F(DocumentsOnDisk, LeavesOneOfTwoTextsThatAreSavedAtTheSameMoment) {
     }
     EXPECT_EQ(whole, rounds);
 }
+
+TEST_F(DocumentsOnDisk, HaveOneLockForAllTheirNames) {
+    const std::string link = folder.file("link");
+    putBytes(path, "text");
+    std::filesystem::create_hard_link(path, link);
+    const auto lockOf = [](const std::string& name) {
+        return RegularFile::open(name, RegularFile::Access::read).lock(std::chrono::milliseconds(0));
+    };
+    {
+        const RegularFile saving = RegularFile::open(path, RegularFile::Access::readAndWrite);
+        ASSERT_EQ(saving.lock(std::chrono::milliseconds(0)), RegularFile::Lock::held);
+        EXPECT_EQ(lockOf(link), RegularFile::Lock::busy);
+        expectRead("text");
+    }
+    EXPECT_EQ(lockOf(link), RegularFile::Lock::held);
+}
+
+TEST_F(DocumentsOnDisk, AreSavedWhileAProgramThatHangsHasTheTurn) {
+    putBytes(path, "old");
+    const RegularFile hanging = RegularFile::open(path, RegularFile::Access::readAndWrite);
+    ASSERT_EQ(hanging.lock(std::chrono::milliseconds(0)), RegularFile::Lock::held);
+    EXPECT_TRUE(Documents().write(path, "new").success);
+    EXPECT_EQ(bytesOf(path), "new");
+}

@@ -1,26 +1,12 @@
 #include <windows.h>
 // windows.h must come first
 #include <gtest/gtest.h>
-#include <sddl.h>
 
 #include <string>
 
+#include "access_list_windows.h"
 #include "bridge/files/rescue_folder.h"
 #include "temporary_folder.h"
-
-static std::wstring accessOf(const std::filesystem::path& path) {
-    BYTE descriptor[4096];
-    DWORD size = 0;
-    if (GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, descriptor, sizeof descriptor, &size) == FALSE) {
-        return {};
-    }
-    LPWSTR text = nullptr;
-    ConvertSecurityDescriptorToStringSecurityDescriptorW(descriptor, SDDL_REVISION_1, DACL_SECURITY_INFORMATION, &text,
-                                                         nullptr);
-    std::wstring rules = text == nullptr ? L"" : text;
-    LocalFree(text);
-    return rules;
-}
 
 TEST(ARescueFolderOnWindows, IsInTheLocalApplicationData) {
     wchar_t before[MAX_PATH] = {};

@@ -1,12 +1,11 @@
 #include <windows.h>
 // windows.h must come first
-#include <aclapi.h>
-
 #include <algorithm>
 #include <array>
 #include <initializer_list>
 #include <thread>
 #include <utility>
+#include <vector>
 
 #include "bridge/files/regular_file.h"
 #include "bridge/text/utf16_windows.h"
@@ -23,29 +22,23 @@ struct RegularFile::Handle {
     HANDLE file;
 };
 
-namespace {
-/// What the system says about a file's protection. Its parts live as long as this.
-class Protection {
-public:
-    explicit Protection(HANDLE file) {
-        const SECURITY_INFORMATION wanted = OWNER_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION;
-        if (GetSecurityInfo(file, SE_FILE_OBJECT, wanted, &owner, nullptr, &access, nullptr, &descriptor_) !=
-            ERROR_SUCCESS) {
-            owner = nullptr;
-            access = nullptr;
-        }
-    }
-    ~Protection() { LocalFree(descriptor_); }
-    Protection(const Protection&) = delete;
-    Protection& operator=(const Protection&) = delete;
+/// A part of the file's protection; empty when the system does not give it.
+static std::vector<BYTE> protectionOf(HANDLE file, SECURITY_INFORMATION part) {
+    DWORD size = 0;
+    GetKernelObjectSecurity(file, part, nullptr, 0, &size);
+    std::vector<BYTE> descriptor(size);
+    if (GetKernelObjectSecurity(file, part, descriptor.data(), size, &size) == FALSE) descriptor.clear();
+    return descriptor;
+}
 
+/// Points into `descriptor`; null when that has no owner.
+static PSID ownerIn(std::vector<BYTE>& descriptor) {
     PSID owner = nullptr;
-    PACL access = nullptr;
-
-private:
-    PSECURITY_DESCRIPTOR descriptor_ = nullptr;
-};
-}  // namespace
+    BOOL byDefault = FALSE;
+    if (descriptor.empty() || GetSecurityDescriptorOwner(descriptor.data(), &owner, &byDefault) == FALSE)
+        return nullptr;
+    return owner;
+}
 
 RegularFile::RegularFile(std::unique_ptr<Handle> handle, std::error_code error)
     : handle_(std::move(handle)), error_(error) {}
@@ -110,9 +103,11 @@ bool RegularFile::hasSeveralNames() const {
 }
 
 bool RegularFile::hasSameOwnerAs(const RegularFile& other) const {
-    const Protection own(handle_->file);
-    const Protection others(other.handle_->file);
-    return own.owner != nullptr && others.owner != nullptr && EqualSid(own.owner, others.owner) != FALSE;
+    auto own = protectionOf(handle_->file, OWNER_SECURITY_INFORMATION);
+    auto others = protectionOf(other.handle_->file, OWNER_SECURITY_INFORMATION);
+    const PSID owner = ownerIn(own);
+    const PSID otherOwner = ownerIn(others);
+    return owner != nullptr && otherOwner != nullptr && EqualSid(owner, otherOwner) != FALSE;
 }
 
 RegularFile::Lock RegularFile::lock(std::chrono::milliseconds patience) const {
@@ -131,11 +126,11 @@ RegularFile::Lock RegularFile::lock(std::chrono::milliseconds patience) const {
 }
 
 void RegularFile::takeAccessOf(const RegularFile& other) {
-    const Protection wanted(other.handle_->file);
-    if (wanted.access == nullptr) return;
+    auto access = protectionOf(other.handle_->file, DACL_SECURITY_INFORMATION);
+    if (access.empty()) return;
     // What the folder grants to new files is not granted beside it.
-    SetSecurityInfo(handle_->file, SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | PROTECTED_DACL_SECURITY_INFORMATION,
-                    nullptr, nullptr, wanted.access, nullptr);
+    SetKernelObjectSecurity(handle_->file, DACL_SECURITY_INFORMATION | PROTECTED_DACL_SECURITY_INFORMATION,
+                            access.data());
 }
 
 static bool seek(HANDLE file, DWORD from) { return SetFilePointerEx(file, LARGE_INTEGER{}, nullptr, from) != FALSE; }

@@ -51,13 +51,21 @@ test('a document that was removed while it is open is whole again after a save',
   expect(await program.close()).toBe(0);
 });
 
-test('a document stays on screen when its folder was removed', async ({ open, sandbox }) => {
+test('a document whose folder was removed stays on screen, and its text is kept elsewhere', async ({
+  open,
+  sandbox,
+}) => {
   const file = sandbox.write(`folder/${NAME}`, documentText({ int: '0x5' }));
   const program = await open([file]);
   await edit(program, '6');
   rmSync(join(sandbox.documents, 'folder'), { recursive: true });
+  const kept = join(sandbox.home, '.local/state/tessary/mine (not saved).words.tessary');
   await save(program);
+  await noticeSays(program, `“${NAME}” could not be saved`, 'No such file or directory', file, kept);
+  expect(savedValues(kept)).toEqual(['0x6']);
   await edit(program, '7');
+  await save(program);
+  expect(savedValues(kept)).toEqual(['0x7']);
   expect(await program.close()).toBe(0);
 });
 

@@ -6,6 +6,7 @@ import { barShows, enterValue, savedValues, shown } from '../support/linux/nativ
 import { noNotice, noticeSays, noticeText } from '../support/linux/notice';
 import type { Program } from '../support/linux/program';
 import { documentText } from '../support/shared/documents';
+import { tools } from '../support/shared/paths';
 
 /** A sandbox whose documents are on a disk of their own, of so many KiB, with one document on it. */
 function onSmallDisk(
@@ -121,6 +122,26 @@ test('the copy of a save that was cut off opens like any document', async ({ ope
   program.desktop.press('ctrl+s');
   await barShows(program, 'mine.words.tessary.new-text');
   expect(savedValues(copy)).toEqual(['0x7']);
+});
+
+test('a document that cannot be flushed is reported, with its text in the copy, until it can', async ({
+  open,
+  sandbox,
+}) => {
+  const file = sandbox.write('mine.words.tessary', documentText({ int: '0x5' }));
+  const env = { LD_PRELOAD: `${tools}/failing_flush.so`, FAILING_FLUSH: file };
+  const program = await open([file], { env });
+  for (const value of ['6', '7']) {
+    await enterValue(program, value);
+    program.desktop.press('ctrl+s');
+    await barShows(program, 'mine.words.tessary');
+    await noticeSays(program, '“mine.words.tessary” could not be saved', 'Input/output error', copyOf(file));
+    expect(savedValues(copyOf(file))).toEqual([`0x${value}`]);
+    expect(readdirSync(sandbox.documents)).toEqual(['mine.words.tessary', 'mine.words.tessary.new-text']);
+  }
+  await program.close();
+  await shown(await open([file]), '7');
+  expect(readdirSync(sandbox.documents)).toEqual(['mine.words.tessary']);
 });
 
 test('a notice waits for nothing: the page goes on, and Escape closes it', async ({ open, sandbox }) => {

@@ -58,7 +58,7 @@ test('a text that could not be saved is in the rescue folder, and a notice says 
   await noticeSays(program, '“rescued.words.tessary” could not be saved', file, `AppData\\Local\\Tessary\\${name}`);
   const rescued = join(rescueFolder(prefix), name);
   expect(readFileSync(rescued, 'utf8')).toBe('text');
-  expect(statSync(rescueFolder(prefix)).mode & 0o77).toBe(0);
+  expect(statSync(rescueFolder(prefix)).mode & 0o7).toBe(0);
   mkdirSync(join(sandbox.documents, 'gone'));
   expect(await program.call('writeFile', file, 'text')).toEqual({ success: true });
   await noNotice(program);

@@ -3,13 +3,14 @@ import { mkdirSync } from 'node:fs';
 import { tools, toolSources } from '../shared/paths';
 
 /** Builds what no package of Debian 12 brings: to ask a window to close, to read what a
- * screen reader gets, to drag something into a window, and to set a clock. */
+ * screen reader gets, to drag something into a window, to set a clock, and to break a disk. */
 export default function buildTools() {
   mkdirSync(tools, { recursive: true });
   build('close_window', 'x11');
   build('accessible_tree', 'atspi-2', 'gobject-2.0');
   build('drag_source', 'gtk+-3.0');
   compile('fake_clock', 'fake_clock.so', '-shared', '-fPIC');
+  compile('failing_flush', 'failing_flush.so', '-shared', '-fPIC');
 }
 
 function build(name: string, ...libraries: string[]) {
