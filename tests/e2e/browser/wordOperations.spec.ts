@@ -62,6 +62,8 @@ test.describe('an operation that is typed', () => {
     await expect(page.getByText('Count must be 0 to 63')).toBeVisible();
     await page.keyboard.press('Enter');
     await expect(value).toHaveValue('3');
+    await page.keyboard.press('Control+z');
+    await expect(value).toHaveValue('3');
     await page.keyboard.press('Control+a');
     await page.keyboard.type('shr 1');
     await expect(page.getByText('Bits are lost')).toBeVisible();

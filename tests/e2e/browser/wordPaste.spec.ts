@@ -16,7 +16,7 @@ test.describe('pasting into a word', () => {
     await bits.focus();
     await page.keyboard.press('Control+v');
     await expect(value).toHaveValue(`3735928559`);
-    await expect(tool.status).toHaveText('Pasted 0xdeadbeef, number, base 16');
+    await expect(tool.status).toHaveText('Pasted 0xdeadbeef, base 16');
     await expect(bits).toBeFocused();
     await expect(form(page)).toBeHidden();
     await page.keyboard.press('Control+z');
@@ -42,11 +42,13 @@ test.describe('pasting into a word', () => {
 
   test('takes a color at once where a color is', async ({ page, enter }) => {
     const tool = new WordsTool(page);
-    await tool.open(enter, { int: 0 });
+    await tool.open(enter, { int: '0x40000000' });
     await put(page, '#ff8000');
     await tool.color(1).getByRole('button', { name: 'Color notation' }).focus();
     await page.keyboard.press('Control+v');
-    await expect(tool.word(32, 1).value).toHaveValue(`4278223103`);
+    await expect(tool.word(32, 1).value).toHaveValue('1073774847'); // 0x400080ff: the alpha stays
+    await page.keyboard.press('Control+c');
+    await expect.poll(() => page.evaluate(() => navigator.clipboard.readText())).toBe('#ff800040');
   });
 
   test('shows how a list is read, what changes, and applies it with Enter', async ({
@@ -100,6 +102,7 @@ test.describe('pasting into a word', () => {
     await page.getByRole('button', { name: 'Widen to 512' }).click();
     await page.getByRole('button', { name: 'Apply' }).click();
     await expect(tool.word(512, 1).value).toHaveValue(`${(1n << 264n) - 1n}`);
+    await expect.poll(() => page.evaluate(() => document.activeElement?.tagName)).not.toBe('BODY');
     await page.keyboard.press('Control+z');
     await expect(tool.word(256, 1).value).toHaveValue('5');
     await expect(tool.status).toHaveText('Undid paste, Int 512 word 1');

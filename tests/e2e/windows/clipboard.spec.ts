@@ -38,7 +38,7 @@ test('a pasted text becomes the word, and a list is asked about', async ({ open,
   await focusBits(program);
   await paste('0xdead_beef');
   await showsValue(program, String(0xdeadbeef));
-  await program.shows('Pasted 0xdeadbeef, number, base 16');
+  await program.shows('Pasted 0xdeadbeef, base 16');
   await paste('{0x12, 0x34}');
   await program.shows('Read as');
   await program.page.evaluate(() => {

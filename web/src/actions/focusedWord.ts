@@ -1,3 +1,5 @@
+import { colorOfBlock } from '../model/color/colorWord';
+import { formatColor } from '../model/color/formatColor';
 import { formatInteger } from '../model/integer/formatInteger';
 import { wordCount } from '../model/integer/wordLayout';
 import { isSigned } from '../model/sheet/signMap';
@@ -19,15 +21,11 @@ export function valueOf({ bits, index }: ChangedWord): bigint {
   return useSheetStore.getState().int.getWord(bits, index);
 }
 
-/** The text of a word's main field. */
+/** The text of a word's main field; of a color, all of it in hexadecimal digits. */
 export function mainText(word: ChangedWord): string {
+  if (word.type === 'color32') return formatColor(colorOfBlock(valueOf(word)), 'HEXA');
   const { signMap } = useSheetStore.getState();
-  return formatInteger(
-    valueOf(word),
-    10,
-    word.bits,
-    word.type === 'integer' && isSigned(signMap, word.index, word.bits),
-  );
+  return formatInteger(valueOf(word), 10, word.bits, isSigned(signMap, word.index, word.bits));
 }
 
 /** The word at the same place in the sheet with a name, as far as that sheet has it; undefined where there is none. */

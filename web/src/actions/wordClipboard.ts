@@ -1,6 +1,7 @@
 import { i18next } from '../i18n';
 import { type ByteOrder, codeFormsFor } from '../model/code/codeForms';
-import { type Reading, wordOf } from '../model/text/reading';
+import { colorOfBlock, withColor } from '../model/color/colorWord';
+import { OPAQUE_BITS, type Reading, wordOf } from '../model/text/reading';
 import { readText } from '../model/text/readText';
 import type { ChangedWord } from '../stores/changeCause';
 import { isTextField } from '../ui/alteredText';
@@ -53,6 +54,12 @@ export function readingName({ kind, detail }: Reading): string {
   return detail === undefined ? name : `${name}, ${detail}`;
 }
 
+/** The word that a reading makes of another one: a color that names no alpha keeps that of the word. */
+export function pastedOver(word: ChangedWord, value: bigint, { kind, itemBits }: Reading): bigint {
+  const keepsAlpha = word.type === 'color32' && kind === 'color' && itemBits === OPAQUE_BITS;
+  return keepsAlpha ? withColor(valueOf(word), colorOfBlock(value), false) : value;
+}
+
 /** Takes a text over that is one plain number and fits, or a color where one is wanted; asks about any other. */
 export function pasteText(word: ChangedWord, text: string): void {
   const readings = readText(text);
@@ -65,9 +72,11 @@ export function pasteText(word: ChangedWord, text: string): void {
   applyPaste(word, value.value, reading);
 }
 
-export function applyPaste(word: ChangedWord, value: bigint, reading: Reading, resolution?: number): void {
+export function applyPaste(word: ChangedWord, read: bigint, reading: Reading, resolution?: number): void {
+  const value = pastedOver(word, read, reading);
   writeWord(word, value, i18next.t('panels.pasteStep'), resolution);
-  showStatus(i18next.t('panels.pasted', { value: `0x${value.toString(16)}`, reading: readingName(reading) }));
+  const how = reading.kind === 'number' ? reading.detail! : readingName(reading);
+  showStatus(i18next.t('panels.pasted', { value: `0x${value.toString(16)}`, reading: how }));
 }
 
 /** Opens the form for pasting, which is filled with what is on the clipboard as far as the page may read it. */

@@ -1,6 +1,7 @@
 /** Texts of the menu of a word and of the forms that act on it. */
 export const panelTexts = {
-  copied: 'Copied {{count}} characters',
+  copied_one: 'Copied {{count}} character',
+  copied_other: 'Copied {{count}} characters',
   copyByHand: 'The clipboard cannot be written. Press {{keys}} to copy.',
   text: 'Text',
   paste: 'Paste',

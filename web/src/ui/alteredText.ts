@@ -31,10 +31,14 @@ export function isAltered(field: TextElement): boolean {
   return field.value !== (shownTexts.get(field) ?? field.defaultValue);
 }
 
-/** Whether the keyboard is in such a field. */
+/** Whether the keyboard is in such a field, or in one of a form over the page, which is only there to be typed in. */
 export function isTextBeingAltered(): boolean {
   const { activeElement } = document;
-  return isTextField(activeElement) && !activeElement.readOnly && isAltered(activeElement);
+  return (
+    isTextField(activeElement) &&
+    !activeElement.readOnly &&
+    (isAltered(activeElement) || activeElement.closest('[data-popup]') !== null)
+  );
 }
 
 function mark(field: TextElement): void {

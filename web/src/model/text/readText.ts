@@ -8,7 +8,7 @@ import { readFloat } from './floatText';
 import { readList } from './list';
 import { type Literal, readLiteral } from './literal';
 import { readPlainText, readQuoted, unquoted } from './quoted';
-import { bytesReading, type ItemOrder, numberReading, type Reading } from './reading';
+import { bytesReading, type ItemOrder, numberReading, OPAQUE_BITS, type Reading } from './reading';
 
 /** Characters; a text for the widest sheet has far fewer. */
 export const LONGEST_READ_TEXT = 16_384;
@@ -92,7 +92,9 @@ function ofLiteral({ value, base, bits }: Literal): Reading {
 
 function colorReading(text: string): Reading[] {
   const color = text.length < 100 ? parseColor(text) : failure('');
-  return color.ok ? [numberReading('color', blockOfColor(color.value.color), 32)] : [];
+  return color.ok
+    ? [numberReading('color', blockOfColor(color.value.color), color.value.hasAlpha ? 32 : OPAQUE_BITS)]
+    : [];
 }
 
 const FROM_HEX = /(?:from_?hex|unhexlify|decodeHex)\w*\(\s*["']([\da-f\s]+)["']/i;

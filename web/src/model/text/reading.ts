@@ -4,6 +4,9 @@ import { encodeFloatText, type FloatText } from './floatText';
 /** Which item of a list is the most significant: its first or its last. */
 export type ItemOrder = 'first' | 'last';
 
+/** Width in bits of a color's reading that says nothing about alpha, which it then takes for opaque. */
+export const OPAQUE_BITS = 24;
+
 export type ReadingKind =
   | 'number'
   | 'words'

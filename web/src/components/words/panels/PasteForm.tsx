@@ -1,12 +1,14 @@
 import { type KeyboardEvent, useEffect, useId, useLayoutEffect, useMemo, useRef, useState } from 'react';
+import { flushSync } from 'react-dom';
 import { endPreview, previewChange } from '../../../actions/shownChange';
-import { applyPaste, readClipboard, readingName } from '../../../actions/wordClipboard';
+import { applyPaste, pastedOver, readClipboard, readingName } from '../../../actions/wordClipboard';
 import { closePanel } from '../../../actions/wordPanel';
 import { i18next } from '../../../i18n';
 import { integerWidths, PICKER_RESOLUTIONS } from '../../../model/sheet/resolutions';
 import { bitsNeeded, type ItemOrder, type Reading, wordOf } from '../../../model/text/reading';
 import { LONGEST_READ_TEXT, readText } from '../../../model/text/readText';
 import { useSheetStore } from '../../../stores/sheetStore';
+import { blockId, controlOf } from '../wordNavigation';
 import type { FormProps } from './formProps';
 import styles from './panels.module.css';
 import { ValueChange } from './ValueChange';
@@ -37,7 +39,8 @@ export function PasteForm({ word, initial }: FormProps) {
   const order = chosenOrder ?? reading?.order ?? 'first';
   const result = reading && wordOf(reading, target.bits, order);
   const before = int.withResolution(resolution).getWord(target.bits, target.index);
-  const value = result?.ok ? result.value : undefined;
+  const type = target.bits === word.bits && target.index === word.index ? word.type : 'integer';
+  const value = result?.ok ? pastedOver({ type, ...target }, result.value, reading!) : undefined;
   const isSame = target.bits <= int.resolution;
   const changed = value === undefined || !isSame ? 0n : (value ^ before) << BigInt(target.bits * target.index);
   useEffect(() => previewChange(id, changed), [id, changed]);
@@ -48,9 +51,11 @@ export function PasteForm({ word, initial }: FormProps) {
 
   const apply = () => {
     if (value === undefined) return field.current!.focus();
-    const type = target.bits === word.bits && target.index === word.index ? word.type : 'integer';
     closePanel(false);
-    applyPaste({ type, ...target }, value, reading!, resolution === int.resolution ? undefined : resolution);
+    const isWider = resolution !== int.resolution;
+    flushSync(() => applyPaste({ type, ...target }, value, reading!, isWider ? resolution : undefined));
+    // At another width the field can be another element.
+    if (document.activeElement === document.body) focusMainField(target.bits, target.index);
   };
   const onKeyDown = (event: KeyboardEvent) => {
     if (event.key !== 'Enter' || event.shiftKey || event.target instanceof HTMLButtonElement) return;
@@ -139,6 +144,11 @@ export function PasteForm({ word, initial }: FormProps) {
       </div>
     </div>
   );
+}
+
+function focusMainField(bits: number, index: number): void {
+  const block = document.getElementById(blockId(`integer:${bits}`, index));
+  if (block) controlOf(block, 'value')?.focus();
 }
 
 /** The first reading; where it is too wide, digits that can be binary, or another register. Mere characters have to be asked for. */
