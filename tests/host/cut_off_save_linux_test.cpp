@@ -96,13 +96,16 @@ constexpr std::array<std::size_t, 3> sizes{2'000, 200'000, 4'000'000};
 
 TEST(AKill, LeavesADocumentThatIsWholeWhenItIsOpened) {
     int cutOff = 0;
-    for (const std::size_t size : sizes) {
+    const auto killWhileSaving = [&cutOff](std::size_t size) {
         const Tally tally = Saving(size).killOverADocument();
         std::cout << size << " bytes, " << kills << " kills: " << tally.cutOff << " documents cut off, " << tally.whole
                   << " whole when opened\n";
         EXPECT_EQ(tally.whole, kills) << size;
         cutOff += tally.cutOff;
-    }
+    };
+    for (const std::size_t size : sizes) killWhileSaving(size);
+    // A few kills may all miss the short time in which the document is in part.
+    for (int more = 0; cutOff == 0 && more < 20; ++more) killWhileSaving(sizes.back());
     EXPECT_GT(cutOff, 0) << "no kill came in the middle of a document: this shows nothing";
 }
 
