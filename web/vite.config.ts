@@ -1,4 +1,5 @@
 import react from '@vitejs/plugin-react';
+import { readFileSync } from 'node:fs';
 import { fileURLToPath } from 'node:url';
 import { defineConfig } from 'vite';
 import { VitePWA } from 'vite-plugin-pwa';
@@ -9,6 +10,7 @@ import metadata from './package.json' with { type: 'json' };
 
 const iconFile = fileURLToPath(new URL('../resources/icon.svg', import.meta.url));
 const decodeEntities = fileURLToPath(new URL('./src/ui/decodeEntities.ts', import.meta.url));
+const sampleFile = fileURLToPath(new URL('../sample.words.tessary', import.meta.url));
 const packagesFile = fileURLToPath(new URL('../build/page-packages.json', import.meta.url));
 
 // For web servers the page registers its worker. The desktop program's page never does: its port, and with it the
@@ -21,6 +23,7 @@ const cachedToo = ['registerSW.js', '**/*.{ico,png,svg}'];
 export default defineConfig({
   base: '/',
   resolve: { alias: { 'html-entities': decodeEntities } },
+  define: { SAMPLE_DOCUMENT: JSON.stringify(readFileSync(sampleFile, 'utf8')) },
   plugins: [
     react(),
     iconPlugin(iconFile),

@@ -111,9 +111,7 @@ test.describe('sheet tabs', () => {
     await page.keyboard.press('Delete');
     await expect(page.getByRole('tab')).toHaveText(['Second', 'Third']);
     await expect(selected).toBeFocused();
-    await page.keyboard.press('Tab');
-    await expect(page.getByRole('button', { name: 'Close Third' })).toBeFocused();
-    await page.keyboard.press('Enter');
+    await page.keyboard.press('Delete');
     await expect(page.getByRole('tab')).toHaveText(['Second']);
     await expect(selected).toBeFocused();
   });

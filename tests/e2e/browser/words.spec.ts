@@ -126,7 +126,7 @@ test.describe('text fields', () => {
       [2, '102', "Invalid character '2' for base 2. Valid characters: 01 (case insensitive)"],
     ] as const) {
       await enterText(word.base(base), text);
-      await expect(tool.warning.last()).toHaveText(reason);
+      await expect(tool.warning.last()).toContainText(reason);
     }
     await expect(word.value).toHaveValue('255');
   });

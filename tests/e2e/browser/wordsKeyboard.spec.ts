@@ -114,8 +114,20 @@ test.describe('by keyboard alone', () => {
       await expect(list).toContainText(shown);
     }
     await expectAccessible();
+    await expect(list.getByRole('searchbox')).toBeFocused();
+    await page.keyboard.type('save as');
+    await expect(list.getByRole('definition')).toHaveText(['Save As']);
     await page.keyboard.press('Escape');
     await expect(keys).toBeFocused();
+  });
+
+  test('F1 opens the list of keys from everywhere, without a document, too', async ({ page, enter }) => {
+    await enter();
+    await page.getByRole('link', { name: 'Open Words Tool' }).waitFor();
+    await page.keyboard.press('F1');
+    await expect(page.getByRole('dialog', { name: 'Keys' })).toContainText('Ctrl+O');
+    await page.keyboard.press('F1');
+    await expect(page.getByRole('dialog')).toHaveCount(0);
   });
 });
 

@@ -11,6 +11,8 @@ import { showError } from '../ui/notifications';
 import { requestFirstWordFocus } from './firstWordFocus';
 import { mayDiscardChanges } from './unsavedChangesPrompt';
 
+const SAMPLE_FILE_NAME = 'sample.words.tessary';
+
 /** The router's way to a route of the page. */
 export type Navigate = (route: string) => void | Promise<void>;
 
@@ -41,6 +43,14 @@ export function openFileOf(
     const kept = await handle;
     return { fileHandle: { name: file.name, ...(kept && { handle: kept }) }, content: await file.text() };
   }, navigate);
+}
+
+/** Shows a document to try things with. Nothing is lost when it goes again. */
+export async function openSample(navigate: Navigate): Promise<void> {
+  const { documentFile: before, updateWordsDocumentFileState } = useSheetsStore.getState();
+  await openWith(() => Promise.resolve({ fileHandle: { name: SAMPLE_FILE_NAME }, content: SAMPLE_DOCUMENT }), navigate);
+  const { documentFile } = useSheetsStore.getState();
+  if (documentFile !== before) updateWordsDocumentFileState(documentFile);
 }
 
 /** Closes the document. Asks first when changes would be lost. */

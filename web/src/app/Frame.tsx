@@ -1,5 +1,6 @@
 import cc from 'classcat';
 import { useDocumentKeys } from '../commands/useDocumentCommands';
+import { KeysDialog } from '../components/KeysDialog';
 import { LoadingProgress } from '../components/LoadingProgress';
 import { UnsavedChangesDialog } from '../components/UnsavedChangesDialog';
 import { useDocumentDrop } from '../components/useDocumentDrop';
@@ -19,6 +20,7 @@ export function Frame() {
       {!isVsCode && <Rail />}
       <FadingOutlet />
       <UnsavedChangesDialog />
+      <KeysDialog />
       <LoadingProgress />
     </div>
   );

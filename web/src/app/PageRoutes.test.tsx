@@ -33,6 +33,11 @@ describe('the welcome page', () => {
       'View each base integer resolution split words',
       'Convert each integer to various bases from 2 to 64 and float values',
       'View and manipulate integer RGBA colors',
+      'Open a sample document',
+      'Drop a document file anywhere on this page',
+      'Ctrl+O Open',
+      'F1 List and search all keys',
+      'See every key',
     ]);
   });
 

@@ -1,3 +1,4 @@
+import { toggleKeysHelp } from '../actions/keysHelp';
 import { showNeighbourSheet } from '../actions/sheetActions';
 import { areNoticesOpen, closeNotices } from '../ui/notifications';
 import { goToRegion } from '../ui/regions';
@@ -5,6 +6,13 @@ import type { Command } from './command';
 
 /** What the keyboard does to the page around the sheet, wherever the focus is. */
 export const FRAME_COMMANDS: readonly Command<unknown>[] = [
+  {
+    id: 'help.keys',
+    keys: ['F1'],
+    label: 'commands.help.keys',
+    hosts: ['native', 'browser'],
+    run: toggleKeysHelp,
+  },
   {
     id: 'region.next',
     keys: ['F6'],

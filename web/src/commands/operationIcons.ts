@@ -1,7 +1,7 @@
 /** The operations of a word as they are shown, in the order in which they are offered. */
 export const OPERATION_ICONS = [
-  { id: 'none', icon: '0' },
-  { id: 'all', icon: '1' },
+  { id: 'none', icon: '=0' },
+  { id: 'all', icon: '=1' },
   { id: 'random', icon: '?' },
   { id: 'bitwise-not', icon: '~' },
   { id: 'shift-left', icon: '<<' },

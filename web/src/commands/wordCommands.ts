@@ -1,6 +1,11 @@
+import { i18next } from '../i18n';
+import { formatInteger } from '../model/integer/formatInteger';
 import { allBits } from '../model/integer/wordOperations';
+import { definitionLabel } from '../model/sheet/numberDefinitions';
+import { isSigned } from '../model/sheet/signMap';
 import { withCause } from '../stores/changeCause';
 import { type SheetOperations, useSheetStore } from '../stores/sheetStore';
+import { showStatus } from '../ui/statusMessage';
 import type { Command } from './command';
 import { DIGIT_OR_LETTER } from './keyChord';
 import { OPERATION_ICONS, type OperationId } from './operationIcons';
@@ -36,11 +41,28 @@ export const WORD_OPERATIONS: readonly WordOperation[] = OPERATION_ICONS.map(({ 
   icon,
   keys: [],
   label: `words.operations.${id}`,
-  run: ({ width, index }) =>
+  run({ width, index }) {
     withCause({ kind: id, word: { type: 'integer', bits: width, index } }, () =>
       CHANGES[id](useSheetStore.getState(), index, width),
-    ),
+    );
+    showStatus(outcome(id, width, index));
+  },
 }));
+
+/** Numbers longer than this are shortened where they are only reported. */
+const LONGEST_REPORT = 40;
+
+/** What an operation made of a word, for the status line, where a screen reader hears it. */
+function outcome(id: OperationId, width: number, index: number): string {
+  const { int, signMap } = useSheetStore.getState();
+  const value = formatInteger(int.getWord(width, index), 10, width, isSigned(signMap, index, width));
+  const isLong = value.length > LONGEST_REPORT;
+  return i18next.t('words.changed', {
+    action: i18next.t(`words.operations.${id}`),
+    word: i18next.t('words.block', { row: definitionLabel({ type: 'integer', bits: width }), number: index + 1 }),
+    value: isLong ? `${value.slice(0, LONGEST_REPORT)}…` : value,
+  });
+}
 
 export type Direction = 'left' | 'right' | 'up' | 'down';
 

@@ -1,5 +1,6 @@
 import Button from '@mui/joy/Button';
 import Typography from '@mui/joy/Typography';
+import cc from 'classcat';
 import { useRef } from 'react';
 import { useTranslation } from 'react-i18next';
 import { type Command, shortcutLabel } from '../commands/command';
@@ -71,9 +72,10 @@ function FileName() {
   const { t } = useTranslation();
   const file = useSheetsStore((store) => store.documentFile);
   const isUnsaved = useSheetsStore((store) => store.isUnsaved);
+  const hasPlace = file?.path !== undefined || file?.handle !== undefined;
   return (
     <Tooltip describes text={file?.path ?? t('messages.document.store.unstoredDocument')} style={FILE_NAME}>
-      <Typography level="body-sm" noWrap sx={{ paddingLeft: 2, minWidth: 0 }}>
+      <Typography level="body-sm" noWrap className={cc([styles.fileName, !hasPlace && styles.unstored])}>
         {file?.name}
         {isUnsaved && '*'}
       </Typography>

@@ -5,6 +5,7 @@ import { newDocument, openDocument } from '../actions/documentActions';
 import { useDocumentTarget } from '../commands/useDocumentCommands';
 import { ActionLink } from '../ui/ActionLink';
 import styles from './EmptyTool.module.css';
+import { FirstSteps } from './FirstSteps';
 
 /** What the Words tool shows while there is no sheet. */
 export function EmptyTool() {
@@ -30,6 +31,7 @@ export function EmptyTool() {
           }}
         />
       </Typography>
+      <FirstSteps />
     </div>
   );
 }

@@ -5,6 +5,7 @@ import { VscClose } from 'react-icons/vsc';
 import { runCommand } from '../commands/command';
 import { TAB_COMMANDS, type TabTarget } from '../commands/tabCommands';
 import { useSheetsStore } from '../stores/sheetsStore';
+import { hoverTitle } from '../ui/hoverTitle';
 import { SheetNameEditor } from './SheetNameEditor';
 import { SHEET_PANEL_ID } from './sheetPanel';
 import styles from './SheetTab.module.css';
@@ -56,8 +57,8 @@ export const SheetTab = memo(function SheetTab(props: SheetTabProps) {
         aria-posinset={position}
         aria-setsize={count}
         aria-keyshortcuts={isClosable ? 'Delete F2' : 'F2'}
-        tabIndex={isActive ? 0 : -1}
-        title={shownName}
+        tabIndex={isActive && !isEditing ? 0 : -1}
+        {...hoverTitle(shownName)}
         onClick={() => setActiveSheet(sheetId)}
         onDoubleClick={() => setEditing(true)}
         onKeyDown={onKeyDown}

@@ -15,6 +15,7 @@ import { runCommand } from '../commands/command';
 import { TOOLBAR_COMMANDS } from '../commands/toolbarCommands';
 import { isVsCode } from '../host/hostFlags';
 import { useSheetsStore } from '../stores/sheetsStore';
+import { hoverTitle } from '../ui/hoverTitle';
 import { SheetTab } from './SheetTab';
 import styles from './SheetTabs.module.css';
 import { createTitleSelector } from './sheetTitles';
@@ -75,10 +76,14 @@ export function SheetTabs() {
     if (event.deltaX === 0) strip.current!.scrollLeft += event.deltaY;
   };
   // The arrow keys go on from the last tab to the button that adds one.
+  // The arrow keys go on from the last tab to the button that adds one.
   const onAddKey = (event: KeyboardEvent) =>
     void runCommand(TOOLBAR_COMMANDS, event, {
-      move: (place) =>
-        (place === 'previous' || place === 'first') && document.getElementById(tabId(activeIndex))?.focus(),
+      move(place) {
+        if (place === 'next' || place === 'last') return;
+        document.getElementById(tabId(activeIndex))?.focus();
+        if (place === 'first') show('first');
+      },
     });
   const add = () => {
     useSheetsStore.getState().addSheet();
@@ -115,7 +120,7 @@ export function SheetTabs() {
         type="button"
         tabIndex={-1}
         aria-label={t('sheets.add')}
-        title={t('sheets.add')}
+        {...hoverTitle(t('sheets.add'))}
         onClick={add}
         onKeyDown={onAddKey}
         className={styles.add}

@@ -10,6 +10,7 @@ export const commandTexts = {
   },
   history: { undo: 'Undo', redo: 'Redo' },
   page: { reload: 'Reload' },
+  help: { keys: 'List and search all keys' },
   region: { next: 'Go to the next bar, or to the sheet', previous: 'Go to the bar or sheet before' },
   sheet: { next: 'Show the next sheet', previous: 'Show the sheet before' },
   notice: { close: 'Close notifications' },

@@ -72,6 +72,11 @@ export const en = {
     shortcut: '{{action}} ({{keys}})',
     closeNotice: 'Close the notification',
   },
+  firstSteps: {
+    sample: 'Open a sample document',
+    drop: 'Drop a document file anywhere on this page',
+    keys: 'See every key',
+  },
   welcome: {
     words: {
       text: 'A utility tool to view and manipulate variable integer resolutions and many basic and advanced binary representations and formats.',

@@ -6,6 +6,7 @@ import type { ReactNode } from 'react';
 import { useTranslation } from 'react-i18next';
 import { Link } from 'react-router';
 import { displayName, version } from '../../package.json';
+import { FirstSteps } from '../components/FirstSteps';
 import { Markdown } from '../components/Markdown';
 import { isMsStorePackage } from '../host/hostFlags';
 import { PrivacyPolicyLink } from './PrivacyPolicyLink';
@@ -68,6 +69,7 @@ function WordsSection() {
       <Button component={Link} to={WORDS_ROUTE}>
         {t('welcome.words.open')}
       </Button>
+      <FirstSteps />
     </Section>
   );
 }

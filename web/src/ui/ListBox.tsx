@@ -5,7 +5,7 @@ import { moveRovingFocus, seekByLetter } from './rovingFocus';
 export interface ListGroup {
   /** Shown above the group; a group without one is the whole list. */
   readonly label?: string;
-  readonly options: readonly { readonly id: string; readonly label: string }[];
+  readonly options: readonly { readonly id: string; readonly label: string; readonly caption?: string }[];
   /** More than 1 for a grid. */
   readonly columns?: number;
 }
@@ -44,10 +44,11 @@ export function ListBox({ labelledBy, groups, isChosen, onChoose, multiple }: Li
   };
 
   const options = (group: ListGroup) =>
-    group.options.map(({ id, label }) => (
+    group.options.map(({ id, label, caption }) => (
       <div
         key={id}
         role="option"
+        aria-description={caption}
         className={styles.option}
         tabIndex={-1}
         aria-selected={isChosen(id)}
@@ -55,6 +56,11 @@ export function ListBox({ labelledBy, groups, isChosen, onChoose, multiple }: Li
         onClick={() => onChoose(id)}
       >
         {label}
+        {caption && (
+          <span className={styles.caption} aria-hidden="true">
+            {caption}
+          </span>
+        )}
       </div>
     ));
 

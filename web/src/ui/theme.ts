@@ -14,6 +14,8 @@ export const theme = extendTheme({
   colorSchemes: {
     dark: {
       palette: {
+        // The library's own blue can hardly be seen on the content's background.
+        focusVisible: colors.accent,
         background: { body: colors.body },
         text: { primary: colors.text, secondary: colors.secondary, tertiary: colors.dim },
       },

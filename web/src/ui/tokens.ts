@@ -12,6 +12,8 @@ export const colors = {
   /** Behind a text that can be edited. */
   field: '#15181d',
   line: '#3d4451',
+  /** Around what can be edited: three times as bright as what it lies on. */
+  edge: '#737d8c',
   text: '#eceff4',
   secondary: '#c3cad5',
   dim: '#a3adbb',

@@ -11,7 +11,6 @@ import { bitAt } from '../../../../web/src/components/words/layout/bitFieldLayou
 import { geometryProperties } from '../../../../web/src/components/words/layout/geometryProperties';
 import {
   BLOCK_PADDING_X,
-  hasTallHeader,
   LABELS_WIDTH,
   type RowGeometry,
   sheetGeometry,
@@ -113,7 +112,7 @@ function headerOf({ bits: width }: RowGeometry, index: number): HTMLElement {
   const buttons = OPERATION_ICONS.slice(0, directOperations(width)).map(({ icon }) => element('button', '', icon));
   return element(
     'div',
-    cc([header.header, hasTallHeader(width) && header.tall]),
+    cc([header.header, width === 8 && header.tall]),
     element('span', header.number, wordNumber(index)),
     element('button', header.sign, wordSignLabel(width, false)),
     element('span', '', wordHalfLabel(width, index)),

@@ -41,7 +41,9 @@ export const test = base.extend<Fixtures, { server: PageServer }>({
     await use(async () => {
       // Half-faded text would be measured with half its contrast.
       await page.waitForFunction(() => document.getAnimations().every(({ playState }) => playState === 'finished'));
-      const { violations } = await new AxeBuilder({ page }).analyze();
+      const { violations } = await new AxeBuilder({ page })
+        .options({ rules: { 'target-size': { enabled: true } } }) // off unless asked for
+        .analyze();
       expect(violations.map(({ id, nodes }) => [id, nodes.map(({ html }) => html)])).toEqual([]);
     });
   },

@@ -1,10 +1,16 @@
-import { type MouseEvent, type PointerEvent, type RefObject, useLayoutEffect, useRef } from 'react';
+import { type MouseEvent, type PointerEvent, type RefObject, useLayoutEffect, useMemo, useRef } from 'react';
 import { i18next } from '../../i18n';
 import { useSheetStore } from '../../stores/sheetStore';
 import { moveRovingFocus } from '../../ui/rovingFocus';
 import { makeTabStop } from '../../ui/tabStop';
+import { MinimapLayout } from './layout/minimapLayout';
 import type { SheetGeometry } from './layout/sheetGeometry';
 import styles from './Minimap.module.css';
+
+/** Above and below the map. */
+const MARGIN = 6;
+/** Between its rows. */
+const GAP = 1;
 
 interface MinimapProps {
   geometry: SheetGeometry;
@@ -21,23 +27,27 @@ export function Minimap({ geometry, view, viewHeight }: MinimapProps) {
   const isDragging = useRef(false);
   const focusedRow = useSheetStore(({ focusedBlock: [type, bits] }) => `${type}:${bits}`);
   const { rows, height } = geometry;
+  const map = useMemo(() => new MinimapLayout(geometry, viewHeight - 2 * MARGIN), [geometry, viewHeight]);
   const fits = height <= viewHeight;
 
   useLayoutEffect(() => {
     const scroller = view.current!;
     // Moved by hand: a render for each step of a scroll would cost more than the scroll.
     const follow = () => {
-      if (frame.current) frame.current.style.top = `${(100 * scroller.scrollTop) / height}%`;
+      if (!frame.current) return;
+      const top = map.toMap(scroller.scrollTop);
+      frame.current.style.top = `${top}px`;
+      frame.current.style.height = `${map.toMap(scroller.scrollTop + scroller.clientHeight) - top}px`;
     };
     follow();
     scroller.addEventListener('scroll', follow, { passive: true });
     return () => scroller.removeEventListener('scroll', follow);
-  }, [view, height, fits]);
+  }, [view, map, fits]);
   if (fits) return <div className={styles.minimap} />;
 
   const scrollTo = ({ currentTarget, clientY }: PointerEvent) => {
-    const { top, height: mapHeight } = currentTarget.getBoundingClientRect();
-    view.current!.scrollTop = ((clientY - top) / mapHeight) * height - viewHeight / 2;
+    const position = map.toSheet(clientY - currentTarget.getBoundingClientRect().top);
+    view.current!.scrollTop = position - viewHeight / 2;
   };
   const onPointerDown = (event: PointerEvent<HTMLDivElement>) => {
     if (event.button !== 0) return;
@@ -70,14 +80,14 @@ export function Minimap({ geometry, view, viewHeight }: MinimapProps) {
           type="button"
           tabIndex={index === 0 ? 0 : -1}
           className={row.key === focusedRow ? styles.focused : undefined}
-          style={{ flexGrow: row.height }}
+          style={{ height: map.heights[index]! - GAP }}
           aria-label={i18next.t('words.goToRow', { shortLabel: row.shortLabel, label: row.label })}
           onClick={(event) => onClick(event, row.top)}
         >
           {row.shortLabel}
         </button>
       ))}
-      <div ref={frame} className={styles.frame} style={{ height: `${(100 * viewHeight) / height}%` }} />
+      <div ref={frame} className={styles.frame} />
     </div>
   );
 }

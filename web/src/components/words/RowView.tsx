@@ -1,4 +1,6 @@
+import cc from 'classcat';
 import { memo, useLayoutEffect, useMemo, useRef, useState } from 'react';
+import { i18next } from '../../i18n';
 import type { ColorNotation } from '../../model/color/formatColor';
 import { useSheetStore } from '../../stores/sheetStore';
 import { partsInView, type RowGeometry } from './layout/sheetGeometry';
@@ -9,6 +11,7 @@ import type { MoveFocus } from './word/BlockFrame';
 import { ColorBlock } from './word/ColorBlock';
 import { rowTexts } from './word/rowTexts';
 import { WordBlock } from './word/WordBlock';
+import { focusWord } from './wordNavigation';
 
 /** A word at an end of a row, which is there though it may be out of view. */
 export type RowEntry = 'leftmost' | 'rightmost';
@@ -36,10 +39,20 @@ export const RowView = memo(function RowView(props: RowViewProps) {
       <span className={styles.label} aria-hidden="true">
         {row.shortLabel}
       </span>
-      {isNear && <RowBlocks {...props} notation={notation} onNotation={setNotation} />}
+      {isNear ? <RowBlocks {...props} notation={notation} onNotation={setNotation} /> : <FarRow row={row} />}
     </div>
   );
 });
+
+/** Stands for the words of a row far away, and lets in whoever comes without scrolling, such as a screen reader. */
+function FarRow({ row }: { row: RowGeometry }) {
+  const enter = () => focusWord(row, row.count - 1, 'value');
+  return (
+    <button type="button" tabIndex={-1} className={styles.far} onFocus={enter} onClick={enter}>
+      {i18next.t('words.wordsInRow', { row: row.label, count: row.count })}
+    </button>
+  );
+}
 
 interface RowBlocksProps extends RowViewProps {
   notation: ColorNotation;
@@ -70,7 +83,12 @@ function RowBlocks(props: RowBlocksProps) {
 
   const [first, last] = placesAt(scrolled);
   return (
-    <div ref={scroller} className={styles.scroller} data-scroller="row" onScroll={onScroll}>
+    <div
+      ref={scroller}
+      className={cc([styles.scroller, !row.scrolls && styles.still])}
+      data-scroller="row"
+      onScroll={onScroll}
+    >
       <div className={styles.content} style={{ width: count * blockWidth }}>
         <RowScroller value={scroller}>
           {indicesToMount(count, first, last, focusedIndex, entry).map((index) =>

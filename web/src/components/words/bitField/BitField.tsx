@@ -45,6 +45,7 @@ export const BitField = memo(function BitField({ name, layout, pixelRatio, index
   const [painter] = useState(() => new BitFieldPainter());
   const palette = useBitFieldPalette();
   const digits = formatInteger(word, 2, width).padStart(width, '0');
+  const [isFocused, setFocused] = useState(false);
   const stroke = useRef<{ value: boolean; last: number } | undefined>(undefined);
   const cursor = useRef(width - 1);
 
@@ -132,9 +133,11 @@ export const BitField = memo(function BitField({ name, layout, pixelRatio, index
     });
   };
   const onFocus = ({ currentTarget }: FocusEvent) => {
+    setFocused(true);
     if (currentTarget.matches(':focus-visible')) moveCursor(cursor.current);
   };
   const onBlur = () => {
+    setFocused(false);
     painter.mark({ cursor: undefined });
     showBit(undefined);
   };
@@ -159,9 +162,19 @@ export const BitField = memo(function BitField({ name, layout, pixelRatio, index
       onKeyDown={onKeyDown}
       onFocus={onFocus}
       onBlur={onBlur}
-    />
+    >
+      {isFocused && <BitTexts digits={digits} />}
+    </canvas>
   );
 });
+
+/** The bits as a screen reader finds them one by one, while the keyboard is in their field. */
+function BitTexts({ digits }: { digits: string }) {
+  return [...digits].map((value, place) => {
+    const bit = digits.length - 1 - place;
+    return <span key={bit} role="img" aria-label={i18next.t('words.bitName', { bit, value })} />;
+  });
+}
 
 /** A stroke ends with its button, even where nobody reported that, and above and below the lines of its field. */
 function isPainting({ buttons, nativeEvent: { offsetY } }: PointerEvent, { height }: BitFieldLayout): boolean {

@@ -48,3 +48,14 @@ test('a point outside gives the nearest bit', () => {
   expect(bitAt(layout, -50, -50)).toBe(7);
   expect(bitAt(layout, 500, 500)).toBe(0);
 });
+
+test.each([
+  { boxWidth: 1200, bitsPerLine: 64 },
+  { boxWidth: 642, bitsPerLine: 32 },
+  { boxWidth: 266, bitsPerLine: 16 },
+  { boxWidth: 186, bitsPerLine: 8 },
+])('wide words in $boxWidth pixels have $bitsPerLine bits in a line, each at least 12 pixels wide', (given) => {
+  const layout = bitFieldLayout(1024, 17_920, given.boxWidth, false);
+  expect(layout.bitsPerLine).toBe(given.bitsPerLine);
+  expect(layout.cellWidth).toBeGreaterThanOrEqual(12);
+});

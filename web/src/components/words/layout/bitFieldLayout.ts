@@ -1,7 +1,8 @@
 /** From this width on, in bits, the bits of a word are laid out in lines below each other. */
 const VERTICAL_FROM = 100;
-/** A line of 64 bits is cut in two when its cells would be narrower than this, in pixels. */
-const NARROWEST_CELL = 11;
+/** Bits in a line: as many as there is room for with cells of this width, in pixels. */
+const LINE_LENGTHS = [64, 32, 16, 8];
+const NARROWEST_CELL = 12;
 const BYTE_INSET = 6;
 const NIBBLE_GAP = 4;
 const LINE_GAP = 4;
@@ -50,7 +51,7 @@ export function bitFieldLayout(
   const top = hasFieldLabels ? FIELD_LABELS_HEIGHT : 0;
   const width = vertical ? boxWidth : blockWidth;
   const left = vertical ? LINE_NUMBER_WIDTH : 0;
-  const bitsPerLine = vertical ? (cellWidthFor((width - left) / 8) >= NARROWEST_CELL ? 64 : 32) : bits;
+  const bitsPerLine = vertical ? bitsInLine(width - left) : bits;
   const byteWidth = ((width - left) * 8) / bitsPerLine;
   const lines = bits / bitsPerLine;
   const lineHeight = CELL_HEIGHT + (vertical ? LINE_GAP : NUMBERS_HEIGHT);
@@ -69,6 +70,10 @@ export function bitFieldLayout(
     lineHeight,
     hasFieldLabels,
   };
+}
+
+function bitsInLine(width: number): number {
+  return LINE_LENGTHS.find((bits) => cellWidthFor((width * 8) / bits) >= NARROWEST_CELL) ?? 8;
 }
 
 function cellWidthFor(byteWidth: number): number {

@@ -4,7 +4,7 @@ import type { Converter } from '../../../model/sheet/converters';
 export const FIELD_FONT_SIZE = 12;
 export const FIELD_LINE_HEIGHT = 18;
 /** From the edges of a field to its text. */
-export const FIELD_PADDING_Y = 2;
+export const FIELD_PADDING_Y = 3;
 export const FIELD_PADDING_X = 4;
 export const FIELD_GAP = 2;
 export const FIELD_LABEL_WIDTH = 25;
@@ -20,6 +20,8 @@ export interface FieldPlace {
   readonly fullWidth: boolean;
   /** Lines of text that its longest content takes. */
   readonly lines: number;
+  /** Digits in a line, where it is as long as a line of bits. */
+  readonly digitsPerLine?: number;
 }
 
 export interface FieldLayout {
@@ -38,20 +40,28 @@ export function convertersFor(converters: readonly Converter[], bits: number): C
  * would be left alone beside a gap does too.
  * @param boxWidth - pixels for both columns
  * @param charWidth - pixels of one digit
+ * @param bitsPerLine - of the word's bits, where they take several lines: a text in base 2 wraps as they do
  */
 export function layoutFields(
   bits: number,
   converters: readonly Converter[],
   boxWidth: number,
   charWidth: number,
+  bitsPerLine?: number,
 ): FieldLayout {
   const half = (boxWidth - FIELD_GAP) / 2;
   const lengths = [decimalLength(bits), ...converters.map((converter) => longestText(converter, bits))];
   const fields = lengths.map((length, position) => {
     const label = position === 0 ? 0 : FIELD_LABEL_WIDTH;
     const fits = length * charWidth + label + FIELD_SIDES <= half;
-    const perLine = Math.max(1, Math.floor((boxWidth - label - FIELD_SIDES) / charWidth));
-    return { fullWidth: !fits, lines: fits || bits < WRAPPING_FROM ? 1 : Math.ceil(length / perLine) };
+    const inLine = Math.max(1, Math.floor((boxWidth - label - FIELD_SIDES) / charWidth));
+    const isWrapped = bitsPerLine !== undefined && length === bits && inLine >= bitsPerLine && !fits;
+    const perLine = isWrapped ? bitsPerLine : inLine;
+    return {
+      fullWidth: !fits,
+      lines: fits || bits < WRAPPING_FROM ? 1 : Math.ceil(length / perLine),
+      ...(isWrapped && { digitsPerLine: perLine }),
+    };
   });
   const places = stretchLonelyFields(fields);
   return { places, height: heightOf(places) };

@@ -1,3 +1,4 @@
+import { directOperations } from '../../../commands/operationIcons';
 import { floatFormatFor } from '../../../model/float/floatFormats';
 import { wordCount } from '../../../model/integer/wordLayout';
 import { activeConverters, type Converter } from '../../../model/sheet/converters';
@@ -10,7 +11,7 @@ import { convertersFor, type FieldLayout, layoutFields } from './fieldLayout';
 const NARROWEST_BYTE = 140;
 const WIDEST_BYTE = 210;
 /** The rows' labels at the left. */
-export const LABELS_WIDTH = 44;
+export const LABELS_WIDTH = 20;
 /** Room at the right of the rows. */
 export const ROWS_SIDE = 6;
 export const ROW_GAP = 6;
@@ -18,7 +19,14 @@ export const SCROLLBAR_HEIGHT = 9;
 /** From the edges of a block to its content. */
 export const BLOCK_PADDING_Y = 5;
 export const BLOCK_PADDING_X = 7;
-export const HEADER_HEIGHT = 22;
+/** One line of a word's header. */
+export const HEADER_HEIGHT = 26;
+/** A button in a header, and the room between two. */
+export const OPERATION_WIDTH = 24;
+export const OPERATION_GAP = 1;
+const HEADER_CHAR_WIDTH = 7;
+/** Around what a header says, and between its parts. */
+const HEADER_SPACE = 28;
 const COLOR_BODY_HEIGHT = 50;
 const NARROWEST_COLOR_BOX = 300;
 
@@ -38,6 +46,10 @@ export interface RowGeometry {
   readonly converters: readonly Converter[];
   readonly fields: FieldLayout;
   readonly bitField: BitFieldLayout;
+  /** The operations take a line of their own where they do not fit beside the rest. */
+  readonly headerLines: number;
+  /** A row whose only word stays in view has nothing to scroll. */
+  readonly scrolls: boolean;
 }
 
 export interface SheetGeometry {
@@ -106,12 +118,20 @@ function rowGeometry(definition: NumberDefinition, count: number, top: number, s
   const blockWidth = (bits / 8) * shared.byteWidth;
   const boxWidth = Math.min(blockWidth, Math.max(shared.viewWidth, NARROWEST_BYTE)) - 2 * BLOCK_PADDING_X;
   const converters = convertersFor(shared.active, bits);
-  const fields = layoutFields(bits, converters, boxWidth, shared.charWidth);
   const labelled = converters.some(({ kind }) => kind === 'float') && floatFormatFor(bits) !== undefined;
   const bitField = bitFieldLayout(bits, blockWidth, boxWidth, labelled);
-  const header = hasTallHeader(bits) ? 2 * HEADER_HEIGHT : HEADER_HEIGHT;
+  const fields = layoutFields(
+    bits,
+    converters,
+    boxWidth,
+    shared.charWidth,
+    bitField.vertical ? bitField.bitsPerLine : undefined,
+  );
+  const headerLines = headerLinesFor(bits, count, boxWidth);
+  const header = headerLines * HEADER_HEIGHT;
   const body = type === 'color32' ? colorHeight(boxWidth) : header + fields.height + bitField.height;
-  const height = body + 2 * BLOCK_PADDING_Y + (shared.overflows ? SCROLLBAR_HEIGHT : 0);
+  const scrolls = shared.overflows && (count > 1 || !bitField.vertical);
+  const height = body + 2 * BLOCK_PADDING_Y + (scrolls ? SCROLLBAR_HEIGHT : 0);
   return {
     key: rowKey(definition),
     type,
@@ -126,12 +146,17 @@ function rowGeometry(definition: NumberDefinition, count: number, top: number, s
     converters,
     fields,
     bitField,
+    headerLines,
+    scrolls,
   };
 }
 
-/** The operations of the narrowest words take a line of their own. */
-export function hasTallHeader(bits: number): boolean {
-  return bits === 8;
+function headerLinesFor(bits: number, count: number, boxWidth: number): number {
+  const half = count > 1 ? `LO:${2 * bits}` : '';
+  const said = `${count}${bits}U${half}`.length * HEADER_CHAR_WIDTH + HEADER_SPACE;
+  const direct = directOperations(bits);
+  const operations = direct * (OPERATION_WIDTH + OPERATION_GAP);
+  return bits === 8 || said + operations > boxWidth ? 2 : 1;
 }
 
 function colorHeight(boxWidth: number): number {

@@ -1,12 +1,20 @@
 import { useTranslation } from 'react-i18next';
+import { i18next } from '../../../i18n';
 import { CONVERTER_GROUPS, DEFAULT_CONVERTERS, toggleConverter } from '../../../model/sheet/converters';
 import { useSheetStore } from '../../../stores/sheetStore';
 import { Picker } from '../../../ui/Picker';
 
+const USUAL_BASES: Readonly<Record<string, string>> = {
+  A2: i18next.t('words.bases.binary'),
+  A8: i18next.t('words.bases.octal'),
+  A10: i18next.t('words.bases.decimal'),
+  A16: i18next.t('words.bases.hexadecimal'),
+};
+
 const GROUPS = CONVERTER_GROUPS.map(({ label, identifiers, columns }) => ({
   label,
   columns,
-  options: identifiers.map((id) => ({ id, label: id })),
+  options: identifiers.map((id) => ({ id, label: id, caption: USUAL_BASES[id] })),
 }));
 
 /** Which text fields each word has besides its main one. */

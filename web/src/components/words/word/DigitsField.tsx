@@ -1,5 +1,13 @@
 import cc from 'classcat';
-import { type FocusEvent, type KeyboardEvent, useId, useLayoutEffect, useRef, useState } from 'react';
+import {
+  type CSSProperties,
+  type FocusEvent,
+  type KeyboardEvent,
+  useId,
+  useLayoutEffect,
+  useRef,
+  useState,
+} from 'react';
 import { runCommand } from '../../../commands/command';
 import { FIELD_COMMANDS } from '../../../commands/fieldCommands';
 import { isAltered, noteTyping, showText } from '../../../ui/alteredText';
@@ -131,7 +139,13 @@ export function DigitsField(props: DigitsFieldProps) {
     <label className={cc([styles.field, place.fullWidth && styles.fullWidth])}>
       {label !== undefined && <span className={styles.label}>{label}</span>}
       {isMultiline ? (
-        <textarea {...shared} key={commits} ref={element as React.RefObject<HTMLTextAreaElement>} rows={place.lines} />
+        <textarea
+          {...shared}
+          key={commits}
+          ref={element as React.RefObject<HTMLTextAreaElement>}
+          rows={place.lines}
+          style={widthOf(place)}
+        />
       ) : (
         <input {...shared} key={commits} ref={element as React.RefObject<HTMLInputElement>} />
       )}
@@ -165,4 +179,9 @@ function swallow(event: KeyboardEvent): void {
 /** Pasted line breaks go, as they do in a field of one line. */
 function joinLines(field: TextElement): void {
   if (/[\r\n]/.test(field.value)) field.value = field.value.replace(/[\r\n]+/g, '');
+}
+
+/** As wide as the digits of its lines, where they are to wrap as the bits do. */
+function widthOf({ digitsPerLine }: FieldPlace): CSSProperties | undefined {
+  return digitsPerLine ? { maxWidth: `calc(${digitsPerLine}.5ch + 2 * var(--field-padding-x))` } : undefined;
 }

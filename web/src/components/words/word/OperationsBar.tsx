@@ -2,6 +2,7 @@ import { memo, useRef, useState } from 'react';
 import { directOperations } from '../../../commands/operationIcons';
 import { WORD_OPERATIONS, type WordOperation } from '../../../commands/wordCommands';
 import { i18next } from '../../../i18n';
+import { hoverTitle } from '../../../ui/hoverTitle';
 import { PopupMenu } from '../../../ui/PopupMenu';
 import styles from './OperationsBar.module.css';
 
@@ -14,25 +15,27 @@ interface OperationsBarProps {
 export const OperationsBar = memo(function OperationsBar({ width, index }: OperationsBarProps) {
   const direct = directOperations(width);
   return (
-    <div className={styles.operations} role="group" aria-label={i18next.t('words.operations.group')}>
-      {WORD_OPERATIONS.slice(0, direct).map((operation) => (
-        <button
-          key={operation.id}
-          type="button"
-          tabIndex={-1}
-          data-operation={operation.id}
-          data-focus-key={operation.id}
-          aria-label={operationName(operation)}
-          title={operationName(operation)}
-          onClick={() => operation.run({ width, index })}
-        >
-          {operation.icon}
-        </button>
-      ))}
+    <>
+      <div className={styles.operations} role="group" aria-label={i18next.t('words.operations.group')}>
+        {WORD_OPERATIONS.slice(0, direct).map((operation) => (
+          <button
+            key={operation.id}
+            type="button"
+            tabIndex={-1}
+            data-operation={operation.id}
+            data-focus-key={operation.id}
+            aria-label={operationName(operation)}
+            {...hoverTitle(operationName(operation))}
+            onClick={() => operation.run({ width, index })}
+          >
+            {operation.icon}
+          </button>
+        ))}
+      </div>
       {direct < WORD_OPERATIONS.length && (
         <MoreOperations width={width} index={index} operations={WORD_OPERATIONS.slice(direct)} />
       )}
-    </div>
+    </>
   );
 });
 
@@ -45,11 +48,12 @@ function MoreOperations({ width, index, operations }: OperationsBarProps & { ope
         ref={button}
         type="button"
         tabIndex={-1}
+        className={styles.more}
         data-focus-key="more"
         aria-haspopup="menu"
         aria-expanded={isOpen}
         aria-label={i18next.t('words.operations.more')}
-        title={i18next.t('words.operations.more')}
+        {...hoverTitle(i18next.t('words.operations.more'))}
         onClick={() => setOpen(!isOpen)}
       >
         ⋯

@@ -38,7 +38,7 @@ export const WordBlock = memo(function WordBlock({ row, index, texts, pixelRatio
       onMove={onMove}
       stickyContent={
         <>
-          <WordHeader width={bits} index={index} signed={signed} focused={focused} />
+          <WordHeader lines={row.headerLines} width={bits} index={index} signed={signed} focused={focused} />
           <WordFields row={row} texts={texts} index={index} word={word} signed={signed} sheetId={sheetId} />
           {row.bitField.vertical && bitField}
         </>

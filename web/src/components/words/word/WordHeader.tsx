@@ -4,11 +4,11 @@ import { i18next } from '../../../i18n';
 import { wordHalfLabel, wordNumber, wordSignLabel } from '../../../model/sheet/wordLabels';
 import { useSheetStore } from '../../../stores/sheetStore';
 import { toolbarHandlers } from '../../useToolbar';
-import { hasTallHeader } from '../layout/sheetGeometry';
 import { OperationsBar } from './OperationsBar';
 import styles from './WordHeader.module.css';
 
 interface WordHeaderProps {
+  lines: number;
   width: number;
   index: number;
   signed: boolean;
@@ -16,14 +16,14 @@ interface WordHeaderProps {
 }
 
 /** The line above a word's fields: its number, its sign, its half, and what can be done to it. */
-export function WordHeader({ width, index, signed, focused }: WordHeaderProps) {
+export function WordHeader({ lines, width, index, signed, focused }: WordHeaderProps) {
   return (
     <div
       data-header
       role="toolbar"
       aria-label={i18next.t('words.header')}
       {...toolbarHandlers}
-      className={cc([styles.header, hasTallHeader(width) && styles.tall])}
+      className={cc([styles.header, lines > 1 && styles.tall])}
     >
       <span className={styles.number}>{wordNumber(index)}</span>
       <SignButton width={width} index={index} signed={signed} focused={focused} />
@@ -34,7 +34,7 @@ export function WordHeader({ width, index, signed, focused }: WordHeaderProps) {
 }
 
 /** The first press of a word that is not focused only focuses it. */
-function SignButton({ width, index, signed, focused }: WordHeaderProps) {
+function SignButton({ width, index, signed, focused }: Omit<WordHeaderProps, 'lines'>) {
   const wasFocused = useRef(false);
   const label = wordSignLabel(width, signed);
   const onClick = ({ detail }: MouseEvent) => {

@@ -1,0 +1,101 @@
+import { expect, test } from '../support/browser/fixtures';
+import { stubNativeHost } from '../support/browser/nativeHost';
+import { WordsTool } from '../support/browser/words';
+
+for (const width of [400, 320]) {
+  test.describe(`a window ${width} pixels wide`, () => {
+    test.use({ viewport: { width, height: 700 } });
+
+    test('shows every operation above the fields, and loses nothing', async ({ page, enter, expectAccessible }) => {
+      const tool = new WordsTool(page);
+      await tool.open(enter, { int: 5 });
+      const word = tool.word(32, 1);
+      const field = (await word.value.boundingBox())!;
+      for (const button of await word.group.locator('[data-operation]').all()) {
+        const box = (await button.boundingBox())!;
+        expect(box.y + box.height).toBeLessThanOrEqual(field.y);
+        expect(box.x + box.width).toBeLessThanOrEqual(field.x + field.width + 1);
+        expect(Math.min(box.width, box.height)).toBeGreaterThanOrEqual(24);
+      }
+      for (const bar of ['Document', 'Sheet']) {
+        for (const button of await page.getByRole('toolbar', { name: bar }).getByRole('button').all()) {
+          await expect(button).toBeInViewport({ ratio: 1 });
+        }
+      }
+      expect(await page.evaluate(() => document.documentElement.scrollWidth)).toBeLessThanOrEqual(width);
+      await expectAccessible();
+    });
+
+    test('has bits of wide words at least 12 pixels wide', async ({ page, enter }) => {
+      const tool = new WordsTool(page);
+      await tool.open(enter, { int: 1, intResolution: 128 });
+      const { bits } = tool.word(128, 1);
+      const box = (await bits.boundingBox())!;
+      const perLine = width === 400 ? 16 : 8;
+      await bits.hover({ position: { x: box.width - 8, y: box.height - 16 } });
+      await expect(tool.status).toContainText('bit 0 of word 1');
+      await bits.hover({ position: { x: box.width - 8, y: box.height - 16 - 24 } });
+      await expect(tool.status).toContainText(`bit ${perLine} of word 1`);
+      expect((box.width - 40) / perLine).toBeGreaterThanOrEqual(12);
+    });
+  });
+}
+
+test.describe('a window of 800 pixels', () => {
+  test.use({ viewport: { width: 800, height: 600 } });
+
+  test('has a text in base 2 whose lines are those of the bits', async ({ page, enter }) => {
+    const tool = new WordsTool(page);
+    await tool.open(enter, { int: `0x${'f'.repeat(64)}`, intResolution: 256 });
+    const lines = await tool
+      .word(256, 1)
+      .base(2)
+      .evaluate((field: HTMLTextAreaElement) => {
+        const { lineHeight, paddingTop } = getComputedStyle(field);
+        return (field.scrollHeight - 2 * parseFloat(paddingTop)) / parseFloat(lineHeight);
+      });
+    expect(Math.round(lines)).toBe(256 / 32);
+  });
+
+  test('has no bar below a row with nothing to scroll, and one below the others', async ({ page, enter }) => {
+    const tool = new WordsTool(page);
+    await tool.open(enter, { intResolution: 256 });
+    // The browser of the stories shows no bars.
+    const scrolling = (label: string) =>
+      tool
+        .row(label)
+        .locator('[data-scroller="row"]')
+        .evaluate((element) => getComputedStyle(element).overflowX);
+    expect(await scrolling('Int 256')).toBe('hidden');
+    await page.getByRole('button', { name: 'I128, go to' }).press('Enter');
+    expect(await scrolling('Int 128')).toBe('auto');
+  });
+
+  test('shows the name of a document without a place in italics, also after a cancelled dialog', async ({
+    page,
+    enter,
+  }) => {
+    await stubNativeHost(page, { choices: [null, '/home/me/kept.words.tessary'] });
+    await enter();
+    await page.keyboard.press('Control+n');
+    const name = page.getByRole('toolbar', { name: 'Document' }).getByText('words.tessary');
+    const style = () => name.evaluate((element) => getComputedStyle(element).fontStyle);
+    await expect(name).toHaveText('Untitled.words.tessary*');
+    expect(await style()).toBe('italic');
+    await page.keyboard.press('Control+Shift+s');
+    await expect
+      .poll(() => page.evaluate(() => (window as unknown as { hostCalls: unknown[] }).hostCalls.length))
+      .toBe(1);
+    expect(await style()).toBe('italic');
+    await page.keyboard.press('Control+Shift+s');
+    await expect(name).toHaveText('kept.words.tessary');
+    expect(await style()).toBe('normal');
+  });
+
+  test('names the usual bases in the picker', async ({ page, enter }) => {
+    const tool = new WordsTool(page);
+    await tool.open(enter, {});
+    await tool.converters.click();
+    await expect(page.getByRole('listbox').getByText('16 hexadecimal')).toBeVisible();
+  });
+});
