@@ -105,7 +105,9 @@ test.describe('sheet tabs', () => {
     await page.keyboard.press('End');
     await expect(selected).toHaveText('Third');
     await page.keyboard.press('ArrowRight');
-    await expect(selected).toHaveText('Third');
+    await expect(page.getByRole('button', { name: 'Add sheet' })).toBeFocused();
+    await page.keyboard.press('ArrowLeft');
+    await expect(selected).toBeFocused();
     await page.keyboard.press('Home');
     await expect(selected).toHaveText('First');
     await page.keyboard.press('Delete');
