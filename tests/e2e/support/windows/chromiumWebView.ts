@@ -17,6 +17,10 @@ const pageSide = `(() => {
   });
 })()`;
 
+/** As the protocol adds them up. */
+const MODIFIERS = { ctrl: 2, shift: 8 };
+const KEY_CODES: Record<string, number> = { Enter: 13, End: 35 };
+
 interface Evaluated {
   result?: { value?: unknown };
   exceptionDetails?: { text: string; exception?: { description?: string; value?: unknown } };
@@ -72,6 +76,21 @@ export class ChromiumWebView {
       throw new Error(exception?.description ?? (typeof exception?.value === 'string' ? exception.value : text));
     }
     return (JSON.parse(result?.value as string) as [Result])[0];
+  }
+
+  /** Types a text where the keyboard's focus is. */
+  async type(text: string): Promise<void> {
+    for (const key of text) await this.press(key);
+  }
+
+  /** Presses a key of the keyboard, such as "Enter" or "z", in the page. */
+  async press(key: string, ...modifiers: (keyof typeof MODIFIERS)[]): Promise<void> {
+    const held = modifiers.reduce((sum, modifier) => sum + MODIFIERS[modifier], 0);
+    const isText = key.length === 1 && !modifiers.includes('ctrl');
+    const event = { key, modifiers: held, windowsVirtualKeyCode: KEY_CODES[key] ?? key.toUpperCase().charCodeAt(0) };
+    const down = isText ? { type: 'keyDown', text: key } : { type: 'rawKeyDown' };
+    await this.#tab.call('Input.dispatchKeyEvent', { ...event, ...down });
+    await this.#tab.call('Input.dispatchKeyEvent', { ...event, type: 'keyUp' });
   }
 
   /** A picture of the page, as PNG. */
