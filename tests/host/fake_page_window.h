@@ -16,6 +16,7 @@ public:
         scripts.push_back(script);
         evaluations.push_back(std::move(done));
     }
+    bool wasTouched() override { return std::exchange(touched, false); }
     void after(std::chrono::milliseconds delay, std::function<void()> task) override {
         tasks.push_back({now + delay, std::move(task)});
     }
@@ -72,4 +73,5 @@ public:
     std::function<void(bool)> answered;
     std::function<void()> read;
     bool closed = false;
+    bool touched = false;
 };

@@ -37,6 +37,20 @@ TEST_F(WorkKeeperTest, AsksThePageEveryTenSeconds) {
     EXPECT_EQ(window.scripts.size(), 3U) << "a page that hangs is asked again later";
 }
 
+TEST_F(WorkKeeperTest, LeavesAnIdlePageAlone) {
+    keeper.start();
+    window.pass(std::chrono::seconds(10));
+    window.answer(none);
+    window.pass(std::chrono::seconds(110));
+    EXPECT_EQ(window.scripts.size(), 1U);
+    window.touched = true;
+    window.pass(std::chrono::seconds(10));
+    EXPECT_EQ(window.scripts.size(), 2U);
+    window.answer(none);
+    window.pass(std::chrono::seconds(120));
+    EXPECT_EQ(window.scripts.size(), 3U) << "what nobody's hands did is noticed, too";
+}
+
 TEST_F(WorkKeeperTest, KeepsTheCopyUntilTheWorkIsSaved) {
     keep(work);
     keep(R"({"state":"same"})");

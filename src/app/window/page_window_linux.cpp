@@ -26,9 +26,17 @@ static void reportDeath(WebKitWebView*, WebKitWebProcessTerminationReason, const
     events->pageDied(true);
 }
 
+static gboolean noteEvent(GtkWidget*, GdkEvent*, bool* isTouched) {
+    *isTouched = true;
+    return FALSE;
+}
+
+bool GtkPageWindow::wasTouched() { return std::exchange(isTouched_, false); }
+
 void GtkPageWindow::listen(WindowEvents events) {
     events_ = std::move(events);
     g_signal_connect(window_, "delete-event", G_CALLBACK(requestClose), &events_);
+    g_signal_connect(page_, "event", G_CALLBACK(noteEvent), &isTouched_);
     restrictContextMenu(page_);
     g_signal_connect(page_, "web-process-terminated", G_CALLBACK(reportDeath), &events_);
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) g_unix_signal_add(signal, requestEnd, &events_);

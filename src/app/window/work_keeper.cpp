@@ -5,8 +5,20 @@
 #include "app/window/page_events.h"
 #include "app/window/patient_question.h"
 
+/// What is done without the user's hands on the window, as by assistive technology, is noticed that many times later.
+static constexpr int mostOmitted = 11;
+
+bool WorkKeeper::isQuestionDue() {
+    const bool isDue = window_.wasTouched() || hasWork_ || omitted_ == mostOmitted;
+    omitted_ = isDue ? 0 : omitted_ + 1;
+    return isDue;
+}
+
 void WorkKeeper::start() {
-    window_.after(copyInterval, [this] { keepNow([this] { start(); }); });
+    window_.after(copyInterval, [this] {
+        if (isQuestionDue()) keepNow([this] { start(); });
+        else start();
+    });
 }
 
 void WorkKeeper::keepNow(std::function<void()> done) {
@@ -19,6 +31,7 @@ void WorkKeeper::keepNow(std::function<void()> done) {
 void WorkKeeper::take(const PageResult& answer) {
     const auto work = unsavedWorkOf(answer);
     if (!work) return;
+    hasWork_ = work->state != UnsavedWork::State::none;
     if (work->state == UnsavedWork::State::none) {
         // What a page that was loaded again does not have may be lost everywhere else.
         if (std::exchange(isPageNew_, false)) return copy_.leave();
