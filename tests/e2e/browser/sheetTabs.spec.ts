@@ -96,6 +96,13 @@ test.describe('sheet tabs', () => {
     expect([await line('First'), await line('Second')]).toEqual(['3px', '0px']);
   });
 
+  test('close with the middle button; undo brings the sheet back', async ({ page }) => {
+    await page.getByRole('tab', { name: 'Second' }).click({ button: 'middle' });
+    await expect(page.getByRole('tab')).toHaveText(['First', 'Third']);
+    await page.keyboard.press('Control+z');
+    await expect(page.getByRole('tab')).toHaveText(['First', 'Second', 'Third']);
+  });
+
   test('do everything by keyboard', async ({ page }) => {
     const selected = page.getByRole('tab', { selected: true });
     await selected.focus();

@@ -1,5 +1,5 @@
 import cc from 'classcat';
-import { type KeyboardEvent, memo, useRef, useState } from 'react';
+import { type KeyboardEvent, memo, type MouseEvent, useRef, useState } from 'react';
 import { useTranslation } from 'react-i18next';
 import { VscClose } from 'react-icons/vsc';
 import { runCommand } from '../commands/command';
@@ -13,6 +13,7 @@ import { TAB_WIDTH } from './tabVirtualizer';
 
 /** No tab shows more than this of a name, however long a document makes it. */
 const LONGEST_NAME = 200;
+const MIDDLE_BUTTON = 1;
 
 interface SheetTabProps {
   tabId: string;
@@ -45,8 +46,18 @@ export const SheetTab = memo(function SheetTab(props: SheetTabProps) {
     tab.current?.focus({ preventScroll: true });
   };
 
+  const onAuxClick = ({ button }: MouseEvent) => {
+    if (button === MIDDLE_BUTTON && isClosable) onClose(sheetId);
+  };
+
   return (
-    <div className={cc([styles.tab, isActive && styles.active])} style={{ width: TAB_WIDTH }}>
+    <div
+      className={cc([styles.tab, isActive && styles.active])}
+      style={{ width: TAB_WIDTH }}
+      onAuxClick={onAuxClick}
+      // The browser would begin to scroll.
+      onMouseDown={(event) => event.button === MIDDLE_BUTTON && event.preventDefault()}
+    >
       <button
         ref={tab}
         type="button"
