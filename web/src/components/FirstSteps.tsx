@@ -21,7 +21,7 @@ export function FirstSteps() {
   });
   if (isVsCode) return null;
   return (
-    <Typography component="ul" className={styles.steps}>
+    <Typography component="ul" my={1.5} className={styles.steps}>
       <li>
         <ActionLink onActivate={() => void openSample(navigate)}>{t('firstSteps.sample')}</ActionLink>
       </li>
