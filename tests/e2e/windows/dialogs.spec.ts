@@ -168,11 +168,3 @@ test('the folder in which the program was started stays its own after a dialog i
   expect(await program.call('writeFile', 'here.json', 'text')).toEqual({ success: true });
   expect(readFileSync(join(sandbox.documents, 'here.json'), 'utf8')).toBe('text');
 });
-
-test('closing the window while a dialog is open ends the program with code 0', async ({ open }) => {
-  const program = await open();
-  const answer = program.call('showOpenDialog').catch(() => undefined); // nobody is there any more to hear it
-  await CommonDialog.shown(program, 'Open');
-  expect(await program.close()).toBe(0);
-  await answer;
-});

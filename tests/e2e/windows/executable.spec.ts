@@ -9,7 +9,7 @@ const manifest = 24;
 
 /** DLLs that come with Windows itself, among them the C runtime that it brings. */
 const windowsOwn = [
-  ...['advapi32', 'comdlg32', 'crypt32', 'kernel32', 'msvcrt', 'ole32'],
+  ...['advapi32', 'comdlg32', 'crypt32', 'gdi32', 'kernel32', 'msvcrt', 'ole32'],
   ...['shell32', 'shlwapi', 'user32', 'version', 'ws2_32'],
 ];
 

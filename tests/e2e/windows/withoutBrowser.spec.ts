@@ -1,5 +1,6 @@
 import { readFileSync } from 'node:fs';
 import { join } from 'node:path';
+import { until } from '../support/shared/until';
 import type { FakeWebView2 } from '../support/windows/fakeWebView2';
 import { expect, test } from '../support/windows/fixtures';
 
@@ -85,7 +86,10 @@ test('the window stays on the page of the program', async ({ run, runtime, linkR
   await ready(runtime);
   const own = runtime.texts('navigate')[0] ?? '';
   expect(await runtime.startNavigation(`${own}/`)).toBe(true);
-  expect(await runtime.startNavigation(`${own}/words`)).toBe(true);
+  expect(await runtime.startNavigation(`${own}/index.html`)).toBe(true);
+  // A route of the page's own, which the server does not know, leads to the start page.
+  expect(await runtime.startNavigation(`${own}/words`)).toBe(false);
+  await until('the start page', () => runtime.texts('navigate').at(-1) === `${own}/`);
   for (const address of ['file:///C:/windows/win.ini', 'data:text/html,x', 'ftp://localhost/']) {
     expect(await runtime.startNavigation(address), address).toBe(false);
     expect(await runtime.requestNewWindow(address), address).toBe(false);
