@@ -103,6 +103,51 @@ test.describe('sheet tabs', () => {
     await expect(page.getByRole('tab')).toHaveText(['First', 'Second', 'Third']);
   });
 
+  test('are dragged to another place; undo takes them back', async ({ page }) => {
+    const box = async (name: string) => (await page.getByRole('tab', { name }).boundingBox())!;
+    const [first, third] = [await box('First'), await box('Third')];
+    const drag = async () => {
+      await page.mouse.move(first.x + 20, first.y + 10);
+      await page.mouse.down();
+      await page.mouse.move(third.x + 20, third.y + 10, { steps: 5 });
+    };
+    await drag();
+    await page.keyboard.press('Escape');
+    await page.mouse.up();
+    await expect(page.getByRole('tab')).toHaveText(['First', 'Second', 'Third']);
+    await drag();
+    await page.mouse.up();
+    await expect(page.getByRole('tab')).toHaveText(['Second', 'Third', 'First']);
+    await expect(page.getByRole('tab', { selected: true })).toHaveText('First');
+    await expect(page.getByRole('toolbar', { name: 'Document' })).toContainText('*');
+    await page.keyboard.press('Control+z');
+    await expect(page.getByRole('tab')).toHaveText(['First', 'Second', 'Third']);
+  });
+
+  test('change places by keyboard', async ({ page }) => {
+    const selected = page.getByRole('tab', { selected: true });
+    await selected.focus();
+    await page.keyboard.press('Control+Shift+ArrowRight');
+    await expect(page.getByRole('tab')).toHaveText(['Second', 'First', 'Third']);
+    await expect(selected).toHaveText('First');
+    await expect(selected).toBeFocused();
+    await page.keyboard.press('Control+Shift+ArrowRight');
+    await page.keyboard.press('Control+Shift+ArrowRight');
+    await expect(page.getByRole('tab')).toHaveText(['Second', 'Third', 'First']);
+    await page.keyboard.press('Control+Shift+ArrowLeft');
+    await expect(page.getByRole('tab')).toHaveText(['Second', 'First', 'Third']);
+  });
+
+  test('use the room that there is', async ({ page }) => {
+    const width = async () => (await page.getByRole('tab', { name: 'First' }).locator('..').boundingBox())!.width;
+    await page.setViewportSize({ width: 1400, height: 600 });
+    await expect.poll(width).toBe(240);
+    await page.setViewportSize({ width: 600, height: 600 });
+    await expect.poll(width).toBeLessThan(180);
+    await page.setViewportSize({ width: 320, height: 600 });
+    await expect.poll(width).toBe(112);
+  });
+
   test('do everything by keyboard', async ({ page }) => {
     const selected = page.getByRole('tab', { selected: true });
     await selected.focus();

@@ -7,6 +7,8 @@ export interface TabTarget {
   readonly close: () => void;
   /** Shows a neighbour of the active tab, or the first or last of all tabs. */
   readonly show: (place: 'previous' | 'next' | 'first' | 'last') => void;
+  /** Puts the tab so many places further on. */
+  readonly move: (by: -1 | 1) => void;
 }
 
 const PLACES = { ArrowLeft: 'previous', ArrowRight: 'next', Home: 'first', End: 'last' } as const;
@@ -18,6 +20,13 @@ export const TAB_COMMANDS: readonly Command<TabTarget>[] = [
     label: 'commands.tab.show',
     repeats: true,
     run: ({ show }, chord) => show(PLACES[chord as keyof typeof PLACES]),
+  },
+  {
+    id: 'tab.move',
+    keys: ['Mod+Shift+ArrowLeft', 'Mod+Shift+ArrowRight'],
+    label: 'commands.tab.move',
+    repeats: true,
+    run: ({ move }, chord) => move(chord?.endsWith('Left') ? -1 : 1),
   },
   { id: 'tab.rename', keys: ['F2'], label: 'commands.tab.rename', run: ({ rename }) => rename() },
   {

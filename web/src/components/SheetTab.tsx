@@ -1,5 +1,5 @@
 import cc from 'classcat';
-import { type KeyboardEvent, memo, type MouseEvent, useRef, useState } from 'react';
+import { type KeyboardEvent, memo, type MouseEvent, type PointerEvent, useRef, useState } from 'react';
 import { useTranslation } from 'react-i18next';
 import { VscClose } from 'react-icons/vsc';
 import { runCommand } from '../commands/command';
@@ -9,7 +9,6 @@ import { hoverTitle } from '../ui/hoverTitle';
 import { SheetNameEditor } from './SheetNameEditor';
 import { SHEET_PANEL_ID } from './sheetPanel';
 import styles from './SheetTab.module.css';
-import { TAB_WIDTH } from './tabVirtualizer';
 
 /** No tab shows more than this of a name, however long a document makes it. */
 const LONGEST_NAME = 200;
@@ -23,6 +22,13 @@ interface SheetTabProps {
   isClosable: boolean;
   onClose: (sheetId: string) => void;
   onShow: TabTarget['show'];
+  onMove: TabTarget['move'];
+  onDragStart: (event: PointerEvent) => void;
+  isDragged: boolean;
+  /** The edge at which a dragged tab would be put. */
+  dropEdge: 'start' | 'end' | undefined;
+  /** In CSS pixels. */
+  width: number;
   /** Counted from 1 among all tabs, also those that are not on the page. */
   position: number;
   count: number;
@@ -30,7 +36,8 @@ interface SheetTabProps {
 
 /** One sheet's tab with its close button. A double click or F2 renames the sheet, Delete closes it. */
 export const SheetTab = memo(function SheetTab(props: SheetTabProps) {
-  const { tabId, sheetId, name, isActive, isClosable, onClose, onShow, position, count } = props;
+  const { tabId, sheetId, name, isActive, isClosable, onClose, onShow, onMove, position, count } = props;
+  const { onDragStart, isDragged, dropEdge, width } = props;
   const { t } = useTranslation();
   const [isEditing, setEditing] = useState(false);
   const tab = useRef<HTMLButtonElement>(null);
@@ -38,7 +45,13 @@ export const SheetTab = memo(function SheetTab(props: SheetTabProps) {
 
   const { setActiveSheet } = useSheetsStore.getState();
   const onKeyDown = (event: KeyboardEvent) => {
-    const target = { isClosable, rename: () => setEditing(true), close: () => onClose(sheetId), show: onShow };
+    const target = {
+      isClosable,
+      rename: () => setEditing(true),
+      close: () => onClose(sheetId),
+      show: onShow,
+      move: onMove,
+    };
     runCommand(TAB_COMMANDS, event, target);
   };
   const stopEditing = () => {
@@ -52,8 +65,14 @@ export const SheetTab = memo(function SheetTab(props: SheetTabProps) {
 
   return (
     <div
-      className={cc([styles.tab, isActive && styles.active])}
-      style={{ width: TAB_WIDTH }}
+      className={cc([
+        styles.tab,
+        isActive && styles.active,
+        isDragged && styles.dragged,
+        dropEdge === 'start' && styles.start,
+        dropEdge === 'end' && styles.end,
+      ])}
+      style={{ width }}
       onAuxClick={onAuxClick}
       // The browser would begin to scroll.
       onMouseDown={(event) => event.button === MIDDLE_BUTTON && event.preventDefault()}
@@ -70,6 +89,7 @@ export const SheetTab = memo(function SheetTab(props: SheetTabProps) {
         aria-keyshortcuts={isClosable ? 'Delete F2' : 'F2'}
         tabIndex={isActive && !isEditing ? 0 : -1}
         {...hoverTitle(shownName)}
+        onPointerDown={onDragStart}
         onClick={() => setActiveSheet(sheetId)}
         onDoubleClick={() => setEditing(true)}
         onKeyDown={onKeyDown}

@@ -19,36 +19,44 @@ import { hoverTitle } from '../ui/hoverTitle';
 import { SheetTab } from './SheetTab';
 import styles from './SheetTabs.module.css';
 import { createTitleSelector } from './sheetTitles';
-import { scrollToTab, visibleTabs } from './tabVirtualizer';
+import { scrollToTab, tabWidthFor, visibleTabs } from './tabVirtualizer';
+import { type TabDrag, useTabDrag } from './useTabDrag';
+
+/** The button that adds a sheet stands beside the tabs. */
+const ADD_WIDTH = 32;
 
 /** The strip with a tab for every sheet and a button that adds one. */
 export function SheetTabs() {
   const { t } = useTranslation();
   const titles = useSheetsStore(useMemo(createTitleSelector, []));
   const activeKey = useSheetsStore((store) => store.activeSheetKey);
+  const bar = useRef<HTMLDivElement>(null);
   const strip = useRef<HTMLDivElement>(null);
+  const tabs = useRef<HTMLDivElement>(null);
   const addButton = useRef<HTMLButtonElement>(null);
-  const [view, setView] = useState({ scrollLeft: 0, width: 0 });
+  const [view, setView] = useState({ scrollLeft: 0, width: 0, room: 0 });
   const idBase = useId();
   const activeIndex = titles.findIndex(({ id }) => id === activeKey);
-  const { first, end, left, width } = visibleTabs(titles.length, view.scrollLeft, view.width);
+  const tabWidth = tabWidthFor(titles.length, view.room);
+  const { first, end, left, width } = visibleTabs(titles.length, tabWidth, view.scrollLeft, view.width);
   const tabId = (index: number) => `${idBase}-${index}`;
   const isClosable = titles.length > 1 || !isVsCode;
 
   const measure = () => {
     const { scrollLeft, clientWidth } = strip.current!;
-    setView({ scrollLeft, width: clientWidth });
+    setView({ scrollLeft, width: clientWidth, room: bar.current!.clientWidth - ADD_WIDTH });
   };
   useEffect(() => {
     const observer = new ResizeObserver(measure);
     observer.observe(strip.current!);
+    observer.observe(bar.current!);
     return () => observer.disconnect();
   }, []);
   useEffect(() => {
     const element = strip.current!;
-    const target = scrollToTab(activeIndex, titles.length, element.scrollLeft, element.clientWidth);
+    const target = scrollToTab(activeIndex, titles.length, tabWidth, element.scrollLeft, element.clientWidth);
     if (activeIndex >= 0 && target !== undefined) element.scrollLeft = target;
-  }, [activeIndex, titles.length]);
+  }, [activeIndex, titles.length, tabWidth]);
 
   // A tab that is closed or scrolled out of the page takes the focus with it; the tab that is shown next gets it.
   const takesFocus = useRef(false);
@@ -72,6 +80,18 @@ export function SheetTabs() {
     takesFocus.current = true;
     useSheetsStore.getState().setActiveSheet(title.id);
   };
+  const move = ({ sheetId, place }: TabDrag) => {
+    takesFocus.current = true;
+    const { setActiveSheet, moveSheet } = useSheetsStore.getState();
+    setActiveSheet(sheetId);
+    moveSheet(sheetId, place);
+  };
+  const { drag, start } = useTabDrag({ tabs, first, count: titles.length, tabWidth }, move);
+  const draggedFrom = titles.findIndex(({ id }) => id === drag?.sheetId);
+  const dropEdge = (index: number) => {
+    if (!drag || drag.place !== index || draggedFrom === index) return undefined;
+    return draggedFrom < index ? 'end' : 'start';
+  };
   const scrollSideways = (event: WheelEvent) => {
     if (event.deltaX === 0) strip.current!.scrollLeft += event.deltaY;
   };
@@ -92,12 +112,12 @@ export function SheetTabs() {
   const owned = Array.from({ length: end - first }, (_, offset) => tabId(first + offset)).join(' ');
 
   return (
-    <div data-region className={styles.tabs}>
+    <div ref={bar} data-region className={styles.tabs}>
       {/* Close buttons stand beside their tabs, and a list of tabs may hold nothing but tabs: it owns them by name. */}
       <div role="tablist" aria-label={t('sheets.tabs')} aria-owns={owned || undefined} />
       <div ref={strip} onScroll={measure} onWheel={scrollSideways} className={styles.strip}>
         <div style={{ position: 'relative', width, height: '100%' }}>
-          <div style={{ position: 'absolute', left, display: 'flex' }}>
+          <div ref={tabs} style={{ position: 'absolute', left, display: 'flex' }}>
             {titles.slice(first, end).map(({ id, name }, offset) => (
               <SheetTab
                 key={id}
@@ -108,6 +128,11 @@ export function SheetTabs() {
                 isClosable={isClosable}
                 onClose={close}
                 onShow={show}
+                onMove={(by) => move({ sheetId: id, place: first + offset + by })}
+                onDragStart={(event) => start(id, event)}
+                isDragged={id === drag?.sheetId}
+                dropEdge={dropEdge(first + offset)}
+                width={tabWidth}
                 position={first + offset + 1}
                 count={titles.length}
               />

@@ -15,7 +15,7 @@ export const commandTexts = {
   sheet: { next: 'Show the next sheet', previous: 'Show the sheet before' },
   notice: { close: 'Close notifications' },
   toolbar: { move: 'Choose a button, in a bar or a word’s header' },
-  tab: { show: 'Show another sheet', rename: 'Rename the sheet', close: 'Close the sheet' },
+  tab: { show: 'Show another sheet', move: 'Move the sheet', rename: 'Rename the sheet', close: 'Close the sheet' },
   word: {
     move: 'Go to the word beside, above or below',
     type: 'Replace the value, in the base typed last (on a word’s header)',

@@ -251,6 +251,7 @@ const operation = fc.oneof(
   fc.record({ op: fc.constant('rename' as const), name: fc.string() }),
   fc.record({ op: fc.constant('add' as const) }),
   fc.record({ op: fc.constant('remove' as const), place: fc.nat({ max: 5 }) }),
+  fc.record({ op: fc.constant('move' as const), place: fc.nat({ max: 5 }), to: fc.nat({ max: 5 }) }),
   fc.record({ op: fc.constant('show' as const), place: fc.nat({ max: 5 }) }),
   fc.record({ op: fc.constant('save' as const) }),
   fc.record({ op: fc.constant('close' as const) }),
@@ -287,6 +288,8 @@ async function perform(chosen: Operation): Promise<void> {
       return void sheets().addSheet();
     case 'remove':
       return sheets().removeSheet(at(chosen.place));
+    case 'move':
+      return sheets().moveSheet(at(chosen.place), chosen.to);
     case 'show':
       return sheets().setActiveSheet(at(chosen.place));
     case 'save':

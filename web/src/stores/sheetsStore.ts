@@ -19,6 +19,8 @@ export interface SheetsOperations {
   addSheet(): BitsSheet;
   /** Removes a sheet; the last one in tab order is shown next. */
   removeSheet(id: string): void;
+  /** Puts a sheet at another place in tab order, counted from 0; places beyond either end mean that end. */
+  moveSheet(id: string, place: number): void;
   /** Changes fields of a sheet. Only changes of what a document holds make the document unsaved. */
   updateSheet(id: string, changes: SheetChanges): void;
   setActiveSheet(id: string): void;
@@ -68,6 +70,15 @@ const createStore: StateCreator<SheetsState & SheetsOperations> = (set, get) => 
     const sheets = new Map(get().sheets);
     if (!sheets.delete(id)) return;
     set({ sheets, activeSheetKey: [...sheets.keys()].at(-1) ?? null, ...changed(get) });
+  },
+
+  moveSheet(id, place) {
+    const sheets = [...get().sheets];
+    const from = sheets.findIndex(([each]) => each === id);
+    const to = Math.max(0, Math.min(sheets.length - 1, place));
+    if (from < 0 || from === to) return;
+    sheets.splice(to, 0, ...sheets.splice(from, 1));
+    set({ sheets: new Map(sheets), ...changed(get) });
   },
 
   updateSheet(id, changes) {
