@@ -50,7 +50,17 @@ export class Inspector {
     await this.#connect();
   }
 
+  /** What is offered right after the page's process has died may still be the dead one, which says nothing. */
   async #connect() {
+    await until('a page to inspect', async () => {
+      await this.#open();
+      const answers = await until('its first message', () => this.#target, 3000).catch(() => undefined);
+      if (!answers) this.disconnect();
+      return answers;
+    });
+  }
+
+  async #open() {
     const path = await until('the inspector', async () => {
       if (!this.#alive()) throw new Error('The program ended before its page could be inspected');
       return offeredSocket(this.#port);
@@ -67,7 +77,6 @@ export class Inspector {
       socket.addEventListener('open', () => resolve());
       socket.addEventListener('error', () => reject(new Error('The inspector refused the connection')));
     });
-    await until('a page to inspect', () => this.#target);
   }
 
   disconnect() {
