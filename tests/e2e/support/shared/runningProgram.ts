@@ -66,7 +66,7 @@ export abstract class RunningProgram<Page extends ScriptablePage = ScriptablePag
 
   /** The text that the user can read in the window. */
   text(): Promise<string> {
-    return this.page.evaluate(() => document.body.innerText);
+    return this.page.evaluate(() => (document.body as HTMLElement | null)?.innerText ?? '');
   }
 
   async shows(text: string) {
