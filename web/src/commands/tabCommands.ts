@@ -1,3 +1,4 @@
+import { BAR_KEYS, type BarPlace, placeOf } from './barPlaces';
 import type { Command } from './command';
 
 /** One sheet's tab in the strip of tabs. */
@@ -6,20 +7,18 @@ export interface TabTarget {
   readonly rename: () => void;
   readonly close: () => void;
   /** Shows a neighbour of the active tab, or the first or last of all tabs. */
-  readonly show: (place: 'previous' | 'next' | 'first' | 'last') => void;
+  readonly show: (place: BarPlace) => void;
   /** Puts the tab so many places further on. */
   readonly move: (by: -1 | 1) => void;
 }
 
-const PLACES = { ArrowLeft: 'previous', ArrowRight: 'next', Home: 'first', End: 'last' } as const;
-
 export const TAB_COMMANDS: readonly Command<TabTarget>[] = [
   {
     id: 'tab.show',
-    keys: Object.keys(PLACES),
+    keys: BAR_KEYS,
     label: 'commands.tab.show',
     repeats: true,
-    run: ({ show }, chord) => show(PLACES[chord as keyof typeof PLACES]),
+    run: ({ show }, chord) => show(placeOf(chord)),
   },
   {
     id: 'tab.move',

@@ -1,19 +1,18 @@
+import { BAR_KEYS, type BarPlace, placeOf } from './barPlaces';
 import type { Command } from './command';
 
 /** A bar of buttons: the document bar, the sheet's toolbar, or the header of a word. */
 export interface ToolbarTarget {
   /** Gives the focus to a button beside the one that has it, or to the first or last one. */
-  readonly move: (place: 'previous' | 'next' | 'first' | 'last') => void;
+  readonly move: (place: BarPlace) => void;
 }
-
-const PLACES = { ArrowLeft: 'previous', ArrowRight: 'next', Home: 'first', End: 'last' } as const;
 
 export const TOOLBAR_COMMANDS: readonly Command<ToolbarTarget>[] = [
   {
     id: 'toolbar.move',
-    keys: Object.keys(PLACES),
+    keys: BAR_KEYS,
     label: 'commands.toolbar.move',
     repeats: true,
-    run: ({ move }, chord) => move(PLACES[chord as keyof typeof PLACES]),
+    run: ({ move }, chord) => move(placeOf(chord)),
   },
 ];

@@ -11,6 +11,7 @@ import {
 } from 'react';
 import { useTranslation } from 'react-i18next';
 import { requestFirstWordFocus } from '../actions/firstWordFocus';
+import type { BarPlace } from '../commands/barPlaces';
 import { runCommand } from '../commands/command';
 import { TOOLBAR_COMMANDS } from '../commands/toolbarCommands';
 import { isVsCode } from '../host/hostFlags';
@@ -72,7 +73,7 @@ export function SheetTabs() {
     tab.focus({ preventScroll: true });
   });
 
-  const show = (place: 'previous' | 'next' | 'first' | 'last') => {
+  const show = (place: BarPlace) => {
     const index = { previous: activeIndex - 1, next: activeIndex + 1, first: 0, last: titles.length - 1 }[place];
     const title = titles[index];
     if (place === 'next' && !title) return addButton.current!.focus();

@@ -33,7 +33,7 @@ export function useTabDrag(strip: Strip, move: (drag: TabDrag) => void) {
     let current: TabDrag | undefined;
     const placeAt = (x: number) => {
       const { tabs, first, count, tabWidth } = latest.current.strip;
-      const offset = Math.floor((x - tabs.current!.getBoundingClientRect().left) / tabWidth);
+      const offset = Math.floor((x - (tabs.current?.getBoundingClientRect().left ?? 0)) / tabWidth);
       return Math.max(0, Math.min(count - 1, first + offset));
     };
     const listeners = new AbortController();

@@ -48,6 +48,24 @@ describe('adding and removing sheets', () => {
     expect(store().documentFile).toEqual({ name: 'a.tessary' });
   });
 
+  test('a sheet is moved to a place in tab order, at most to either end', () => {
+    const [first, second, third] = [store().addSheet(), store().addSheet(), store().addSheet()].map(({ id }) => id);
+    const order = () => [...store().sheets.keys()];
+    store().moveSheet(first!, 1);
+    expect(order()).toEqual([second, first, third]);
+    store().moveSheet(third!, -5);
+    expect(order()).toEqual([third, second, first]);
+    store().moveSheet(second!, 99);
+    expect(order()).toEqual([third, first, second]);
+    store().updateWordsDocumentFileState({ name: 'a.tessary' });
+    store().moveSheet(second!, 99);
+    store().moveSheet('nobody', 0);
+    expect(order()).toEqual([third, first, second]);
+    expect(store().isUnsaved).toBe(false);
+    store().moveSheet(second!, 0);
+    expect(store().isUnsaved).toBe(true);
+  });
+
   test('only a sheet that exists can be shown or removed', () => {
     const { id } = store().addSheet();
     store().updateWordsDocumentFileState({ name: 'a.tessary' });
