@@ -11,6 +11,14 @@ const { showError, openFile } = vi.hoisted(() => ({ showError: vi.fn(), openFile
 vi.mock('../ui/notifications', () => ({ showError }));
 vi.mock('../host/fileService', () => ({ fileService: { openFile } }));
 
+// A page that cannot keep its record says so once, at any later moment: a second message beside the one that is looked for.
+const record = new Map<string, string>();
+vi.stubGlobal('localStorage', {
+  getItem: (key: string) => record.get(key) ?? null,
+  setItem: (key: string, text: string) => void record.set(key, text),
+  removeItem: (key: string) => void record.delete(key),
+});
+
 const REFUSALS = [
   'Failed to parse document data: Invalid JSON',
   'Invalid Tessary document data structure',
@@ -30,7 +38,9 @@ async function expectForAll<T>(inputs: fc.Arbitrary<T>, check: (input: T) => Pro
   const effort = seconds > 0 ? { numRuns: 1e9, interruptAfterTimeLimit: limit } : { numRuns: 300 };
   const details = await fc.check(fc.asyncProperty(inputs, check), effort);
   if (seconds > 0) console.info(`${details.numRuns} documents`);
-  if (details.failed) throw new Error(fc.defaultReportMessage(details)?.slice(0, LONGEST_REPORT));
+  if (!details.failed) return;
+  // The reason stands behind the document in the report, where it would be cut off.
+  throw new Error(`${String(details.errorInstance)}\n${fc.defaultReportMessage(details)}`.slice(0, LONGEST_REPORT));
 }
 
 const builtIns = [Object.prototype, Array.prototype, String.prototype, Function.prototype];
