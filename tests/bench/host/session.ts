@@ -3,13 +3,14 @@ import { type ChildProcess, spawn } from 'node:child_process';
 import { once } from 'node:events';
 import { copyFileSync, mkdirSync, readdirSync, readFileSync } from 'node:fs';
 import { join } from 'node:path';
-import { createInterface } from 'node:readline';
+import { createInterface, type Interface } from 'node:readline';
 import { setTimeout as pause } from 'node:timers/promises';
 import { proportionalSize, treeOf } from '../processTree.ts';
 
 /** A process that reports something in the first line that it prints. */
 interface Speaking {
   process: ChildProcess;
+  lines: Interface;
   firstLine: string;
 }
 
@@ -17,7 +18,7 @@ async function startSpeaking(command: string, options: string[], env: NodeJS.Pro
   const process = spawn(command, options, { env, stdio: ['pipe', 'pipe', 'ignore'] });
   const lines = createInterface({ input: process.stdout });
   const [firstLine] = (await once(lines, 'line', { signal: AbortSignal.timeout(60_000) })) as [string];
-  return { process, firstLine };
+  return { process, lines, firstLine };
 }
 
 async function end(process: ChildProcess) {
@@ -25,11 +26,18 @@ async function end(process: ChildProcess) {
   await once(process, 'exit');
 }
 
+/** One start of a program. Times are milliseconds since the start of its process. */
 export interface Sample {
-  /** Milliseconds from the start of the process to the first paint of the page. */
-  paint: number;
-  /** Memory of the process and all that it started, in MB: proportional set size, two seconds after the paint. */
+  /** The window is there. */
+  window: number;
+  /** The first frame in which the text has its full contrast. */
+  readable: number;
+  /** Processor time of all processes until three seconds after that, in milliseconds. */
+  processor: number;
+  /** Memory of the process and all that it started, in MB: proportional set size, at that moment. */
   memory: number;
+  /** Processor time of all processes in the next `idleFor` milliseconds, in milliseconds. */
+  idle: number;
 }
 
 /** A copy of the program with a screen and a home of its own. */
@@ -51,14 +59,16 @@ export class Session {
     return new Session(folder, await startSpeaking('Xvfb', options, environment(folder)));
   }
 
-  /** Starts a program, waits for its first paint, looks at its memory and ends it. */
-  async measure(firstPaint: string, command: string[]): Promise<Sample> {
-    const { process, firstLine } = await startSpeaking(firstPaint, command, this.env);
-    const [pid = 0, paint = NaN] = firstLine.split(' ').map(Number);
-    await pause(2000); // part of the measurement: what the page still loads and frees after its first paint
+  /** Starts a program, watches how it comes up and rests, and ends it. @param watcher - the built watch_start */
+  async measure(watcher: string, idleFor: number, command: string[]): Promise<Sample> {
+    const { process, lines, firstLine } = await startSpeaking(watcher, [String(idleFor), ...command], this.env);
+    const [pid = 0, window = NaN, , readable = NaN, processor = NaN] = firstLine.split(' ').map(Number);
     const memory = treeOf(pid).reduce((sum, each) => sum + proportionalSize(each), 0);
+    const rested = once(lines, 'line');
+    process.stdin?.write('\n');
+    const [idle] = (await rested) as [string];
     await end(process);
-    return { paint, memory };
+    return { window, readable, processor, memory, idle: Number(idle) };
   }
 
   async stop() {
