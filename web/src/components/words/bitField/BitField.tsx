@@ -8,13 +8,12 @@ import {
   useRef,
   useState,
 } from 'react';
-import { subscribe } from 'valtio';
-import { shownChange } from '../../../actions/shownChange';
 import { BIT_FIELD_COMMANDS } from '../../../commands/bitFieldCommands';
 import { runCommand } from '../../../commands/command';
 import { i18next } from '../../../i18n';
 import { formatInteger } from '../../../model/integer/formatInteger';
 import { readWord } from '../../../model/integer/wordLayout';
+import { type OutlineKind, useBitOutlines } from '../../../stores/bitOutlines';
 import { useSheetStore } from '../../../stores/sheetStore';
 import { isTextField } from '../../../ui/alteredText';
 import { bitAt, type BitFieldLayout, cellOf } from '../layout/bitFieldLayout';
@@ -24,6 +23,7 @@ import { bitCursors } from './bitCursors';
 import styles from './BitField.module.css';
 import { BitFieldPainter } from './bitFieldPainter';
 import { useBitFieldPalette } from './bitFieldPalette';
+import type { WordOutlines } from './drawBitField';
 
 export const READOUT_ID = 'bit-readout';
 
@@ -34,10 +34,19 @@ interface BitFieldProps {
   index: number;
   word: bigint;
   signed: boolean;
+  sheetId: string | null;
 }
 
 /** All bits of a word on a canvas, to be toggled one by one or painted with a drag. */
-export const BitField = memo(function BitField({ name, layout, pixelRatio, index, word, signed }: BitFieldProps) {
+export const BitField = memo(function BitField({
+  name,
+  layout,
+  pixelRatio,
+  index,
+  word,
+  signed,
+  sheetId,
+}: BitFieldProps) {
   const width = layout.bits;
   const canvas = useRef<HTMLCanvasElement>(null);
   const row = useContext(RowScroller);
@@ -63,13 +72,10 @@ export const BitField = memo(function BitField({ name, layout, pixelRatio, index
   );
 
   useLayoutEffect(() => {
-    const outline = () => {
-      const isShown = shownChange.sheetId === useSheetStore.getState().id;
-      painter.mark({ changed: isShown ? readWord(shownChange.bits, width, index) : 0n });
-    };
+    const outline = () => painter.mark({ outlines: outlinesOf(sheetId, width, index) });
     outline();
-    return subscribe(shownChange, outline);
-  }, [painter, width, index]);
+    return useBitOutlines.subscribe(outline);
+  }, [painter, sheetId, width, index]);
 
   const isSet = (bit: number) => readWord(useSheetStore.getState().int.value, 1, width * index + bit) === 1n;
   const read = (bit: number) => showBit({ width, index, bit, isSet: isSet(bit), signed });
@@ -167,6 +173,16 @@ export const BitField = memo(function BitField({ name, layout, pixelRatio, index
     </canvas>
   );
 });
+
+/** What is outlined of a word of a sheet. */
+function outlinesOf(sheetId: string | null, width: number, index: number): WordOutlines {
+  const outlines = useBitOutlines.getState();
+  const bitsOf = (kind: OutlineKind) => {
+    const { sheetId: outlined, bits } = outlines[kind];
+    return bits === 0n || outlined !== sheetId ? 0n : readWord(bits, width, index);
+  };
+  return { changed: bitsOf('changed'), difference: bitsOf('difference'), range: bitsOf('range') };
+}
 
 /** The bits as a screen reader finds them one by one, while the keyboard is in their field. */
 function BitTexts({ digits }: { digits: string }) {

@@ -1,13 +1,17 @@
 import { type BitFieldPicture, drawBitField } from './drawBitField';
 
-type Marks = Pick<BitFieldPicture, 'hovered' | 'cursor' | 'changed'>;
+type Marks = Pick<BitFieldPicture, 'hovered' | 'cursor' | 'outlines'>;
 type Content = Omit<BitFieldPicture, keyof Marks>;
 
 /** Keeps one canvas showing a word's bits and marks, and draws no more of it than has changed. */
 export class BitFieldPainter {
   private context: CanvasRenderingContext2D | null = null;
   private drawn: BitFieldPicture | undefined;
-  private marks: Marks = { hovered: undefined, cursor: undefined, changed: 0n };
+  private marks: Marks = {
+    hovered: undefined,
+    cursor: undefined,
+    outlines: { changed: 0n, difference: 0n, range: 0n },
+  };
 
   /** The pointer or the keyboard is at one of its bits. */
   get isMarked(): boolean {
@@ -28,7 +32,7 @@ export class BitFieldPainter {
     this.draw(content);
   }
 
-  /** Marks bits, or none where a mark is given as undefined or zero. A mark that is not given stays. */
+  /** Marks bits, or none where a mark is given as undefined. A mark that is not given stays. */
   mark(marks: Partial<Marks>): void {
     this.marks = { ...this.marks, ...marks };
     if (this.drawn) this.draw(this.drawn);

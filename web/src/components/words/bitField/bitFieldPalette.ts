@@ -12,6 +12,8 @@ export interface BitFieldPalette {
   readonly hover: string;
   readonly cursor: string;
   readonly changed: string;
+  readonly difference: string;
+  readonly range: string;
 }
 
 export const DARK_PALETTE: BitFieldPalette = {
@@ -24,6 +26,8 @@ export const DARK_PALETTE: BitFieldPalette = {
   hover: '#ffffff',
   cursor: colors.accent,
   changed: '#6ee7a0',
+  difference: '#ff9e64',
+  range: '#ff8ad8',
 };
 
 /** The user's own colours, where the system asks for them. */
@@ -37,6 +41,8 @@ const FORCED: BitFieldPalette = {
   hover: 'Highlight',
   cursor: 'Highlight',
   changed: 'Highlight',
+  difference: 'Highlight',
+  range: 'Highlight',
 };
 
 const forcedColors = typeof matchMedia === 'undefined' ? undefined : matchMedia('(forced-colors: active)');

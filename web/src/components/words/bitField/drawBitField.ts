@@ -1,4 +1,5 @@
 import { floatFields, floatFormatFor } from '../../../model/float/floatFormats';
+import { OUTLINE_KINDS, type OutlineKind } from '../../../stores/bitOutlines';
 import { mono } from '../../../ui/tokens';
 import { type BitFieldLayout, cellOf, type Rect } from '../layout/bitFieldLayout';
 import { type BitFieldPalette, textColorOn } from './bitFieldPalette';
@@ -15,15 +16,19 @@ export interface BitFieldPicture {
   readonly hovered: number | undefined;
   /** The bit that the keyboard acts on. */
   readonly cursor: number | undefined;
-  /** Of the word's width; a one for each bit that is outlined as changed. */
-  readonly changed: bigint;
+  /** Of the word's width; a one for each bit that is outlined. */
+  readonly outlines: WordOutlines;
 }
+
+/** The outlined bits of one word, by the reason for it. */
+export type WordOutlines = Readonly<Record<OutlineKind, bigint>>;
 
 const DIGIT_FONT = `12px ${mono}`;
 const SMALL_FONT = `9px ${mono}`;
 const LABEL_FONT = '11px system-ui, sans-serif';
 const CELL_GAP = 1;
 const BAR_HEIGHT = 3;
+const RANGE_LINE = 2;
 
 /**
  * Draws a bit field, the whole of it or only what differs from what is there. Expects a canvas of the layout's size in
@@ -57,7 +62,12 @@ function bitsThatDiffer(picture: BitFieldPicture, drawn: BitFieldPicture): Itera
     if (picture[mark] === drawn[mark]) continue;
     for (const bit of [picture[mark], drawn[mark]]) if (bit !== undefined) bits.add(bit);
   }
-  for (const bit of setBits(picture.changed ^ drawn.changed)) bits.add(bit);
+  for (const kind of OUTLINE_KINDS) {
+    const differing = picture.outlines[kind] ^ drawn.outlines[kind];
+    // Where a range ends is seen on both sides.
+    for (const bit of setBits(kind === 'range' ? differing | (differing << 1n) | (differing >> 1n) : differing))
+      if (bit < picture.layout.bits) bits.add(bit);
+  }
   if (picture.digits === drawn.digits) return bits;
   const last = picture.layout.bits - 1;
   for (let place = 0; place <= last; place++) {
@@ -79,20 +89,48 @@ function drawCell(context: CanvasRenderingContext2D, picture: BitFieldPicture, b
   const background = isOne ? (color ?? palette.one) : palette.zero;
   context.fillStyle = background;
   context.fillRect(cell.x, cell.y, cell.width, cell.height);
+  drawRange(context, picture, bit, cell);
   const mark = markColor(picture, bit);
   if (mark) {
     context.strokeStyle = mark;
     context.lineWidth = 2;
-    context.strokeRect(cell.x + 1, cell.y + 1, cell.width - 2, cell.height - 2);
+    const inset = hasBit(picture.outlines.range, bit) ? 1 + RANGE_LINE : 1;
+    context.strokeRect(cell.x + inset, cell.y + inset, cell.width - 2 * inset, cell.height - 2 * inset);
   }
   context.fillStyle = isOne ? (color ? textColorOn(color) : palette.oneText) : palette.zeroText;
   context.fillText(isOne ? '1' : '0', cell.x + cell.width / 2, cell.y + cell.height / 2 + 0.5);
 }
 
-function markColor({ cursor, hovered, changed, palette }: BitFieldPicture, bit: number): string | undefined {
+function markColor({ cursor, hovered, outlines, palette }: BitFieldPicture, bit: number): string | undefined {
   if (cursor === bit) return palette.cursor;
   if (hovered === bit) return palette.hover;
-  return changed !== 0n && ((changed >> BigInt(bit)) & 1n) === 1n ? palette.changed : undefined;
+  if (hasBit(outlines.changed, bit)) return palette.changed;
+  return hasBit(outlines.difference, bit) ? palette.difference : undefined;
+}
+
+function hasBit(bits: bigint, bit: number): boolean {
+  return bits !== 0n && ((bits >> BigInt(bit)) & 1n) === 1n;
+}
+
+/** The part of a range's contour around one bit: it is open where the range goes on, also over the gap to the next bit. */
+function drawRange(
+  context: CanvasRenderingContext2D,
+  { layout, outlines, palette, pixelRatio }: BitFieldPicture,
+  bit: number,
+  cell: Rect,
+): void {
+  const [range, first] = [outlines.range, bit % layout.bitsPerLine === 0];
+  const gap = first ? 0 : snapped(cellOf(layout, bit - 1), pixelRatio).x - cell.x - cell.width;
+  context.clearRect(cell.x + cell.width, cell.y, gap, cell.height);
+  if (!hasBit(range, bit)) return;
+  const goesOn = bit > 0 && hasBit(range, bit - 1);
+  const width = cell.width + (goesOn ? gap : 0);
+  const [right, bottom] = [cell.x + cell.width - RANGE_LINE, cell.y + cell.height - RANGE_LINE];
+  context.fillStyle = palette.range;
+  context.fillRect(cell.x, cell.y, width, RANGE_LINE);
+  context.fillRect(cell.x, bottom, width, RANGE_LINE);
+  if (!hasBit(range, bit + 1)) context.fillRect(cell.x, cell.y, RANGE_LINE, cell.height);
+  if (!goesOn) context.fillRect(right, cell.y, RANGE_LINE, cell.height);
 }
 
 /** Numbers of the bits at both ends of each byte, or of the first bit of each line. */

@@ -29,6 +29,7 @@ export const WordBlock = memo(function WordBlock({ row, index, texts, pixelRatio
       index={index}
       word={word}
       signed={signed}
+      sheetId={sheetId}
     />
   );
   return (
