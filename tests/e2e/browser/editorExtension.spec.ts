@@ -46,6 +46,23 @@ test.describe('in an editor extension', () => {
     await expectAccessible();
   });
 
+  test('Ctrl+I is left to the editor; the inspector opens by the menu and by the status line', async ({ page }) => {
+    await send(page, documentText({ int: '0x41', intResolution: 64 }));
+    const inspector = page.getByRole('dialog', { name: 'Int 64 word 1, all readings' });
+    const value = page.getByRole('textbox', { name: 'Value' }).first();
+    await value.focus();
+    await page.keyboard.press('Control+i');
+    await page.keyboard.press('Shift+F10');
+    await expect(inspector).toBeHidden();
+    await page.keyboard.press('i');
+    await page.keyboard.press('Enter');
+    await expect(inspector).toBeVisible();
+    await page.keyboard.press('Escape');
+    await expect(value).toBeFocused();
+    await page.getByText('2 of 64 bits set').click();
+    await expect(inspector).toBeVisible();
+  });
+
   test('a document that it sends takes no focus from the editor', async ({ page }) => {
     await send(page, documentText({ displayName: 'Sent' }));
     await expect(page.getByRole('textbox', { name: 'Value' }).first()).toBeVisible();

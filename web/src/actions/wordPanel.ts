@@ -16,6 +16,7 @@ export type WordPanel = { readonly word: ChangedWord; readonly place: PanelPlace
   | ({ readonly kind: 'menu' | 'copyAs' } & PointedAt)
   | { readonly kind: 'paste'; readonly text: string }
   | { readonly kind: 'operation'; readonly text: string }
+  | { readonly kind: 'inspect' }
   /** A text that could not be put on the clipboard. */
   | { readonly kind: 'text'; readonly text: string }
 );

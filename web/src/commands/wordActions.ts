@@ -42,6 +42,14 @@ function opens(id: string, text: string): WordAction {
   };
 }
 
+export const INSPECT_WORD: WordAction = {
+  id: 'word.inspect',
+  keys: ['Mod+I'],
+  label: label('inspect'),
+  hosts: ['native', 'browser'],
+  run: ({ word, place }) => openPanel(word, { kind: 'inspect' }, place),
+};
+
 const IN_FIELDS: readonly WordAction[] = (['cut', 'copy', 'paste'] as const).map((edit) => ({
   id: `field.${edit}`,
   keys: [],
@@ -88,6 +96,7 @@ export const WORD_MENU: readonly WordAction[] = [
     run: ({ word, place }) => openPanel(word, { kind: 'operation', text: '' }, place),
   },
   opens('goToBit', 'bit '),
+  INSPECT_WORD,
   {
     id: 'word.copyMask',
     keys: [],

@@ -31,6 +31,7 @@ export const commandTexts = {
     operation: 'Operation…',
     repeat: 'Repeat the last operation',
     goToBit: 'Go to bit…',
+    inspect: 'Inspect…',
     copyMask: 'Copy mask',
     menu: 'Open the menu of the word',
   },

@@ -1,5 +1,6 @@
 import { commandTexts } from './commandTexts';
 import { historyTexts } from './historyTexts';
+import { inspectTexts } from './inspectTexts';
 import { panelTexts } from './panelTexts';
 import { wordsTexts } from './wordsTexts';
 
@@ -95,6 +96,7 @@ export const en = {
   history: historyTexts,
   words: wordsTexts,
   panels: panelTexts,
+  inspect: inspectTexts,
   sheets: {
     tabs: 'Sheets',
     add: 'Add sheet',

@@ -15,6 +15,7 @@ import { CopiedText } from './CopiedText';
 import { OperationForm } from './OperationForm';
 import styles from './panels.module.css';
 import { PasteForm } from './PasteForm';
+import { WordInspector } from './WordInspector';
 
 /** Around the words: their menu, their keys, what is dropped on them, and the forms that act on one of them. */
 export function WordPanels({ children }: { children: ReactNode }) {
@@ -98,6 +99,12 @@ function Panel({ panel }: { panel: WordPanel }) {
     }
     case 'copyAs':
       return <CopyAsMenu key="copyAs" panel={panel} shared={shared} />;
+    case 'inspect':
+      return (
+        <Popup {...shared} key="inspect">
+          <WordInspector word={word} />
+        </Popup>
+      );
     case 'paste':
     case 'operation':
     case 'text': {
