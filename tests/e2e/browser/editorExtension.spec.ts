@@ -9,6 +9,7 @@ interface EditorWindow {
 /** Makes the page believe that an editor extension shows it. */
 async function stubEditor(page: Page): Promise<void> {
   await page.addInitScript(() => {
+    history.replaceState(null, '', '/web-view/index.html?id=1'); // none of the page's own routes
     const posted: unknown[] = [];
     let state: unknown;
     Object.assign(window, {

@@ -1,5 +1,6 @@
 import { useEffect, useMemo, useRef } from 'react';
 import { useNavigate } from 'react-router';
+import { isVsCode } from '../host/hostFlags';
 import { runCommand } from './command';
 import { DOCUMENT_COMMANDS, type DocumentTarget, PAGE_COMMANDS } from './documentCommands';
 import { FRAME_COMMANDS } from './frameCommands';
@@ -9,12 +10,15 @@ const EVERYWHERE = [...DOCUMENT_COMMANDS, ...HISTORY_COMMANDS, ...PAGE_COMMANDS,
 
 /**
  * What the document's commands act on. The same object for as long as the component lives. A route that is shown already
- * gets no second entry in the browser's history.
+ * gets no second entry in the browser's history; an editor's web view has one route after the other, and none to go back to.
  */
 export function useDocumentTarget(): DocumentTarget {
   const navigate = useRef(useNavigate());
   return useMemo(
-    () => ({ navigate: (route) => (location.pathname === route ? undefined : navigate.current(route)) }),
+    () => ({
+      navigate: (route) =>
+        location.pathname === route && !isVsCode ? undefined : navigate.current(route, { replace: isVsCode }),
+    }),
     [],
   );
 }

@@ -1,5 +1,6 @@
 import '../i18n';
 import { render } from '@testing-library/react';
+import type { ComponentType, ReactNode } from 'react';
 import { MemoryRouter } from 'react-router';
 import { App } from '../app/App';
 import { PageRoutes } from '../app/PageRoutes';
@@ -28,11 +29,16 @@ HTMLCanvasElement.prototype.getContext = () => null;
 
 /** Renders the whole page at a route. */
 export function renderPage(route = '/') {
+  return renderPageWith(({ children }) => <MemoryRouter initialEntries={[route]}>{children}</MemoryRouter>);
+}
+
+/** Renders the whole page with its routes where the router has them. */
+export function renderPageWith(Router: ComponentType<{ children: ReactNode }>) {
   return render(
     <App>
-      <MemoryRouter initialEntries={[route]}>
+      <Router>
         <PageRoutes />
-      </MemoryRouter>
+      </Router>
     </App>,
   );
 }

@@ -1,0 +1,11 @@
+import type { ReactNode } from 'react';
+import { BrowserRouter, MemoryRouter } from 'react-router';
+import { isVsCode } from '../host/hostFlags';
+
+/**
+ * Where the page's routes live: in the window's address, or in memory in an editor, whose web view has an address of its
+ * own. Nothing leads back out of the document there.
+ */
+export function PageRouter({ children }: { children: ReactNode }) {
+  return isVsCode ? <MemoryRouter>{children}</MemoryRouter> : <BrowserRouter>{children}</BrowserRouter>;
+}
