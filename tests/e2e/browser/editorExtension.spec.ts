@@ -81,21 +81,51 @@ test.describe('in an editor extension', () => {
   test('edits reach the editor; leaving never asks', async ({ page }) => {
     await send(page, documentText({ displayName: 'Sent' }));
     await expect(page.getByRole('tab', { name: 'Sent' })).toBeVisible();
-    // Right after a document came, edits are not reported yet; the next one after that reports both.
-    await expect
-      .poll(
-        async () => {
-          await page.getByRole('button', { name: 'Add sheet' }).click();
-          return (await posted(page)).length;
-        },
-        { intervals: [400] },
-      )
-      .toBeGreaterThan(1);
+    await page.getByRole('button', { name: 'Add sheet' }).click(); // too early to be reported before 500 ms are over
+    await expect.poll(() => posted(page)).toHaveLength(2);
     const update = (await posted(page)).at(-1)!;
     expect(update.type).toBe('updateDocument');
-    expect(update.data!.sheets.length).toBeGreaterThan(1);
+    expect(update.data!.sheets).toHaveLength(2);
     const closed = page.waitForEvent('close');
     await page.close({ runBeforeUnload: true });
     await closed;
+  });
+
+  test('what the editor shows next has the last edit', async ({ page }) => {
+    await send(page, documentText({ displayName: 'Sent' }));
+    const value = page.getByRole('textbox', { name: 'Value' }).first();
+    await page.getByRole('button', { name: 'Add sheet' }).click();
+    await expect.poll(() => posted(page)).toHaveLength(2); // updates are let through again
+    await page.clock.install(); // no time passes from here on
+    await value.fill('42');
+    await value.press('Enter');
+    await page.keyboard.press('Control+s');
+    const { data } = (await posted(page)).at(-1)!;
+    expect(data!.sheets.at(-1)).toMatchObject({ int: '0x2a' });
+    expect(await posted(page)).toHaveLength(3);
+  });
+
+  test('a text that is no document is named in its place, until there is a document again', async ({
+    page,
+    expectAccessible,
+  }) => {
+    await send(page, '<<<<<<< ours');
+    await expect(page.getByRole('alert')).toHaveText('Failed to parse document data: Invalid JSON');
+    await expect(page.getByRole('heading', { name: 'Download' })).toHaveCount(0);
+    await expectAccessible();
+    await send(page, documentText({ displayName: 'Sent' }));
+    await expect(page.getByRole('tab', { name: 'Sent' })).toBeVisible();
+    await send(page, '');
+    await expect(page.getByRole('alert')).toBeVisible();
+    await expect(page.getByRole('tab')).toHaveCount(0);
+  });
+
+  test('a document without sheets can be begun, not opened', async ({ page, expectAccessible }) => {
+    await send(page, JSON.stringify({ tool: 'words', version: 1, sheets: [] }));
+    await expect(page.getByText('Create Document')).toBeVisible();
+    await expect(page.getByText('Open Document')).toHaveCount(0);
+    await expectAccessible();
+    await page.getByText('Create Document').click();
+    await expect.poll(() => posted(page)).toHaveLength(2);
   });
 });

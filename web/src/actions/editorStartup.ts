@@ -1,10 +1,14 @@
-import { withLoading } from '../document/loading';
+import { proxy } from 'valtio';
+import { type Loading, withLoading } from '../document/loading';
 import { parseToolDocumentInSteps } from '../document/parseToolDocument';
-import { connectToEditor } from '../host/editorExtension';
+import type { WordsDocumentData } from '../document/schema';
+import { connectToEditor, isPostedLast } from '../host/editorExtension';
 import { i18next } from '../i18n';
 import { useSheetsStore } from '../stores/sheetsStore';
-import { showError } from '../ui/notifications';
 import type { Navigate } from './documentActions';
+
+/** What the editor has instead of a document that can be shown, such as the marks of a merge; else null. */
+export const editorProblem = proxy<{ text: string | null }>({ text: null });
 
 let isConnected = false;
 /** Documents are opened one after the other, so that the last one sent is the one that stays. */
@@ -15,15 +19,25 @@ export function followEditor(navigate: Navigate): void {
   if (isConnected) return;
   isConnected = true;
   connectToEditor((document) => {
-    last = last.then(() => open(document, navigate)).catch(() => showError(i18next.t('messages.file.open.error')));
+    last = last
+      .then(() => withLoading((loading) => open(document, navigate, loading)))
+      .catch(() => i18next.t('messages.file.open.error'))
+      .then((problem) => void (editorProblem.text = problem));
   });
 }
 
-function open(document: unknown, navigate: Navigate): Promise<void> {
-  return withLoading(async (loading) => {
-    const parsed = await parseToolDocumentInSteps(document, loading);
-    if (!parsed.success) return;
-    await useSheetsStore.getState().loadWordsDocument(parsed.data, undefined, loading);
-    await navigate(parsed.navigationRoute);
-  });
+/** @returns what is wrong with the document, or null */
+async function open(document: unknown, navigate: Navigate, loading: Loading): Promise<string | null> {
+  const parsed = await parseToolDocumentInSteps(document, loading, false);
+  if (!parsed.success) return parsed.error;
+  if (!isShown(parsed.data)) await useSheetsStore.getState().loadWordsDocument(parsed.data, undefined, loading);
+  await navigate(parsed.navigationRoute);
+  return null;
+}
+
+/** The page has the document already, with signs, positions and focus that loading would reset. */
+function isShown(data: WordsDocumentData): boolean {
+  const { documentFile, getWordsDocument } = useSheetsStore.getState();
+  if (documentFile === null) return false;
+  return isPostedLast(data) || JSON.stringify(data) === JSON.stringify(getWordsDocument().toData());
 }

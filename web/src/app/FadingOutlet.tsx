@@ -7,14 +7,14 @@ import styles from './FadingOutlet.module.css';
 const FADE = 150;
 const FADING = { '--fade': `${FADE}ms` } as CSSProperties;
 
-/** The content of the current route. The old one fades out before the new one fades in. */
-export function FadingOutlet() {
+/** The content of the current route, or what is shown instead. The old one fades out before the new one fades in. */
+export function FadingOutlet({ instead }: { instead?: ReactNode }) {
   const outlet = useOutlet();
   const { pathname } = useLocation();
   return (
     <div className={styles.outlet}>
       <AnimatePresence mode="wait">
-        <FadingPage key={pathname}>{outlet}</FadingPage>
+        <FadingPage key={instead ? 'instead' : pathname}>{instead || outlet}</FadingPage>
       </AnimatePresence>
     </div>
   );

@@ -1,10 +1,13 @@
 import cc from 'classcat';
+import { useSnapshot } from 'valtio';
+import { editorProblem } from '../actions/editorStartup';
 import { useDocumentKeys } from '../commands/useDocumentCommands';
 import { KeysDialog } from '../components/KeysDialog';
 import { LoadingProgress } from '../components/LoadingProgress';
 import { UnsavedChangesDialog } from '../components/UnsavedChangesDialog';
 import { useDocumentDrop } from '../components/useDocumentDrop';
 import { isVsCode } from '../host/hostFlags';
+import { ProblemPage } from '../pages/ProblemPage';
 import { FadingOutlet } from './FadingOutlet';
 import styles from './Frame.module.css';
 import { Rail } from './Rail';
@@ -15,10 +18,11 @@ export function Frame() {
   useDocumentKeys();
   useDocumentDrop();
   useLeaveGuards();
+  const { text: problem } = useSnapshot(editorProblem);
   return (
     <div className={cc([styles.frame, !isVsCode && styles.withRail])}>
       {!isVsCode && <Rail />}
-      <FadingOutlet />
+      <FadingOutlet instead={problem !== null && <ProblemPage text={problem} />} />
       <UnsavedChangesDialog />
       <KeysDialog />
       <LoadingProgress />

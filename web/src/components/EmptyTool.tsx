@@ -3,6 +3,7 @@ import { useEffect, useRef } from 'react';
 import { Trans, useTranslation } from 'react-i18next';
 import { newDocument, openDocument } from '../actions/documentActions';
 import { useDocumentTarget } from '../commands/useDocumentCommands';
+import { isVsCode } from '../host/hostFlags';
 import { ActionLink } from '../ui/ActionLink';
 import styles from './EmptyTool.module.css';
 import { FirstSteps } from './FirstSteps';
@@ -24,7 +25,7 @@ export function EmptyTool() {
       <Typography>{t('tools.words.getStarted')}</Typography>
       <Typography>
         <Trans
-          i18nKey="tools.words.createOrOpen"
+          i18nKey={isVsCode ? 'tools.words.create' : 'tools.words.createOrOpen'}
           components={{
             create: <ActionLink onActivate={() => void newDocument(navigate)} />,
             open: <ActionLink onActivate={() => void openDocument(navigate)} />,

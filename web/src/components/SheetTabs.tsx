@@ -47,7 +47,8 @@ export function SheetTabs() {
     const { scrollLeft, clientWidth } = strip.current!;
     setView({ scrollLeft, width: clientWidth, room: bar.current!.clientWidth - ADD_WIDTH });
   };
-  useEffect(() => {
+  // A passive effect ends late enough for the observer to measure a strip that has left the page already.
+  useLayoutEffect(() => {
     const observer = new ResizeObserver(measure);
     observer.observe(strip.current!);
     observer.observe(bar.current!);
@@ -96,7 +97,6 @@ export function SheetTabs() {
   const scrollSideways = (event: WheelEvent) => {
     if (event.deltaX === 0) strip.current!.scrollLeft += event.deltaY;
   };
-  // The arrow keys go on from the last tab to the button that adds one.
   // The arrow keys go on from the last tab to the button that adds one.
   const onAddKey = (event: KeyboardEvent) =>
     void runCommand(TOOLBAR_COMMANDS, event, {

@@ -58,6 +58,7 @@ export const en = {
       name: 'Words',
       welcome: 'Welcome to Words tool!',
       getStarted: 'Create or open a document to get started.',
+      create: '<create>@(titles.createDocument)</create>',
       createOrOpen: '<create>@(titles.createDocument)</create> @(ui.or) <open>@(titles.openDocument)</open>',
     },
   },

@@ -111,14 +111,18 @@ const createStore: StateCreator<SheetsState & SheetsOperations> = (set, get) => 
 
   async loadWordsDocument(data, file = { name: UNTITLED_FILE_NAME }, loading = new Loading()) {
     suspendDocumentUpdates();
-    const sheets = await sheetsFromDocument(data, loading).finally(resumeDocumentUpdates);
+    const sheets = await sheetsFromDocument(data, loading).catch((error: unknown) => {
+      resumeDocumentUpdates(false);
+      throw error;
+    });
+    resumeDocumentUpdates(true);
     const shown = get().activeSheetKey;
     const first = sheets.keys().next().value ?? null;
     set({
       sheets,
       activeSheetKey: shown !== null && sheets.has(shown) ? shown : first,
       documentFile: file,
-      isUnsaved: file.path === undefined,
+      isUnsaved: file.path === undefined && !isVsCode,
     });
   },
 
