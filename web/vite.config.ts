@@ -16,12 +16,14 @@ const packagesFile = fileURLToPath(new URL('../build/page-packages.json', import
 // For web servers the page registers its worker. The desktop program's page never does: its port, and with it the
 // worker's origin, is another one at each start.
 const installable = process.env.TESSARY_PAGE === 'installable';
+// For an editor's web view, which shows the page at an address of its own making.
+const movable = process.env.TESSARY_PAGE === 'movable';
 /** What the worker keeps for the time without a network. The rest of what a browser asks for counts where it is used. */
 const cached = ['index.html', 'assets/*.{js,css,woff2}'];
 const cachedToo = ['registerSW.js', '**/*.{ico,png,svg}'];
 
 export default defineConfig({
-  base: '/',
+  base: movable ? './' : '/',
   resolve: { alias: { 'html-entities': decodeEntities } },
   define: { SAMPLE_DOCUMENT: JSON.stringify(readFileSync(sampleFile, 'utf8')) },
   plugins: [
@@ -29,6 +31,7 @@ export default defineConfig({
     iconPlugin(iconFile),
     packagesPlugin(packagesFile),
     VitePWA({
+      disable: movable,
       strategies: 'generateSW',
       injectRegister: installable ? 'script-defer' : false,
       includeManifestIcons: false,
@@ -48,7 +51,7 @@ export default defineConfig({
       },
       workbox: { globPatterns: installable ? [...cached, ...cachedToo] : cached, sourcemap: false },
     }),
-    !installable && treePlugin(),
+    !installable && !movable && treePlugin(),
   ],
   css: { modules: { generateScopedName: '[local]-[hash:base64:3]' } }, // shorter than the default: they stand in the script
   build: {

@@ -1,15 +1,33 @@
 import type { Page } from '@playwright/test';
+import { execFileSync } from 'node:child_process';
 import { expect, test } from '../support/browser/fixtures';
+import { servePage } from '../support/browser/pageServer';
 import { documentText } from '../support/shared/documents';
+import { root } from '../support/shared/paths';
 
 interface EditorWindow {
   posted: { type: string; data?: { sheets: unknown[] } }[];
 }
 
+/** What an editor with a light theme puts before the page's own styles. */
+const LIGHT_STYLES = `
+  html { scrollbar-color: rgba(100, 100, 100, 0.4) #ffffff; }
+  body { background-color: #ffffff; color: #3b3b3b; font: 13px sans-serif; margin: 0; padding: 0 20px; }
+  img, video { max-width: 100%; max-height: 100%; }
+  a, a code { color: #005fb8; }
+  code { color: #3b3b3b; background-color: rgba(0, 0, 0, 0.12); }
+  kbd { color: #3b3b3b; background-color: rgba(221, 221, 221, 0.4); border: 1px solid #cccccc; padding: 1px 3px; }
+`;
+
 /** Makes the page believe that an editor extension shows it. */
 async function stubEditor(page: Page): Promise<void> {
-  await page.addInitScript(() => {
-    history.replaceState(null, '', '/web-view/index.html?id=1'); // none of the page's own routes
+  await page.addInitScript((styles) => {
+    history.replaceState(null, '', './web-view?id=1'); // none of the page's own routes
+    document.addEventListener('DOMContentLoaded', () => {
+      const element = Object.assign(document.createElement('style'), { textContent: styles });
+      document.head.prepend(element);
+      document.body.classList.add('vscode-light');
+    });
     const posted: unknown[] = [];
     let state: unknown;
     Object.assign(window, {
@@ -20,7 +38,7 @@ async function stubEditor(page: Page): Promise<void> {
         setState: (next: unknown) => (state = next),
       }),
     });
-  });
+  }, LIGHT_STYLES);
 }
 const posted = (page: Page) => page.evaluate(() => (window as unknown as EditorWindow).posted);
 const send = (page: Page, rawContent: string) =>
@@ -128,4 +146,51 @@ test.describe('in an editor extension', () => {
     await page.getByText('Create Document').click();
     await expect.poll(() => posted(page)).toHaveLength(2);
   });
+});
+
+test("the page fills an editor's web view from edge to edge, dark in a light editor too", async ({ page, server }) => {
+  await stubEditor(page);
+  await page.goto(server.url);
+  await expect.poll(() => posted(page)).toHaveLength(1);
+  await send(page, documentText({ displayName: 'Sent' }));
+  await expect(page.getByRole('tab', { name: 'Sent' })).toBeVisible();
+  expect(await page.getByRole('main').boundingBox()).toEqual({ x: 0, y: 0, width: 800, height: 600 });
+  const look = await page.evaluate(() => {
+    const { backgroundColor, color, fontFamily } = getComputedStyle(document.body);
+    return {
+      backgroundColor,
+      color,
+      font: fontFamily.split(',')[0],
+      bars: getComputedStyle(document.documentElement).scrollbarColor,
+    };
+  });
+  expect(look).toEqual({
+    backgroundColor: 'rgb(15, 18, 20)',
+    color: 'rgb(195, 202, 213)',
+    font: 'Inter',
+    bars: 'auto',
+  });
+});
+
+test('the page for editors finds its parts wherever it is put', async ({ page }, testInfo) => {
+  const folder = testInfo.outputPath('served');
+  execFileSync('npx', ['vite', 'build', '--outDir', `${folder}/some/where`, '--logLevel', 'error'], {
+    cwd: `${root}web`,
+    env: { ...process.env, TESSARY_PAGE: 'movable' },
+  });
+  const { url, close } = await servePage(folder);
+  await stubEditor(page);
+  const missing: string[] = [];
+  page.on('response', (response) => response.status() === 404 && missing.push(response.url()));
+  await page.goto(`${url}/some/where/index.html`);
+  await expect.poll(() => posted(page)).toHaveLength(1);
+  await send(page, documentText({ displayName: 'Sent' }));
+  await expect(page.getByRole('tab', { name: 'Sent' })).toBeVisible();
+  expect(await page.evaluate(() => document.fonts.load('16px Inter').then(({ length }) => length))).toBeGreaterThan(0);
+  for (const href of await page
+    .locator('link')
+    .evaluateAll((links) => links.map((link) => (link as HTMLLinkElement).href)))
+    expect((await page.request.get(href)).status(), href).toBe(200);
+  expect(missing).toEqual([]);
+  await close();
 });

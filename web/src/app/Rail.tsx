@@ -14,7 +14,7 @@ export function Rail() {
   return (
     <nav aria-label={t('frame.rail')} className={styles.rail}>
       <RailLink to="/" label={t('frame.about')}>
-        <img src="/favicon.svg" alt="" width={32} height={32} />
+        <img src={`${import.meta.env.BASE_URL}favicon.svg`} alt="" width={32} height={32} />
       </RailLink>
       <RailLink to={WORDS_ROUTE} label={t('tools.words.name')} active={pathname.endsWith('tools/words')}>
         <WordsIcon />

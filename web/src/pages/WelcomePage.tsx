@@ -22,7 +22,7 @@ export function WelcomePage() {
     <main className={styles.page}>
       <div className={styles.column}>
         <div className={styles.title}>
-          <img src="/favicon.svg" alt="" width={64} height={64} />
+          <img src={`${import.meta.env.BASE_URL}favicon.svg`} alt="" width={64} height={64} />
           <div>
             <Typography level="h1">{displayName}</Typography>
             <Typography level="body-sm">{version}</Typography>
