@@ -5,11 +5,16 @@ import { defineConfig } from 'vite';
 import { VitePWA } from 'vite-plugin-pwa';
 import { iconPlugin } from './build/iconPlugin.ts';
 import { packagesPlugin } from './build/packagesPlugin.ts';
+import { pureRouterPlugin } from './build/pureRouterPlugin.ts';
+import { shortNamesPlugin } from './build/shortNamesPlugin.ts';
+import { standInsPlugin } from './build/standInsPlugin.ts';
 import { treePlugin } from './build/treePlugin.ts';
 import metadata from './package.json' with { type: 'json' };
 
 const iconFile = fileURLToPath(new URL('../resources/icon.svg', import.meta.url));
 const decodeEntities = fileURLToPath(new URL('./src/ui/decodeEntities.ts', import.meta.url));
+// The package offers the build for development alone, with its warnings.
+const routerFile = fileURLToPath(new URL('./node_modules/react-router/dist/production/index.mjs', import.meta.url));
 const sampleFile = fileURLToPath(new URL('../sample.words.tessary', import.meta.url));
 const packagesFile = fileURLToPath(new URL('../build/page-packages.json', import.meta.url));
 
@@ -24,11 +29,14 @@ const cachedToo = ['registerSW.js', '**/*.{ico,png,svg}'];
 
 export default defineConfig({
   base: movable ? './' : '/',
-  resolve: { alias: { 'html-entities': decodeEntities } },
+  resolve: { alias: { 'html-entities': decodeEntities, 'react-router': routerFile } },
   define: { SAMPLE_DOCUMENT: JSON.stringify(readFileSync(sampleFile, 'utf8')) },
   plugins: [
     react(),
     iconPlugin(iconFile),
+    standInsPlugin(),
+    pureRouterPlugin(),
+    shortNamesPlugin(),
     packagesPlugin(packagesFile),
     VitePWA({
       disable: movable,
@@ -61,6 +69,6 @@ export default defineConfig({
     sourcemap: false,
     reportCompressedSize: false,
     chunkSizeWarningLimit: 941, // one script on purpose: everything is loaded at the start
-    rolldownOptions: { output: { codeSplitting: false } },
+    rolldownOptions: { treeshake: { propertyReadSideEffects: false }, output: { codeSplitting: false } },
   },
 });

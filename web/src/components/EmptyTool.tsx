@@ -1,10 +1,11 @@
 import Typography from '@mui/joy/Typography';
 import { useEffect, useRef } from 'react';
-import { Trans, useTranslation } from 'react-i18next';
+import { useTranslation } from 'react-i18next';
 import { newDocument, openDocument } from '../actions/documentActions';
 import { useDocumentTarget } from '../commands/useDocumentCommands';
 import { isVsCode } from '../host/hostFlags';
 import { ActionLink } from '../ui/ActionLink';
+import { MarkedText } from '../ui/MarkedText';
 import styles from './EmptyTool.module.css';
 import { FirstSteps } from './FirstSteps';
 
@@ -24,11 +25,11 @@ export function EmptyTool() {
       </Typography>
       <Typography>{t('tools.words.getStarted')}</Typography>
       <Typography>
-        <Trans
-          i18nKey={isVsCode ? 'tools.words.create' : 'tools.words.createOrOpen'}
-          components={{
-            create: <ActionLink onActivate={() => void newDocument(navigate)} />,
-            open: <ActionLink onActivate={() => void openDocument(navigate)} />,
+        <MarkedText
+          text={t(isVsCode ? 'tools.words.create' : 'tools.words.createOrOpen')}
+          parts={{
+            create: (text) => <ActionLink onActivate={() => void newDocument(navigate)}>{text}</ActionLink>,
+            open: (text) => <ActionLink onActivate={() => void openDocument(navigate)}>{text}</ActionLink>,
           }}
         />
       </Typography>

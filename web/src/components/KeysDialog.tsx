@@ -1,11 +1,11 @@
 import Modal from '@mui/joy/Modal';
-import ModalClose from '@mui/joy/ModalClose';
 import ModalDialog from '@mui/joy/ModalDialog';
 import { useState } from 'react';
 import { useTranslation } from 'react-i18next';
 import { useSnapshot } from 'valtio';
 import { closeKeysHelp, keysHelp } from '../actions/keysHelp';
 import { KEY_GROUPS } from '../commands/keyList';
+import { DialogClose } from '../ui/DialogClose';
 import styles from './KeysDialog.module.css';
 
 /** Lists every key that the page acts on, and finds the one that does something. */
@@ -16,7 +16,7 @@ export function KeysDialog() {
   return (
     <Modal open onClose={closeKeysHelp}>
       <ModalDialog aria-label={t('words.keys')} className={styles.dialog}>
-        <ModalClose aria-label={t('ui.close')} />
+        <DialogClose onClose={closeKeysHelp} />
         <KeysList />
       </ModalDialog>
     </Modal>

@@ -1,5 +1,4 @@
 import Button from '@mui/joy/Button';
-import Divider from '@mui/joy/Divider';
 import JoyLink from '@mui/joy/Link';
 import Typography from '@mui/joy/Typography';
 import type { ReactNode } from 'react';
@@ -30,7 +29,7 @@ export function WelcomePage() {
         </div>
         <Markdown text={introduction} />
         <WordsSection />
-        <Divider sx={{ marginBlock: 3 }} />
+        <hr />
         {isMsStorePackage ? (
           <Section title={t('welcome.resources')}>
             <PrivacyPolicyLink />
@@ -41,7 +40,7 @@ export function WelcomePage() {
             <PrivacyPolicyLink />
           </Section>
         )}
-        <Divider sx={{ marginBlock: 3 }} />
+        <hr />
         <Section title={t('welcome.support')}>
           <Markdown text={support} />
         </Section>

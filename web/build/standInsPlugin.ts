@@ -1,0 +1,47 @@
+import type { Plugin } from 'vite';
+
+interface StandIn {
+  /** The import that is replaced, as the library writes it. */
+  readonly part: string;
+  /** The library whose files import it so. */
+  readonly of: string;
+  /** The module that takes its place. */
+  readonly code: string;
+}
+
+/** Parts of libraries that the page's use of them never reaches, but which they import. */
+export const STAND_INS: readonly StandIn[] = [
+  // Colours for the content of boxes with `invertedColors`, 13 kB.
+  {
+    part: '../colorInversion',
+    of: '@mui/joy',
+    code: 'export const applySolidInversion = () => ({}); export const applySoftInversion = () => ({});',
+  },
+  // The wheel in buttons with `loading`, 6 kB.
+  { part: '../CircularProgress', of: '@mui/joy', code: 'export default () => null;' },
+];
+
+const PREFIX = '\0stand-in:';
+
+/** Leaves out of the bundle what `STAND_INS` names. */
+export function standInsPlugin(): Plugin {
+  const used = new Set<number>();
+  return {
+    name: 'tessary-stand-ins',
+    apply: 'build',
+    enforce: 'pre',
+    buildStart: () => used.clear(),
+    resolveId(source, importer = '') {
+      const found = STAND_INS.findIndex(({ part, of }) => part === source && importer.includes(`/node_modules/${of}/`));
+      if (found < 0) return null;
+      used.add(found);
+      return `${PREFIX}${found}`;
+    },
+    load: (id) => (id.startsWith(PREFIX) ? STAND_INS[Number(id.slice(PREFIX.length))]!.code : null),
+    buildEnd() {
+      const unused = STAND_INS.filter((_, index) => !used.has(index));
+      if (unused.length > 0)
+        throw new Error(`No library imports ${unused.map(({ part }) => part).join(', ')} any more.`);
+    },
+  };
+}
