@@ -70,7 +70,7 @@ function RowBlocks(props: RowBlocksProps) {
   const focusedIndex = useSheetStore(({ focusedBlock }) =>
     focusedBlock[0] === type && focusedBlock[1] === bits && focusedBlock[2] < count ? focusedBlock[2] : -1,
   );
-  useLayoutEffect(() => scrollSync.attachRow(key, scroller.current!, farthest), [scrollSync, key, farthest]);
+  useLayoutEffect(() => scrollSync.attachRow(key, scroller.current!, farthest), [scrollSync, key, farthest, viewWidth]);
 
   const placesAt = (position = farthest) =>
     partsInView(count, blockWidth, Math.min(position, farthest), viewWidth, MARGIN);

@@ -12,6 +12,8 @@ const SAME_POSITION = 1;
 interface ScrolledRow {
   readonly element: HTMLElement;
   readonly farthest: number;
+  /** The width that the page knows of. */
+  readonly width: number;
   /** Where the page put it or a user scrolled it last. */
   place: number;
 }
@@ -23,6 +25,7 @@ interface ScrolledRow {
 export class ScrollSync {
   private readonly rows = new Map<string, ScrolledRow>();
   private view: HTMLElement | null = null;
+  private viewHeight = 0;
   private verticalStart = 0;
   private sheetId: string | null = null;
   private current = ScrollMap.empty;
@@ -51,16 +54,23 @@ export class ScrollSync {
     return this.stored(key) ?? farthest;
   }
 
-  /** @param start - where a sheet that nobody scrolled begins */
+  /**
+   * To be called again with each new height.
+   * @param start - where a sheet that nobody scrolled begins
+   */
   attachView(element: HTMLElement, start: number): void {
     this.view = element;
+    this.viewHeight = element.clientHeight;
     this.verticalStart = start;
     element.scrollTop = this.vertical;
   }
 
-  /** @param farthest - the position of the row's least significant end */
+  /**
+   * To be called again with each new width.
+   * @param farthest - the position of the row's least significant end
+   */
   attachRow(key: string, element: HTMLElement, farthest: number): () => void {
-    const row = { element, farthest, place: 0 };
+    const row = { element, farthest, width: element.clientWidth, place: 0 };
     this.rows.set(key, row);
     putRow(row, this.position(key, farthest));
     return () => void this.rows.delete(key);
@@ -68,8 +78,8 @@ export class ScrollSync {
 
   rowScrolled(key: string, position: number): void {
     const row = this.rows.get(key);
-    // The news of what the page did itself comes late, when the window may have another size again.
-    if (row && Math.abs(position - row.place) < SAME_POSITION) return;
+    // The news of what the page or another size of the window did comes late, when it may have yet another size.
+    if (row && (row.element.clientWidth !== row.width || Math.abs(position - row.place) < SAME_POSITION)) return;
     if (row) row.place = position;
     const limit = row ? row.element.scrollWidth - row.element.clientWidth : Infinity;
     if (isWhereItShouldBe(position, this.stored(key), limit)) return;
@@ -81,7 +91,8 @@ export class ScrollSync {
   }
 
   viewScrolled(position: number): void {
-    const limit = this.view ? this.view.scrollHeight - this.view.clientHeight : Infinity;
+    if (this.view?.clientHeight !== this.viewHeight) return;
+    const limit = this.view.scrollHeight - this.view.clientHeight;
     if (!isWhereItShouldBe(position, this.vertical, limit)) this.change(this.current.withVertical(position));
   }
 
