@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "app/window/context_menu_linux.h"
+#include "app/window/page_zoom_linux.h"
 #include "bridge/text/glib_ownership_linux.h"
 
 GtkPageWindow::GtkPageWindow(WebKitWebView* page)
@@ -38,6 +39,7 @@ void GtkPageWindow::listen(WindowEvents events) {
     g_signal_connect(window_, "delete-event", G_CALLBACK(requestClose), &events_);
     g_signal_connect(page_, "event", G_CALLBACK(noteEvent), &isTouched_);
     restrictContextMenu(page_);
+    enableZoom(page_);
     g_signal_connect(page_, "web-process-terminated", G_CALLBACK(reportDeath), &events_);
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) g_unix_signal_add(signal, requestEnd, &events_);
 }

@@ -41,6 +41,36 @@ for (const width of [400, 320]) {
   });
 }
 
+for (const [width, height] of [
+  [400, 300], // the program's own window at 200%
+  [266, 200], // and at 300%
+] as const) {
+  test.describe(`a window of ${width} by ${height} pixels`, () => {
+    test.use({ viewport: { width, height } });
+
+    test('scrolls as a whole where bars leave no room for the words', async ({ page, enter, expectAccessible }) => {
+      const tool = new WordsTool(page);
+      await tool.open(enter, { int: 5 });
+      const { value, bits } = tool.word(64, 1);
+      for (const part of [tool.resolution, tool.formats, value, bits, tool.status]) {
+        await part.scrollIntoViewIfNeeded();
+        await expect(part).toBeInViewport();
+      }
+      await value.focus();
+      await page.keyboard.press('Control+a');
+      await page.keyboard.type('7');
+      await expect(value).toBeInViewport({ ratio: 0.9 });
+      await page.keyboard.press('Enter');
+      await expect(tool.word(64, 1).base(2)).toHaveValue('111');
+      const tooWide = await page
+        .getByRole('main')
+        .evaluate((main) => Math.max(main.scrollWidth - main.clientWidth, document.body.scrollWidth - innerWidth));
+      expect(tooWide).toBe(0);
+      await expectAccessible();
+    });
+  });
+}
+
 test.describe('a window of 800 pixels', () => {
   test.use({ viewport: { width: 800, height: 600 } });
 

@@ -1,5 +1,6 @@
 import { toggleKeysHelp } from '../actions/keysHelp';
 import { showNeighbourSheet } from '../actions/sheetActions';
+import type { LabelKey } from '../i18n';
 import { areNoticesOpen, closeNotices } from '../ui/notifications';
 import { goToRegion } from '../ui/regions';
 import type { Command } from './command';
@@ -44,6 +45,7 @@ export const FRAME_COMMANDS: readonly Command<unknown>[] = [
     repeats: true,
     run: () => showNeighbourSheet(-1),
   },
+  ...zoomCommands({ zoomIn: 'Plus', zoomOut: 'Minus', zoomEnd: '0' }),
   {
     id: 'notice.close',
     keys: ['Escape'],
@@ -54,3 +56,15 @@ export const FRAME_COMMANDS: readonly Command<unknown>[] = [
     run: closeNotices,
   },
 ];
+
+/** The window or its engine acts on these keys, and the page is only laid out anew; a browser lists them itself. */
+function zoomCommands(keys: Readonly<Record<'zoomIn' | 'zoomOut' | 'zoomEnd', string>>): Command<unknown>[] {
+  return Object.entries(keys).map(([name, key]) => ({
+    id: `page.${name}`,
+    keys: [`Ctrl+${key}`],
+    label: `commands.page.${name}` as LabelKey,
+    hosts: ['native'],
+    passesOn: true,
+    run: () => undefined,
+  }));
+}

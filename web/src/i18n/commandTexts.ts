@@ -9,7 +9,7 @@ export const commandTexts = {
     bits: 'Bit fields',
   },
   history: { undo: 'Undo', redo: 'Redo' },
-  page: { reload: 'Reload' },
+  page: { reload: 'Reload', zoomIn: 'Larger (also with the wheel)', zoomOut: 'Smaller', zoomEnd: 'Natural size' },
   help: { keys: 'List and search all keys' },
   region: { next: 'Go to the next bar, or to the sheet', previous: 'Go to the bar or sheet before' },
   sheet: { next: 'Show the next sheet', previous: 'Show the sheet before' },

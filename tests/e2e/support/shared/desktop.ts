@@ -176,10 +176,12 @@ export class Desktop {
     });
   }
 
-  /** Turns the wheel by some notches where the pointer is put; upwards when negative. */
-  wheel(window: DesktopWindow, at: Point, notches: number) {
+  /** Turns the wheel by some notches where the pointer is put; upwards when negative. `held` is a key such as "ctrl". */
+  wheel(window: DesktopWindow, at: Point, notches: number, held?: string) {
     const button = notches < 0 ? '4' : '5';
-    this.#run('xdotool', ...moveTo(window, at), 'click', '--repeat', String(Math.abs(notches)), button);
+    const turn = ['click', '--repeat', String(Math.abs(notches)), button];
+    const all = held === undefined ? turn : ['keydown', held, ...turn, 'keyup', held];
+    this.#run('xdotool', ...moveTo(window, at), ...all);
   }
 
   /** Asks a window to close, as its close button does. */

@@ -24,9 +24,15 @@ export function useViewSize(element: RefObject<HTMLElement | null>): ViewSize | 
   return size;
 }
 
-/** Device pixels per CSS pixel; changes with the browser's zoom and when the window moves to another screen. */
+/** Device pixels per CSS pixel; changes with the zoom and when the window moves to another screen. */
 export function usePixelRatio(): number {
-  return useSyncExternalStore(subscribeToPixelRatio, () => window.devicePixelRatio);
+  return useSyncExternalStore(subscribeToPixelRatio, () => window.devicePixelRatio * zoomBesideRatio());
+}
+
+/** WebKit does not count its zoom in `devicePixelRatio`. Levels are a multiple of 5%, and widths are rounded. */
+function zoomBesideRatio(): number {
+  const isWebKit = navigator.vendor.startsWith('Apple');
+  return isWebKit && innerWidth > 0 ? Math.round((20 * outerWidth) / innerWidth) / 20 : 1;
 }
 
 function subscribeToPixelRatio(changed: () => void): () => void {
@@ -40,7 +46,11 @@ function subscribeToPixelRatio(changed: () => void): () => void {
     listen();
   };
   listen();
-  return () => query.removeEventListener('change', onChange);
+  window.addEventListener('resize', changed);
+  return () => {
+    query.removeEventListener('change', onChange);
+    window.removeEventListener('resize', changed);
+  };
 }
 
 /** Width in CSS pixels of one digit in a word's fields. */
