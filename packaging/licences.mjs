@@ -1,4 +1,4 @@
-// Prints the licences of all that goes into a package: node licences.mjs linux|windows|web
+// Prints the licences of all that goes into a package: node licences.mjs linux|windows|web|vscode
 // What goes in is asked of the builds themselves, so a library that is added later is here as well, or stops this.
 import { execFileSync } from 'node:child_process';
 import { readdirSync, readFileSync } from 'node:fs';
@@ -71,6 +71,11 @@ function windowsRuntime(name) {
   return { name: `${name} (Debian)`, text: readFileSync(`/usr/share/doc/${name}/copyright`, 'utf8') };
 }
 
+/** The folders of npm packages as a bundler listed them, from the page's own folder. */
+function foldersIn(list) {
+  return JSON.parse(readFileSync(`${root}build/${list}`, 'utf8'));
+}
+
 function pageLibrary(folder) {
   const { name, version } = JSON.parse(readFileSync(`${root}web/${folder}/package.json`, 'utf8'));
   return { name: `${name} ${version}`, text: licenceIn(`${root}web/${folder}`, name) };
@@ -86,7 +91,8 @@ function workerFolders() {
 }
 
 function librariesOf(target) {
-  const page = JSON.parse(readFileSync(`${root}build/page-packages.json`, 'utf8'));
+  const page = foldersIn('page-packages.json');
+  if (target === 'vscode') return [...new Set([...page, ...foldersIn('extension-packages.json')])].map(pageLibrary);
   const libraries = [...page, ...workerFolders()].map(pageLibrary);
   if (target === 'web') return libraries;
   const host = includedHeaders(target).map((header) => hostLibrary(target, header));
@@ -130,7 +136,9 @@ function machineReadable(opening, licences) {
 }
 
 const [target] = process.argv.slice(2);
-if (!['linux', 'windows', 'web'].includes(target)) throw new Error('Licences of what? linux, windows or web');
+if (!['linux', 'windows', 'web', 'vscode'].includes(target)) {
+  throw new Error('Licences of what? linux, windows, web or vscode');
+}
 const opening = readFileSync(`${root}packaging/copyright.txt`, 'utf8');
 const format = target === 'linux' ? machineReadable : plainText;
 process.stdout.write(format(opening, byText(librariesOf(target))));

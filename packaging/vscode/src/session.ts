@@ -1,0 +1,107 @@
+import { env, Range, type TextDocument, Uri, type Webview, window, workspace, WorkspaceEdit } from 'vscode';
+import type { WordsDocumentData } from '../../../web/src/document/schema';
+import { isWordsDocument } from '../../../web/src/document/wordsDocument';
+import { newDocumentText, readDocument } from './document';
+import { editsFor, withEdits } from './documentEdits';
+import type { ExtensionMessage, PageMessage } from './messages';
+import { offerText } from './offerText';
+import { placeAt, unified } from './textPlaces';
+
+/** How long a save waits for a page that does not answer, in milliseconds. */
+const PATIENCE = 1000;
+
+/** One web view and the text document that it shows. Lives as long as the view. */
+export class Session {
+  /** The text that the page was sent, or that came of its last edit; undefined before the page asks for it. */
+  #shown: string | undefined;
+  /** What the page shows, as it would post it; undefined while that is no document. */
+  #page: WordsDocumentData | undefined;
+  #edits = Promise.resolve();
+  #onFlushed: (() => void) | undefined;
+  /** What the page shows while a new file's text is empty. */
+  readonly #newText = newDocumentText();
+  readonly #listeners;
+
+  constructor(
+    readonly document: TextDocument,
+    readonly webview: Webview,
+  ) {
+    this.#listeners = [
+      webview.onDidReceiveMessage((message: PageMessage) => this.#receive(message)),
+      workspace.onDidChangeTextDocument((event) => event.document === document && this.#follow()),
+      workspace.onWillSaveTextDocument((event) => event.document === document && event.waitUntil(this.#settle())),
+    ];
+  }
+
+  dispose(): void {
+    for (const listener of this.#listeners) listener.dispose();
+  }
+
+  get #text(): string {
+    return unified(this.document.getText());
+  }
+
+  #receive(message: PageMessage): void {
+    if (message.type === 'ready') this.#deliver();
+    else if (message.type === 'flushed') this.#onFlushed?.();
+    else if (message.type === 'openExternalUrl') void openLink(message.url);
+    else this.#edits = this.#edits.then(() => this.#edit(message.data)).catch(console.error);
+  }
+
+  #post(message: ExtensionMessage): void {
+    void this.webview.postMessage(message);
+  }
+
+  #deliver(): void {
+    const text = this.#text;
+    const shown = text === '' && this.document.isUntitled ? this.#newText : text;
+    const reading = readDocument(shown);
+    this.#shown = text;
+    this.#page = reading.kind === 'words' ? reading.shown : undefined;
+    this.#post({ type: 'document', data: { rawContent: shown } });
+    if (reading.kind !== 'words') void offerText(this.document.uri, reading);
+  }
+
+  /** Shows what another editor, undo, revert or the disk made of the text. */
+  #follow(): void {
+    if (this.#shown !== undefined && this.#text !== this.#shown) this.#deliver();
+  }
+
+  async #edit(now: WordsDocumentData): Promise<void> {
+    try {
+      if (this.#page && isWordsDocument(now)) await this.#write(this.#page, now);
+      else void offerText(this.document.uri, readDocument(this.#text), 'Nothing was changed: ');
+    } finally {
+      this.#post({ type: 'taken' });
+    }
+  }
+
+  async #write(before: WordsDocumentData, now: WordsDocumentData): Promise<void> {
+    const text = this.#text;
+    const edits = editsFor(text, before, now);
+    this.#page = now;
+    this.#shown = withEdits(text, edits);
+    const change = new WorkspaceEdit();
+    for (const { offset, length, text: inserted } of edits) {
+      change.replace(this.document.uri, new Range(placeAt(text, offset), placeAt(text, offset + length)), inserted);
+    }
+    if (edits.length > 0 && !(await workspace.applyEdit(change))) this.#deliver();
+  }
+
+  /** Waits until the page's last edit is in the text. */
+  async #settle(): Promise<[]> {
+    await new Promise<void>((resolve) => {
+      this.#onFlushed = resolve;
+      setTimeout(resolve, PATIENCE);
+      this.#post({ type: 'flush' });
+    });
+    await this.#edits;
+    return [];
+  }
+}
+
+/** The editor asks its user whether to trust the link. */
+async function openLink(url: string): Promise<void> {
+  if (/^(https?|mailto):/i.test(url)) await env.openExternal(Uri.parse(url, true));
+  else await window.showErrorMessage(`This link cannot be opened: ${url}`);
+}

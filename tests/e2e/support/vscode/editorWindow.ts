@@ -1,0 +1,119 @@
+import { expect, type FrameLocator, type Locator, type Page } from '@playwright/test';
+import { existsSync, readFileSync, writeFileSync } from 'node:fs';
+import { join } from 'node:path';
+
+/** One window of the editor on a folder, as its users find their way in it. */
+export class EditorWindow {
+  constructor(
+    readonly page: Page,
+    readonly folder: string,
+    readonly address: string,
+  ) {}
+
+  /** Opens the window on the files that are in the folder, and waits until it has read what its extensions offer. */
+  async enter(): Promise<void> {
+    await this.page.goto(this.address);
+    await this.#settled();
+  }
+
+  async reload(): Promise<void> {
+    await this.page.reload();
+    await this.#settled();
+  }
+
+  async #settled(): Promise<void> {
+    await this.page.locator('.monaco-workbench').waitFor();
+    await this.page.waitForFunction(() => performance.getEntriesByName('code/didLoadExtensions').length > 0);
+  }
+
+  /** Puts a file into the folder, as another program. */
+  write(name: string, text: string): void {
+    writeFileSync(join(this.folder, name), text);
+  }
+
+  /** A file of the folder as it is on the disk; empty where there is none. */
+  read(name: string): string {
+    const file = join(this.folder, name);
+    return existsSync(file) ? readFileSync(file, 'utf8') : '';
+  }
+
+  /** Opens a file of the folder by its name in the list of files. */
+  async open(name: string): Promise<void> {
+    await this.page.getByRole('treeitem', { name }).first().dblclick();
+    await this.tab(name).waitFor();
+  }
+
+  /** Opens a window on a folder with one file, and that file in the Words editor. */
+  async openWords(name: string, text: string): Promise<WordsView> {
+    this.write(name, text);
+    await this.enter();
+    await this.open(name);
+    const view = this.words();
+    await view.shown();
+    return view;
+  }
+
+  /** Runs a command by its name in the command palette. */
+  async run(command: string): Promise<void> {
+    await this.page.keyboard.press('F1');
+    const input = this.page.locator('.quick-input-widget input').first();
+    await input.fill(`>${command}`);
+    await this.page.locator('.quick-input-list').getByRole('option', { name: command }).first().click();
+  }
+
+  tab(name: string): Locator {
+    return this.page.getByRole('tab', { name });
+  }
+
+  /** A tab counts as changed while it shows a dot in place of its close button. */
+  async expectDirty(name: string, dirty: boolean): Promise<void> {
+    const tab = this.tab(name).first();
+    await (dirty ? expect(tab).toHaveClass(/(^| )dirty( |$)/) : expect(tab).not.toHaveClass(/(^| )dirty( |$)/));
+  }
+
+  /** What the editor says in a corner of its window. */
+  notice(text: string | RegExp): Locator {
+    return this.page.locator('.notification-toast').filter({ hasText: text });
+  }
+
+  dialog(): Locator {
+    return this.page.locator('.monaco-dialog-box');
+  }
+
+  /** The page of one of the Words editors that are shown. */
+  words(number = 0): WordsView {
+    const view = this.page.locator('iframe.webview.ready').nth(number);
+    return new WordsView(this, view.contentFrame().locator('#active-frame').contentFrame());
+  }
+}
+
+/** The Words tool in an editor's web view. */
+export class WordsView {
+  constructor(
+    readonly editor: EditorWindow,
+    readonly frame: FrameLocator,
+  ) {}
+
+  async shown(): Promise<void> {
+    await this.frame.getByRole('tabpanel').waitFor();
+  }
+
+  get sheets(): Locator {
+    return this.frame.getByRole('tab');
+  }
+
+  /** The field with the value of the lowest word of a width. */
+  value(bits = 64): Locator {
+    const row = this.frame.getByRole('group', { name: `Int ${bits}`, exact: true });
+    return row
+      .getByRole('group', { name: `Int ${bits} word 1`, exact: true })
+      .getByRole('textbox', { name: 'Value', exact: true })
+      .first();
+  }
+
+  /** Types a number into the lowest word of a width. */
+  async enter(text: string, bits = 64): Promise<void> {
+    await this.value(bits).fill(text);
+    await this.value(bits).press('Enter');
+  }
+}

@@ -1,0 +1,30 @@
+import { documentText } from '../support/shared/documents';
+import { expect, test } from '../support/vscode/fixtures';
+
+const NAME = 'numbers.words.tessary';
+
+test('a document opens in the Words editor by its name', async ({ editor }) => {
+  const view = await editor.openWords(NAME, documentText({ displayName: 'First', int: '0xff' }));
+  await expect(view.sheets).toHaveText(['First']);
+  await expect(view.value()).toHaveValue('255');
+  await editor.expectDirty(NAME, false);
+});
+
+test('an edit marks the tab, and a save right after it has it', async ({ editor, page }) => {
+  const view = await editor.openWords(NAME, documentText({ int: '0xff' }));
+  await view.enter('254');
+  await page.keyboard.press('Control+S');
+  await expect.poll(() => editor.read(NAME)).toContain('"int": "0xfe"');
+  await editor.expectDirty(NAME, false);
+});
+
+test('undo and redo are those of the editor', async ({ editor, page }) => {
+  const view = await editor.openWords(NAME, documentText({ int: '0xff' }));
+  await view.enter('1');
+  await editor.expectDirty(NAME, true);
+  await page.keyboard.press('Control+Z');
+  await expect(view.value()).toHaveValue('255');
+  await editor.expectDirty(NAME, false);
+  await page.keyboard.press('Control+Shift+Z');
+  await expect(view.value()).toHaveValue('1');
+});
