@@ -16,7 +16,7 @@ public:
         scripts.push_back(script);
         evaluations.push_back(std::move(done));
     }
-    bool wasTouched() override { return std::exchange(touched, false); }
+    std::string title() override { return pageTitle; }
     void after(std::chrono::milliseconds delay, std::function<void()> task) override {
         tasks.push_back({now + delay, std::move(task)});
     }
@@ -73,5 +73,5 @@ public:
     std::function<void(bool)> answered;
     std::function<void()> read;
     bool closed = false;
-    bool touched = false;
+    std::string pageTitle;
 };

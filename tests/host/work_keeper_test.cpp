@@ -41,14 +41,14 @@ TEST_F(WorkKeeperTest, LeavesAnIdlePageAlone) {
     keeper.start();
     window.pass(std::chrono::seconds(10));
     window.answer(none);
-    window.pass(std::chrono::seconds(110));
+    window.pageTitle = "Tessary";
+    window.pass(std::chrono::hours(1));
     EXPECT_EQ(window.scripts.size(), 1U);
-    window.touched = true;
+    window.pageTitle = "Tessary*";
     window.pass(std::chrono::seconds(10));
-    EXPECT_EQ(window.scripts.size(), 2U);
-    window.answer(none);
-    window.pass(std::chrono::seconds(120));
-    EXPECT_EQ(window.scripts.size(), 3U) << "what nobody's hands did is noticed, too";
+    EXPECT_EQ(window.scripts.size(), 2U) << "the mark comes with the first change, whoever made it";
+    window.answer(work);
+    EXPECT_TRUE(isKept());
 }
 
 TEST_F(WorkKeeperTest, KeepsTheCopyUntilTheWorkIsSaved) {

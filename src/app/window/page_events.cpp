@@ -28,6 +28,8 @@ std::optional<DiscardQuestion> discardQuestionOf(const PageResult& result) {
 
 std::string endEventScript() { return eventScript("tessary-end"); }
 
+bool marksUnsavedWork(std::string_view title) { return title.ends_with('*'); }
+
 std::string workEventScript(bool whole) { return eventScript("tessary-work", whole ? "{ whole: true }" : "{}"); }
 
 std::optional<UnsavedWork> unsavedWorkOf(const PageResult& result) {

@@ -3,6 +3,7 @@
 #pragma once
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "app/window/page_window.h"
 
@@ -12,6 +13,9 @@
 
 /// The window closes for good: the page forgets what it keeps for reloads.
 [[nodiscard]] std::string endEventScript();
+
+/// Whether a page with this title has unsaved work: it marks its title then, so that it need not be asked.
+[[nodiscard]] bool marksUnsavedWork(std::string_view title);
 
 /// The work that no file holds.
 struct UnsavedWork {

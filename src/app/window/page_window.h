@@ -32,8 +32,8 @@ public:
     virtual void listen(WindowEvents events) = 0;
     /// Runs a script in the page. A page that hangs gives no result, or a late one.
     virtual void evaluate(const std::string& script, std::function<void(PageResult)> done) = 0;
-    /// Whether the user may have done anything in the window since this was asked last.
-    [[nodiscard]] virtual bool wasTouched() = 0;
+    /// The page's title, in UTF-8; empty before it has one. The engine has it at hand: no process of its is woken up.
+    [[nodiscard]] virtual std::string title() = 0;
     /// Calls `task` later, also while a dialog is open.
     virtual void after(std::chrono::milliseconds delay, std::function<void()> task) = 0;
     virtual void navigate(const std::string& url) = 0;

@@ -27,17 +27,14 @@ static void reportDeath(WebKitWebView*, WebKitWebProcessTerminationReason, const
     events->pageDied(true);
 }
 
-static gboolean noteEvent(GtkWidget*, GdkEvent*, bool* isTouched) {
-    *isTouched = true;
-    return FALSE;
+std::string GtkPageWindow::title() {
+    const char* const title = webkit_web_view_get_title(page_);
+    return title == nullptr ? "" : title;
 }
-
-bool GtkPageWindow::wasTouched() { return std::exchange(isTouched_, false); }
 
 void GtkPageWindow::listen(WindowEvents events) {
     events_ = std::move(events);
     g_signal_connect(window_, "delete-event", G_CALLBACK(requestClose), &events_);
-    g_signal_connect(page_, "event", G_CALLBACK(noteEvent), &isTouched_);
     restrictContextMenu(page_);
     enableZoom(page_);
     g_signal_connect(page_, "web-process-terminated", G_CALLBACK(reportDeath), &events_);

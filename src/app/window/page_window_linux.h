@@ -12,7 +12,7 @@ public:
 
     void listen(WindowEvents events) override;
     void evaluate(const std::string& script, std::function<void(PageResult)> done) override;
-    [[nodiscard]] bool wasTouched() override;
+    [[nodiscard]] std::string title() override;
     void after(std::chrono::milliseconds delay, std::function<void()> task) override;
     void navigate(const std::string& url) override;
     void askToDiscard(const DiscardQuestion& question, std::function<void(bool discard)> answered) override;
@@ -24,5 +24,4 @@ private:
     WebKitWebView* page_;
     GtkWindow* window_;
     WindowEvents events_;
-    bool isTouched_ = true;
 };

@@ -80,6 +80,14 @@ void Win32PageWindow::evaluate(const std::string& script, std::function<void(Pag
     }
 }
 
+std::string Win32PageWindow::title() {
+    LPWSTR text = nullptr;
+    if (FAILED(page_->get_DocumentTitle(&text)) || text == nullptr) return {};
+    std::string title = utf8FromUtf16(text);
+    CoTaskMemFree(text);
+    return title;
+}
+
 static std::map<UINT_PTR, std::function<void()>>& waitingTasks() {
     static std::map<UINT_PTR, std::function<void()>> tasks;
     return tasks;

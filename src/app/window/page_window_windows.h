@@ -13,8 +13,7 @@ public:
 
     void listen(WindowEvents events) override;
     void evaluate(const std::string& script, std::function<void(PageResult)> done) override;
-    /// Always: what the user does in the page goes to the engine's own process.
-    [[nodiscard]] bool wasTouched() override { return true; }
+    [[nodiscard]] std::string title() override;
     void after(std::chrono::milliseconds delay, std::function<void()> task) override;
     void navigate(const std::string& url) override;
     void askToDiscard(const DiscardQuestion& question, std::function<void(bool discard)> answered) override;

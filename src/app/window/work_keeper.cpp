@@ -5,18 +5,9 @@
 #include "app/window/page_events.h"
 #include "app/window/patient_question.h"
 
-/// What is done without the user's hands on the window, as by assistive technology, is noticed that many times later.
-static constexpr int mostOmitted = 11;
-
-bool WorkKeeper::isQuestionDue() {
-    const bool isDue = window_.wasTouched() || hasWork_ || omitted_ == mostOmitted;
-    omitted_ = isDue ? 0 : omitted_ + 1;
-    return isDue;
-}
-
 void WorkKeeper::start() {
     window_.after(copyInterval, [this] {
-        if (isQuestionDue()) keepNow([this] { start(); });
+        if (hasWork_ || marksUnsavedWork(window_.title())) keepNow([this] { start(); });
         else start();
     });
 }

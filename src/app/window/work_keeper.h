@@ -15,8 +15,8 @@ public:
     /// `window` is borrowed.
     WorkKeeper(PageWindow& window, RescueFolder folder) : window_(window), copy_(std::move(folder)) {}
 
-    /// From now on asks the page every `copyInterval`; seldom while there was no unsaved work and nobody touched the
-    /// window, since every question wakes two processes up.
+    /// From now on asks the page every `copyInterval` while it has unsaved work. A page without is left alone, since
+    /// every question wakes two processes up.
     void start();
     /// Asks the page now, and calls `done` when the copy is written or the page takes too long.
     void keepNow(std::function<void()> done);
@@ -26,7 +26,6 @@ public:
     void pageDied() { isPageNew_ = true; }
 
 private:
-    [[nodiscard]] bool isQuestionDue();
     void take(const PageResult& answer);
 
     PageWindow& window_;
@@ -34,5 +33,4 @@ private:
     bool isWholeWanted_ = false;  ///< the last copy could not be written
     bool isPageNew_ = false;
     bool hasWork_ = true;  ///< as far as is known
-    int omitted_ = 0;      ///< questions since the last one
 };

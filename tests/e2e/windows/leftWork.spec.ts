@@ -50,6 +50,21 @@ test('a killed program leaves its work, which the next start offers and deletes 
   await noNotice(next);
 });
 
+test('a page without unsaved work is not asked, and one with it is', async ({ open, sandbox }) => {
+  sandbox.write('mine.words.tessary', documentText({ displayName: 'Mine' }));
+  const program = await open(['mine.words.tessary']);
+  await program.shows('Mine');
+  const questions = () => program.runtime.texts('evaluate').filter((script) => script.includes('tessary-work')).length;
+  await until('the first question', () => questions() === 1);
+  // Each question comes ten seconds after the one before: two of them are missing by then.
+  const quiet = performance.now();
+  await until('twice that time', () => performance.now() - quiet > 21_000);
+  expect(questions()).toBe(1);
+  await click(program, 'Add sheet');
+  await until('the copy', () => copies(sandbox).includes(COPY));
+  expect(questions()).toBe(2);
+});
+
 test('the end of the session keeps the work of this moment; a saved document leaves nothing', async ({
   open,
   sandbox,

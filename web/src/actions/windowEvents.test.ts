@@ -56,6 +56,17 @@ test('unsaved work is handed over when it has changed, and when all of it is wan
   expect(send('tessary-work')).toEqual({ state: 'none' });
 });
 
+test('the title is marked while there is unsaved work', async () => {
+  const store = await loadPage();
+  expect(document.title).toBe('Tessary');
+  const { id } = store.getState().addSheet();
+  expect(document.title).toBe('Tessary*');
+  store.getState().updateWordsDocumentFileState({ name: 'a', path: '/a' });
+  expect(document.title).toBe('Tessary');
+  store.getState().updateSheet(id, { int: 5n });
+  expect(document.title).toBe('Tessary*');
+});
+
 test('when the window ends, the page keeps nothing, whatever changes afterwards', async () => {
   const store = await loadPage();
   store.getState().addSheet();

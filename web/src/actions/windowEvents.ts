@@ -1,4 +1,6 @@
+import { displayName } from '../../package.json';
 import { onHostEvent } from '../host/hostEvents';
+import { isCppBackend } from '../host/hostFlags';
 import { i18next } from '../i18n';
 import { stepBetween } from '../stores/documentStep';
 import { forgetRecord } from '../stores/persistStorage';
@@ -11,6 +13,15 @@ export function answerWindowEvents(): void {
   onHostEvent('tessary-close', () => (hasUnsavedWork() ? discardQuestion() : undefined));
   onHostEvent('tessary-work', ({ whole }) => unsavedWork(whole === true));
   onHostEvent('tessary-end', forgetRecord);
+  if (!isCppBackend) return;
+  markTitle();
+  useSheetsStore.subscribe(markTitle);
+}
+
+/** The host sees the title without a question. Its window has a title of its own, so that users see no mark. */
+function markTitle() {
+  const title = hasUnsavedWork() ? `${displayName}*` : displayName;
+  if (document.title !== title) document.title = title;
 }
 
 /** The document as the host got it last; undefined when it has nothing of what is open now. */

@@ -3,8 +3,12 @@ import type { FakeWebView2, RuntimeCall } from './fakeWebView2';
 
 /** Gives the page what the runtime gives it: a way to post messages to the program and to hear of messages from it. */
 const pageSide = `(() => {
-  const post = globalThis.postToProgram;
+  const { postToProgram: post, reportTitle } = globalThis;
   delete globalThis.postToProgram;
+  delete globalThis.reportTitle;
+  let title = '';
+  const lookAtTitle = () => document.title !== title && reportTitle((title = document.title));
+  new MutationObserver(lookAtTitle).observe(document, { childList: true, characterData: true, subtree: true });
   const messages = new EventTarget();
   globalThis.chrome ??= {};
   globalThis.chrome.webview = {
@@ -48,10 +52,11 @@ export class ChromiumWebView {
     await tab.call('Page.enable');
     await tab.call('Runtime.enable');
     await tab.call('Runtime.addBinding', { name: 'postToProgram' });
+    await tab.call('Runtime.addBinding', { name: 'reportTitle' });
     await tab.call('Page.addScriptToEvaluateOnNewDocument', { source: pageSide });
     await tab.call('Fetch.enable', { patterns: [{ urlPattern: '*', resourceType: 'Document' }] });
     tab.onEvent((method, params) => {
-      if (method === 'Runtime.bindingCalled') page.#post(params.payload as string);
+      if (method === 'Runtime.bindingCalled') page.#hear(params.name as string, params.payload as string);
       if (method === 'Fetch.requestPaused') void page.#decide(params as unknown as PausedRequest);
     });
     // The program's calls happen in their order, also where the browser takes its time.
@@ -115,7 +120,8 @@ export class ChromiumWebView {
     await decision.catch(() => undefined);
   }
 
-  #post(payload: string) {
+  #hear(binding: string, payload: string) {
+    if (binding === 'reportTitle') return this.#runtime.changeTitle(payload);
     const message: unknown = JSON.parse(payload);
     if (typeof message === 'string') this.#runtime.post(message);
   }

@@ -74,6 +74,11 @@ export class FakeWebView2 {
     this.#send('evaluated', json === undefined ? number : `${number} ${json}`);
   }
 
+  /** The page has this title from now on. */
+  changeTitle(title: string) {
+    this.#send('title', title);
+  }
+
   /** One of the runtime's processes has ended. */
   failProcess(kind: 'browser' | 'page' | 'graphics') {
     this.#send('process-failed', { browser: '0', page: '1', graphics: '6' }[kind]);

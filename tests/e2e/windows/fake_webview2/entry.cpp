@@ -25,6 +25,7 @@ static void obey(const Line& line) {
         if (line.verb == "close") PostMessageW(programWindow(), WM_CLOSE, 0, 0);
         if (line.verb == "end-session") endSession();
         if (line.verb == "evaluated") raiseInTurn([line] { finishEvaluation(line.text); });
+        if (line.verb == "title") changeTitle(line.text);
         if (line.verb == "process-failed") raiseInTurn([line] { failProcess(std::atoi(line.text.c_str())); });
         if (line.verb == "message") raiseInTurn([line] { postFromPage(line.text); });
         if (line.verb == "navigating") raiseInTurn([line] { startNavigation(line.text); });

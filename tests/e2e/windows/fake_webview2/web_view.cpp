@@ -27,6 +27,7 @@ static Handler permissionHandler;
 static Handler processFailedHandler;
 static std::map<std::string, Handler> evaluations;
 static std::wstring textForProgram;
+static std::wstring title;
 static bool prevented;
 static int askedPermission;
 
@@ -61,6 +62,15 @@ static HRESULT STDMETHODCALLTYPE settingsOf(ComObject*, ComObject** result) {
     return S_OK;
 }
 
+/// The caller frees the text with CoTaskMemFree.
+static HRESULT give(const std::wstring& text, PWSTR* result) {
+    const std::size_t bytes = (text.size() + 1) * sizeof text[0];
+    *result = static_cast<PWSTR>(CoTaskMemAlloc(bytes));
+    if (*result == nullptr) return E_OUTOFMEMORY;
+    std::memcpy(*result, text.c_str(), bytes);
+    return S_OK;
+}
+
 ComObject& webView() {
     static ComObject view("web-view");
     view.set(3, settingsOf);
@@ -89,17 +99,13 @@ ComObject& webView() {
         44, +[](ComObject*, IUnknown* handler, INT64* token) -> HRESULT {
             return subscribe(newWindowHandler, handler, newWindowHandlerId, token);
         });
+    view.set(48, +[](ComObject*, PWSTR* result) -> HRESULT { return give(title, result); });
     return view;
 }
 
-/// The caller frees the text with CoTaskMemFree.
-static HRESULT STDMETHODCALLTYPE giveText(ComObject*, PWSTR* result) {
-    const std::size_t bytes = (textForProgram.size() + 1) * sizeof textForProgram[0];
-    *result = static_cast<PWSTR>(CoTaskMemAlloc(bytes));
-    if (*result == nullptr) return E_OUTOFMEMORY;
-    std::memcpy(*result, textForProgram.c_str(), bytes);
-    return S_OK;
-}
+static HRESULT STDMETHODCALLTYPE giveText(ComObject*, PWSTR* result) { return give(textForProgram, result); }
+
+void changeTitle(const std::string& text) { title = utf16(text); }
 
 void postFromPage(const std::string& message) {
     if (!messageHandler) return;

@@ -24,6 +24,9 @@ void requestNewWindow(const std::string& address);
 /// page to run it. UI thread only, in turn.
 void finishEvaluation(const std::string& answer);
 
+/// The page has this title from now on. UI thread only.
+void changeTitle(const std::string& text);
+
 /// One of the engine's processes has ended, such as 0 for the browser itself and 1 for the page's. UI thread only, in
 /// turn.
 void failProcess(int kind);
