@@ -32,3 +32,33 @@ TEST(PageRevival, GivesUpAtOnceWhenTheWholeEngineIsGone) {
     EXPECT_TRUE(window.addresses.empty());
     EXPECT_EQ(window.sentences.size(), 1U);
 }
+
+TEST(PageRevival, LoadsAPageAgainOfWhichNothingCame) {
+    FakePageWindow window;
+    PageRevival revival(window, "http://localhost:1234");
+    revival.watch();
+    window.pass(std::chrono::milliseconds(9999));
+    EXPECT_TRUE(window.addresses.empty());
+    window.pass(std::chrono::milliseconds(1));
+    EXPECT_EQ(window.addresses, std::vector<std::string>{"http://localhost:1234"});
+    window.pass(std::chrono::minutes(5));
+    EXPECT_EQ(window.addresses.size(), 3U) << "not for ever";
+    EXPECT_TRUE(window.sentences.empty());
+}
+
+TEST(PageRevival, LeavesAPageAloneThatCame) {
+    FakePageWindow window;
+    PageRevival revival(window, "http://localhost:1234");
+    revival.watch();
+    window.pageTitle = "Tessary";
+    window.pass(std::chrono::minutes(5));
+    EXPECT_TRUE(window.addresses.empty());
+}
+
+TEST(PageRevival, LoadsTheRestoredPageAgainOfWhichNothingCame) {
+    FakePageWindow window;
+    PageRevival revival(window, "http://localhost:1234");
+    revival.revive(true, [] {});
+    window.pass(std::chrono::seconds(10));
+    EXPECT_EQ(window.addresses, std::vector<std::string>(2, "http://localhost:1234/?restored"));
+}

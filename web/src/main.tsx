@@ -6,8 +6,10 @@ import { answerWindowEvents } from './actions/windowEvents';
 import { App } from './app/App';
 import { PageRouter } from './app/PageRouter';
 import { PageRoutes } from './app/PageRoutes';
+import { restrictEngineMenu } from './host/engineMenu';
 
 answerWindowEvents();
+restrictEngineMenu();
 
 createRoot(document.getElementById('root')!).render(
   <App>

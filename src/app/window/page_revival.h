@@ -1,4 +1,4 @@
-// Loads the page again when the process that showed it is gone.
+// Loads the page again when the process that showed it is gone, or when nothing of it has come.
 #pragma once
 #include <chrono>
 #include <deque>
@@ -19,10 +19,19 @@ private:
     std::deque<Clock::time_point> taken_;
 };
 
+/// A page whose document has not begun to arrive after this time will not come.
+inline constexpr std::chrono::seconds loadPatience{10};
+
 class PageRevival {
 public:
-    /// `window` is borrowed. `url` is the page's address without a slash at its end.
-    PageRevival(PageWindow& window, const std::string& url) : window_(window), url_(url + "/?restored") {}
+    /// `window` is borrowed. `url` is the page's address without a slash at its end; it is being loaded for the first
+    /// time, or empty when there is none.
+    PageRevival(PageWindow& window, const std::string& url)
+        : window_(window), restoredUrl_(url + "/?restored"), loading_(url) {}
+
+    /// From now on loads the page once more where nothing of it is there `loadPatience` after it was asked for, as when
+    /// its process ends so early that the engine does not report it. Three times at most, in all.
+    void watch();
 
     /// Loads the page with a mark in its address by which it reports what happened. When that is of no use any more, a
     /// sentence is shown, and `giveUp` called.
@@ -30,6 +39,8 @@ public:
 
 private:
     PageWindow& window_;
-    const std::string url_;
+    const std::string restoredUrl_;
+    std::string loading_;
+    int repeated_ = 0;
     ThreeAMinute revivals_;
 };

@@ -19,4 +19,5 @@ WorkGuard::WorkGuard(std::unique_ptr<PageWindow> window, const std::string& url,
     };
     window_->listen(std::move(events));
     keeper_.start();
+    revival_.watch();
 }

@@ -49,6 +49,24 @@ test("the engine's own reload ends at the start page and keeps unsaved work", as
   expect(program.log()).not.toContain('-> 404');
 });
 
+test("the engine's menu, which leads away by Back and Reload, comes in fields and with Shift only", async ({
+  open,
+}) => {
+  const program = await openChanged(open);
+  const menuComes = (selector: string, shiftKey = false) =>
+    program.page.evaluate(
+      (wanted, shift) => {
+        const event = new MouseEvent('contextmenu', { bubbles: true, cancelable: true, shiftKey: shift });
+        return document.querySelector(wanted)?.dispatchEvent(event);
+      },
+      selector,
+      shiftKey,
+    );
+  expect(await menuComes('[role=toolbar]')).toBe(false);
+  expect(await menuComes('[role=toolbar]', true)).toBe(true);
+  expect(await menuComes('[role=tabpanel] input')).toBe(true);
+});
+
 test("at the end the page's storage is empty, although unsaved work was discarded a moment before", async ({
   open,
 }) => {
