@@ -11,5 +11,5 @@ export default defineConfig({
   retries: process.env.CI ? 2 : 0, // the keyboard of a busy desktop can be taken away between two keys
   timeout: 120_000,
   expect: { timeout: 30_000 }, // a busy machine takes longer than the runner's own five seconds
-  reporter: [['list'], ['./support/shared/summaryReporter', { part: 'linux' }]],
+  reporter: [['list'], ['./support/shared/summaryReporter', { part: 'linux' }], ['./support/shared/attackTable']],
 });

@@ -6,6 +6,7 @@ import { join } from 'node:path';
 import { treeOf } from '../../bench/processTree';
 import { askForLongPaths, serverStories } from '../stories/server';
 import { expect, test } from '../support/linux/fixtures';
+import { noteAttack } from '../support/shared/attackTable';
 import type { Desktop, DesktopWindow } from '../support/shared/desktop';
 import { toolSources } from '../support/shared/paths';
 import type { ProgramProcess } from '../support/shared/programProcess';
@@ -40,6 +41,11 @@ test('nobody else can listen at "localhost" with the port of the program', async
     sharing.listen({ host, port, reusePort: true });
     await expect(once(sharing, 'listening'), host).rejects.toThrow('EADDRINUSE');
   }
+  noteAttack(
+    'another program listens at the port',
+    `${loopbackAddresses().join(' and ')}, plain and asking to share`,
+    'refused by the system',
+  );
 });
 
 // A twin is there where the system has IPv6: here in a network of its own, where the system has few ports to give and
@@ -69,6 +75,7 @@ if (loopbackAddresses().includes('::1')) {
     const log = readFileSync(sandbox.logFile, 'utf8');
     expect(log.match(/Bound to port/g)).toHaveLength(8);
     expect(log).not.toContain('[HTTP]');
+    noteAttack('another program has each port at the other loopback address', '8 ports', 'a message, no page');
   });
 
   test('another port is taken where another program has some at the other loopback address', async ({
@@ -84,5 +91,10 @@ if (loopbackAddresses().includes('::1')) {
     expect(Number(ports.at(-1))).toBeGreaterThanOrEqual(40007);
     desktop.close(window);
     expect(await program.exit()).toBe(0);
+    noteAttack(
+      'another program has ports at the other loopback address',
+      '7 of 12 ports',
+      `port ${ports.length} of those tried is taken, and the page shown`,
+    );
   });
 }

@@ -5,6 +5,7 @@ import { expect, test } from '../support/linux/fixtures';
 import { executable } from '../support/linux/paths';
 import type { Program } from '../support/linux/program';
 import { untilReloaded } from '../support/linux/reload';
+import { noteAttack } from '../support/shared/attackTable';
 import { ask, sendAndFinish, sendAndLeave, SlowConnections } from '../support/shared/rawConnection';
 
 /** In MB, of the process's own and shared memory. */
@@ -69,6 +70,7 @@ test('5,000 requests are answered among 5,000 that are malformed or cut off', as
 
   await reload(program);
   expect(await program.close()).toBe(0);
+  noteAttack('malformed and cut-off requests', '5,000 among 5,000 good ones', `${answered} good ones answered in full`);
 });
 
 test('the page loads while 200 slow connections are held open', async ({ open }) => {
@@ -77,9 +79,9 @@ test('the page loads while 200 slow connections are held open', async ({ open })
   const slow = await SlowConnections.open(portOf(program), 200, 500);
   const took = await reload(program);
   expect(slow.open).toBe(200);
-  test.info().annotations.push({ type: 'loaded in', description: `${took.toFixed(0)} ms` });
   slow.close();
   expect(await program.close()).toBe(0);
+  noteAttack('connections that send a byte each half second', '200', `the page loaded in ${took.toFixed(0)} ms`);
 });
 
 test('the page loads and a document is saved while 2,000 connections drip', async ({ open, sandbox }) => {
@@ -87,14 +89,18 @@ test('the page loads and a document is saved while 2,000 connections drip', asyn
   const program = await open([], { command: ['prlimit', '--nofile=1024:1024', sandbox.program] });
   await program.shows('Open Words Tool');
   const slow = await SlowConnections.open(portOf(program), 2000, 500);
-  test.info().annotations.push({ type: 'of 2,000 connections are held', description: String(slow.open) });
+  const held = slow.open;
   const took = await reload(program);
-  test.info().annotations.push({ type: 'loaded in', description: `${took.toFixed(0)} ms` });
   const file = `${sandbox.documents}/mine.words.tessary`;
   expect(await program.call('writeFile', file, 'text')).toEqual({ success: true });
   expect(readFileSync(file, 'utf8')).toBe('text');
   slow.close();
   expect(await program.close()).toBe(0);
+  noteAttack(
+    'connections that send a byte each half second',
+    '2,000, with 1,024 files allowed',
+    `${held} held; the page loaded in ${took.toFixed(0)} ms, a document was saved`,
+  );
 });
 
 test('the program goes on where no more threads can be made', async ({ open }) => {
@@ -107,10 +113,16 @@ test('the program goes on where no more threads can be made', async ({ open }) =
   execFileSync('prlimit', [`--pid=${pid}`, `--as=${(size + 50_000) * 1024}`]);
   const threads = threadsOf(pid);
   const slow = await SlowConnections.open(portOf(program), 300, 500);
-  expect(threadsOf(pid)).toBeLessThan(threads + 8);
+  const more = threadsOf(pid) - threads;
+  expect(more).toBeLessThan(8);
   await reload(program);
   slow.close();
   expect(await program.close()).toBe(0);
+  noteAttack(
+    'no more threads',
+    '300 slow connections, room for 3 more stacks',
+    `${more} more threads; the page loaded, the program ended as usual`,
+  );
 });
 
 test('closing does not wait for clients that send slowly', async ({ open }) => {
@@ -120,9 +132,14 @@ test('closing does not wait for clients that send slowly', async ({ open }) => {
   expect(slow.open).toBe(100);
   const begin = performance.now();
   expect(await program.close()).toBe(0);
-  test.info().annotations.push({ type: 'ended in', description: `${(performance.now() - begin).toFixed(0)} ms` });
+  const took = performance.now() - begin;
   expect(program.log()).toContain('[HTTP] GET / -> 200');
   slow.close();
+  noteAttack(
+    'clients that never end',
+    '100 while the window is closed',
+    `ended in ${(took / 1000).toFixed(2)} s, code 0, log whole`,
+  );
 });
 
 test('large bodies are refused before they fill the memory', async ({ open }) => {
@@ -133,7 +150,9 @@ test('large bodies are refused before they fill the memory', async ({ open }) =>
   const send = () =>
     ask(portOf(program), `POST / HTTP/1.1\r\nHost: localhost\r\nContent-Length: ${body.length}\r\n\r\n${body}`);
   await Promise.allSettled(Array.from({ length: 8 }, send));
-  expect(peakMemory(program.process.pid) - before).toBeLessThan(50);
+  const grown = peakMemory(program.process.pid) - before;
+  expect(grown).toBeLessThan(50);
   await reload(program);
   expect(await program.close()).toBe(0);
+  noteAttack('bodies of 99 MB', '8 at once', `refused; the program's memory grew by ${grown.toFixed(0)} MB`);
 });

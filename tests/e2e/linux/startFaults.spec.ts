@@ -4,6 +4,7 @@ import { dirname } from 'node:path';
 import { treeOf } from '../../bench/processTree';
 import { expect, test } from '../support/linux/fixtures';
 import { asOrdinaryUser } from '../support/linux/ordinaryUser';
+import { noteAttack } from '../support/shared/attackTable';
 import { documentText } from '../support/shared/documents';
 import type { ProgramProcess } from '../support/shared/programProcess';
 import { until } from '../support/shared/until';
@@ -44,6 +45,11 @@ test('a start that is killed leaves the document and the next start alone', asyn
   const program = await open([file]);
   await program.shows('Number A');
   expect(await program.close()).toBe(0);
+  noteAttack(
+    'kill -9 while the program starts',
+    `${Object.keys(moments).length} moments`,
+    'no process is left, the document is untouched, the next start shows it',
+  );
 });
 
 test('the program runs without a log in a folder that it may not write to', async ({ open, sandbox }) => {
@@ -61,6 +67,7 @@ test('the program runs without a log where a pipe has its name', async ({ open, 
   const program = await open();
   await program.shows('Open Words Tool');
   expect(await program.close()).toBe(0);
+  noteAttack('a pipe as log', '1', 'the program runs without a log');
 });
 
 test('a limit on the size of files is a save that fails, and the program goes on', async ({ open, sandbox }) => {
@@ -81,4 +88,5 @@ test('a limit on the size of files is a save that fails, and the program goes on
   expect(readFileSync(file, 'utf8')).toBe('old');
   expect(await write(100_000)).toEqual({ success: true });
   expect(await program.close()).toBe(0);
+  noteAttack('a limit on the size of files', '1', '"file-write-failed", the document as it was, the program goes on');
 });
