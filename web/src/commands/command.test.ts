@@ -2,6 +2,7 @@
 import { describe, expect, test, vi } from 'vitest';
 import { BIT_FIELD_COMMANDS } from './bitFieldCommands';
 import { type Command, isOffered, runCommand, shortcutLabel } from './command';
+import { COMPARE_COMMANDS } from './compareCommands';
 import { DOCUMENT_COMMANDS, PAGE_COMMANDS } from './documentCommands';
 import { FIELD_COMMANDS } from './fieldCommands';
 import { FRAME_COMMANDS } from './frameCommands';
@@ -87,6 +88,7 @@ describe('the list of keys', () => {
     FRAME_COMMANDS,
     TOOLBAR_COMMANDS,
     TAB_COMMANDS,
+    COMPARE_COMMANDS,
     WORD_COMMANDS,
     WORD_ACTIONS,
     FIELD_COMMANDS,
@@ -101,9 +103,12 @@ describe('the list of keys', () => {
   test('has no key twice among commands that can act at the same place', () => {
     // What passes its key on acts beside the others, not in their place.
     const exclusive = FRAME_COMMANDS.filter(({ passesOn }) => !passesOn);
-    const everywhere = [...DOCUMENT_COMMANDS, ...HISTORY_COMMANDS, ...PAGE_COMMANDS, ...exclusive, ...WORD_ACTIONS];
+    // What has the focus takes Escape before the comparison does, and a tab has a menu of its own.
+    const comparing = COMPARE_COMMANDS.filter(({ id }) => id !== 'compare.end');
+    const pages = [...DOCUMENT_COMMANDS, ...HISTORY_COMMANDS, ...PAGE_COMMANDS];
+    const everywhere = [...pages, ...exclusive, ...comparing, ...WORD_ACTIONS];
     for (const local of [
-      TAB_COMMANDS,
+      TAB_COMMANDS.filter(({ id }) => id !== 'tab.menu'),
       [...WORD_COMMANDS, ...TOOLBAR_COMMANDS],
       [...WORD_COMMANDS, ...FIELD_COMMANDS],
       [...WORD_COMMANDS, ...BIT_FIELD_COMMANDS],

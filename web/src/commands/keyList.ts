@@ -1,6 +1,7 @@
 import type { LabelKey } from '../i18n';
 import { BIT_FIELD_COMMANDS } from './bitFieldCommands';
 import { type Command, isOffered } from './command';
+import { COMPARE_COMMANDS } from './compareCommands';
 import { DOCUMENT_COMMANDS, PAGE_COMMANDS } from './documentCommands';
 import { FIELD_COMMANDS } from './fieldCommands';
 import { FRAME_COMMANDS } from './frameCommands';
@@ -21,7 +22,7 @@ export interface KeyGroup {
 export const KEY_GROUPS: readonly KeyGroup[] = [
   group('commands.groups.document', [...DOCUMENT_COMMANDS, ...HISTORY_COMMANDS, ...PAGE_COMMANDS]),
   group('commands.groups.frame', [...FRAME_COMMANDS, ...TOOLBAR_COMMANDS]),
-  group('commands.groups.tabs', TAB_COMMANDS),
+  group('commands.groups.tabs', [...TAB_COMMANDS, ...COMPARE_COMMANDS]),
   group('commands.groups.words', [...WORD_COMMANDS, ...WORD_ACTIONS]),
   group('commands.groups.fields', FIELD_COMMANDS),
   group('commands.groups.bits', BIT_FIELD_COMMANDS),

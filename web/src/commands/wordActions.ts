@@ -6,9 +6,10 @@ import type { LabelKey } from '../i18n';
 import type { ChangedWord } from '../stores/changeCause';
 import { isTextField } from '../ui/alteredText';
 import type { Command } from './command';
+import { COMPARE_COMMANDS, type CompareTarget } from './compareCommands';
 
 /** The word that a command acts on, with what of it was pointed at. */
-export interface WordActionTarget {
+export interface WordActionTarget extends CompareTarget {
   readonly word: ChangedWord;
   readonly bit?: number | undefined;
   readonly field?: HTMLElement | undefined;
@@ -97,6 +98,7 @@ export const WORD_MENU: readonly WordAction[] = [
   },
   opens('goToBit', 'bit '),
   INSPECT_WORD,
+  ...COMPARE_COMMANDS,
   {
     id: 'word.copyMask',
     keys: [],
@@ -129,12 +131,18 @@ const BY_KEY: readonly WordAction[] = [
     id: 'word.menu',
     keys: ['Shift+F10', 'ContextMenu'],
     label: label('menu'),
+    // A tab has a menu of its own.
+    when: () => !document.activeElement?.matches('[role="tab"]'),
+    yields: true,
     run: ({ word, field, bit }) => openPanel(word, { kind: 'menu', field, bit }),
   },
 ];
 
+/** Commands of the menu whose keys act also where no word has the focus. */
+const OF_SHEET: ReadonlySet<WordAction> = new Set<WordAction>(COMPARE_COMMANDS);
+
 /** Everything that can be done to the focused word by key. */
-export const WORD_ACTIONS: readonly WordAction[] = [...WORD_MENU, ...BY_KEY];
+export const WORD_ACTIONS: readonly WordAction[] = [...WORD_MENU.filter((each) => !OF_SHEET.has(each)), ...BY_KEY];
 
 /** The focused word, while the keyboard is where its commands are: not in another field, nor in something over the page. */
 export function wordActionTarget(element: Element | null): WordActionTarget | undefined {

@@ -2,10 +2,13 @@ import cc from 'classcat';
 import { type KeyboardEvent, memo, type MouseEvent, type PointerEvent, useRef, useState } from 'react';
 import { useTranslation } from 'react-i18next';
 import { VscClose } from 'react-icons/vsc';
-import { runCommand } from '../commands/command';
-import { TAB_COMMANDS, type TabTarget } from '../commands/tabCommands';
+import { askForComparison } from '../actions/sheetComparison';
+import { runCommand, shortcutLabel } from '../commands/command';
+import { TAB_COMMANDS, TAB_MENU, type TabTarget } from '../commands/tabCommands';
 import { useSheetsStore } from '../stores/sheetsStore';
 import { hoverTitle } from '../ui/hoverTitle';
+import type { PopupPlace } from '../ui/Popup';
+import { PopupMenu } from '../ui/PopupMenu';
 import { SheetNameEditor } from './SheetNameEditor';
 import { SHEET_PANEL_ID } from './sheetPanel';
 import styles from './SheetTab.module.css';
@@ -40,19 +43,26 @@ export const SheetTab = memo(function SheetTab(props: SheetTabProps) {
   const { onDragStart, isDragged, dropEdge, width } = props;
   const { t } = useTranslation();
   const [isEditing, setEditing] = useState(false);
+  const [menuPlace, setMenuPlace] = useState<PopupPlace>();
   const tab = useRef<HTMLButtonElement>(null);
   const shownName = name.slice(0, LONGEST_NAME);
 
   const { setActiveSheet } = useSheetsStore.getState();
-  const onKeyDown = (event: KeyboardEvent) => {
-    const target = {
-      isClosable,
-      rename: () => setEditing(true),
-      close: () => onClose(sheetId),
-      show: onShow,
-      move: onMove,
-    };
-    runCommand(TAB_COMMANDS, event, target);
+  const target: TabTarget = {
+    isClosable,
+    rename: () => setEditing(true),
+    close: () => onClose(sheetId),
+    show: onShow,
+    move: onMove,
+    compare: () => askForComparison(sheetId),
+    openMenu: () => setMenuPlace(tab.current!.getBoundingClientRect()),
+  };
+  const onKeyDown = (event: KeyboardEvent) => void runCommand(TAB_COMMANDS, event, target);
+  const onContextMenu = (event: MouseEvent) => {
+    // With Shift the browser's own menu comes.
+    if (event.shiftKey || isEditing) return;
+    event.preventDefault();
+    setMenuPlace({ left: event.clientX, top: event.clientY, bottom: event.clientY });
   };
   const stopEditing = () => {
     setEditing(false);
@@ -64,52 +74,69 @@ export const SheetTab = memo(function SheetTab(props: SheetTabProps) {
   };
 
   return (
-    <div
-      className={cc([
-        styles.tab,
-        isActive && styles.active,
-        isDragged && styles.dragged,
-        dropEdge === 'start' && styles.start,
-        dropEdge === 'end' && styles.end,
-      ])}
-      style={{ width }}
-      onAuxClick={onAuxClick}
-      // The browser would begin to scroll.
-      onMouseDown={(event) => event.button === MIDDLE_BUTTON && event.preventDefault()}
-    >
-      <button
-        ref={tab}
-        type="button"
-        role="tab"
-        id={tabId}
-        aria-selected={isActive}
-        aria-controls={isActive ? SHEET_PANEL_ID : undefined}
-        aria-posinset={position}
-        aria-setsize={count}
-        aria-keyshortcuts={isClosable ? 'Delete F2' : 'F2'}
-        tabIndex={isActive && !isEditing ? 0 : -1}
-        {...hoverTitle(shownName)}
-        onPointerDown={onDragStart}
-        onClick={() => setActiveSheet(sheetId)}
-        onDoubleClick={() => setEditing(true)}
-        onKeyDown={onKeyDown}
-        className={styles.name}
+    <>
+      <div
+        className={cc([
+          styles.tab,
+          isActive && styles.active,
+          isDragged && styles.dragged,
+          dropEdge === 'start' && styles.start,
+          dropEdge === 'end' && styles.end,
+        ])}
+        style={{ width }}
+        onAuxClick={onAuxClick}
+        onContextMenu={onContextMenu}
+        // The browser would begin to scroll.
+        onMouseDown={(event) => event.button === MIDDLE_BUTTON && event.preventDefault()}
       >
-        <bdi>{shownName}</bdi>
-      </button>
-      {isClosable && (
         <button
+          ref={tab}
           type="button"
-          aria-label={t('sheets.close', { name: shownName })}
-          tabIndex={-1}
-          // The second click of a double click finds the next sheet's button in the same place.
-          onClick={({ detail }) => detail < 2 && onClose(sheetId)}
-          className={styles.close}
+          role="tab"
+          id={tabId}
+          aria-selected={isActive}
+          aria-controls={isActive ? SHEET_PANEL_ID : undefined}
+          aria-posinset={position}
+          aria-setsize={count}
+          aria-keyshortcuts={isClosable ? 'Delete F2' : 'F2'}
+          tabIndex={isActive && !isEditing ? 0 : -1}
+          {...hoverTitle(shownName)}
+          onPointerDown={onDragStart}
+          onClick={() => setActiveSheet(sheetId)}
+          onDoubleClick={() => setEditing(true)}
+          onKeyDown={onKeyDown}
+          className={styles.name}
         >
-          <VscClose aria-hidden />
+          <bdi>{shownName}</bdi>
         </button>
+        {isClosable && (
+          <button
+            type="button"
+            aria-label={t('sheets.close', { name: shownName })}
+            tabIndex={-1}
+            // The second click of a double click finds the next sheet's button in the same place.
+            onClick={({ detail }) => detail < 2 && onClose(sheetId)}
+            className={styles.close}
+          >
+            <VscClose aria-hidden />
+          </button>
+        )}
+        {isEditing && <SheetNameEditor sheetId={sheetId} name={name} onDone={stopEditing} />}
+      </div>
+      {menuPlace && (
+        <PopupMenu
+          anchor={tab}
+          at={menuPlace}
+          name={t('commands.tab.menu')}
+          items={TAB_MENU.filter(({ when }) => when?.(target) ?? true).map((command) => ({
+            id: command.id,
+            label: t(command.label),
+            hint: shortcutLabel(command),
+          }))}
+          onClose={() => setMenuPlace(undefined)}
+          onChoose={(id) => TAB_MENU.find((command) => command.id === id)!.run(target)}
+        />
       )}
-      {isEditing && <SheetNameEditor sheetId={sheetId} name={name} onDone={stopEditing} />}
-    </div>
+    </>
   );
 });

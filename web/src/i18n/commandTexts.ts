@@ -15,7 +15,14 @@ export const commandTexts = {
   sheet: { next: 'Show the next sheet', previous: 'Show the sheet before' },
   notice: { close: 'Close notifications' },
   toolbar: { move: 'Choose a button, in a bar or a word’s header' },
-  tab: { show: 'Show another sheet', move: 'Move the sheet', rename: 'Rename the sheet', close: 'Close the sheet' },
+  tab: {
+    show: 'Show another sheet',
+    moveLeft: 'Move the sheet to the left',
+    moveRight: 'Move the sheet to the right',
+    rename: 'Rename the sheet',
+    close: 'Close the sheet',
+    menu: 'Open the menu of the sheet',
+  },
   word: {
     move: 'Go to the word beside, above or below',
     type: 'Replace the value, in the base typed last (on a word’s header)',
@@ -34,6 +41,12 @@ export const commandTexts = {
     inspect: 'Inspect…',
     copyMask: 'Copy mask',
     menu: 'Open the menu of the word',
+  },
+  compare: {
+    ask: 'Compare with…',
+    next: 'Go to the next difference',
+    previous: 'Go to the difference before',
+    end: 'End the comparison',
   },
   field: {
     commit: 'Take over the text',

@@ -1,4 +1,5 @@
 import { commandTexts } from './commandTexts';
+import { compareTexts } from './compareTexts';
 import { historyTexts } from './historyTexts';
 import { inspectTexts } from './inspectTexts';
 import { panelTexts } from './panelTexts';
@@ -98,6 +99,7 @@ export const en = {
   words: wordsTexts,
   panels: panelTexts,
   inspect: inspectTexts,
+  compare: compareTexts,
   sheets: {
     tabs: 'Sheets',
     add: 'Add sheet',

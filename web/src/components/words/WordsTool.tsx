@@ -4,6 +4,7 @@ import { useSheetStore } from '../../stores/sheetStore';
 import controlStyles from '../../ui/controls.module.css';
 import { SHEET_PANEL_ID } from '../sheetPanel';
 import { BitStatus } from './bitField/BitStatus';
+import { SheetComparison } from './compare/SheetComparison';
 import { geometryProperties } from './layout/geometryProperties';
 import { WordPanels } from './panels/WordPanels';
 import { SheetView } from './SheetView';
@@ -28,6 +29,7 @@ export function WordsTool() {
       <WordPanels>
         <SheetView onOverflow={setOverflows} />
       </WordPanels>
+      <SheetComparison />
       <BitStatus />
     </div>
   );

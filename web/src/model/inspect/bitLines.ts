@@ -1,6 +1,6 @@
+import { setBits } from '../integer/setBits';
 import { fromGray, toGray } from '../operations/bitOperations';
 import { type InspectedLine, line } from './inspectedLine';
-import { setBits } from './setBits';
 
 const MOST_LISTED = 64;
 

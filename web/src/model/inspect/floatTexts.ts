@@ -1,6 +1,6 @@
 import type { FloatFormat } from '../float/floatFormats';
 import type { FloatParts } from '../float/floatParts';
-import { setBits } from './setBits';
+import { setBits } from '../integer/setBits';
 
 /** All decimal digits of a float, exactly: up to 16,494 after the point at 128 bits, and 262,378 at 256 bits. */
 export function exactDecimal(parts: FloatParts): string {

@@ -1,8 +1,8 @@
 import { bytesOf } from '../code/codeForms';
 import { displayFloat } from '../float/displayFloat';
 import { floatFormatFor } from '../float/floatFormats';
+import { setBits } from '../integer/setBits';
 import { asciiText, bytePairs } from './byteTexts';
-import { setBits } from './setBits';
 
 /** The most that there is to know of a word at a glance. */
 export interface WordSummary {

@@ -2,6 +2,7 @@ import { useTranslation } from 'react-i18next';
 import { useSnapshot } from 'valtio';
 import { typing } from '../../../ui/alteredText';
 import { statusMessage } from '../../../ui/statusMessage';
+import { ComparisonStatus } from '../compare/ComparisonStatus';
 import { activeBitState, bitWeight } from './activeBit';
 import { READOUT_ID } from './BitField';
 import styles from './BitStatus.module.css';
@@ -28,6 +29,7 @@ export function BitStatus() {
         )}
       </div>
       {!text && !isPending && !bit && <WordSummary />}
+      {!text && <ComparisonStatus />}
     </div>
   );
 }
