@@ -1,3 +1,4 @@
+import './host/launchRead'; // first: the host reads while the rest is made ready
 import '@fontsource/inter/400.css';
 import './styles.css';
 import './i18n';

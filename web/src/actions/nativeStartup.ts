@@ -2,6 +2,7 @@ import { displayName } from '../../package.json';
 import { type Loading, withLoading } from '../document/loading';
 import { parseToolDocumentInSteps } from '../document/parseToolDocument';
 import { getFileNameFromPath } from '../host/fileHandle';
+import { readLaunchFile } from '../host/launchRead';
 import { pathForHost } from '../host/nativePath';
 import { i18next } from '../i18n';
 import { failure, type Result, success } from '../model/result';
@@ -35,7 +36,7 @@ async function openFile(
   navigate: Navigate,
   loading: Loading,
 ): Promise<Result<boolean>> {
-  const answer = await readFile(pathForHost(path));
+  const answer = await readLaunchFile(pathForHost(path), readFile);
   if (!answer.success || !answer.data) {
     return unreadable(answer.error || i18next.t('messages.startup.unknownError'));
   }

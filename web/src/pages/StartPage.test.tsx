@@ -76,6 +76,19 @@ describe('the start page', () => {
     expect((await screen.findByRole('alert')).textContent).toBe('Failed to read file: gone');
   });
 
+  test('which shows nothing yet, makes way for the document without time to fade', async () => {
+    const setTimer = setTimeout;
+    // No fade ever ends.
+    const timers = vi
+      .spyOn(globalThis, 'setTimeout')
+      .mockImplementation(((act: () => void, delay = 0) =>
+        delay > 20 && delay < 500 ? 0 : setTimer(act, delay)) as typeof setTimeout);
+    const answer = { success: true, data: documentText({ sheets: [sheetData({ displayName: 'Mine' })] }) };
+    start({ error: null, filePath: PATH }, async () => answer);
+    expect(await screen.findByRole('tabpanel', { name: 'Mine' })).toBeDefined();
+    timers.mockRestore();
+  });
+
   test('opens the file of the command line as saved and leads to the Words tool', async () => {
     const data = documentText({ sheets: [sheetData({ displayName: 'Mine', int: '0xff', intResolution: 32 })] });
     const readFile = vi.fn(async () => ({ success: true, data }));
