@@ -29,6 +29,7 @@ export const wordsTexts = {
   keys: 'Keys',
   searchKeys: 'Search keys',
   noKeys: 'No key does this',
+  bits: 'Bits',
   bitName: 'bit {{bit}}: {{value}}',
   wordsInRow: '{{row}}: {{count}} words',
   changed: '{{action}}: {{word}} is {{value}}',

@@ -79,9 +79,9 @@ export class Desktop {
       .map((id) => ({ id, title: this.#query('xdotool', 'getwindowname', id).trim() }));
   }
 
-  /** All that a screen reader gets of the windows of one process. */
-  accessiblesOf(pid: number): Accessible[] {
-    return this.#query(`${tools}/accessible_tree`, String(pid))
+  /** All that a screen reader gets of the windows of one process, and of the page in them where that is asked for. */
+  accessiblesOf(pid: number, page?: 'page'): Accessible[] {
+    return this.#query(`${tools}/accessible_tree`, String(pid), ...(page ? [page] : []))
       .split('\n')
       .filter((line) => /^\d+\t/.test(line))
       .map((line) => {

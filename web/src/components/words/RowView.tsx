@@ -47,9 +47,11 @@ export const RowView = memo(function RowView(props: RowViewProps) {
 /** Stands for the words of a row far away, and lets in whoever comes without scrolling, such as a screen reader. */
 function FarRow({ row }: { row: RowGeometry }) {
   const enter = () => focusWord(row, row.count - 1, 'value');
+  const text = i18next.t('words.wordsInRow', { row: row.label, count: row.count });
+  // WebKit takes no name from a text that it lays out only when it comes into view.
   return (
-    <button type="button" tabIndex={-1} className={styles.far} onFocus={enter} onClick={enter}>
-      {i18next.t('words.wordsInRow', { row: row.label, count: row.count })}
+    <button type="button" tabIndex={-1} className={styles.far} aria-label={text} onFocus={enter} onClick={enter}>
+      {text}
     </button>
   );
 }

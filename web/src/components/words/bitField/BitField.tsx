@@ -16,6 +16,7 @@ import { readWord } from '../../../model/integer/wordLayout';
 import { type OutlineKind, useBitOutlines } from '../../../stores/bitOutlines';
 import { useSheetStore } from '../../../stores/sheetStore';
 import { isTextField } from '../../../ui/alteredText';
+import { visuallyHidden } from '../../../ui/visuallyHidden';
 import { bitAt, type BitFieldLayout, cellOf } from '../layout/bitFieldLayout';
 import { RowScroller, SheetScroller } from '../scrollers';
 import { activeBitState, showBit, updateShownBit } from './activeBit';
@@ -149,28 +150,29 @@ export const BitField = memo(function BitField({
   };
 
   return (
-    <canvas
-      ref={canvas}
-      className={styles.bits}
-      role="application"
-      tabIndex={0}
-      aria-label={name}
-      aria-describedby={READOUT_ID}
-      aria-roledescription={i18next.t('words.bitFieldRole')}
-      data-focus-key="bits"
-      style={{ width: layout.width, height: layout.height }}
-      onPointerDown={onPointerDown}
-      onPointerMove={onPointerMove}
-      onPointerLeave={onPointerLeave}
-      onPointerUp={() => (stroke.current = undefined)}
-      onPointerCancel={() => (stroke.current = undefined)}
-      onClick={onClick}
-      onKeyDown={onKeyDown}
-      onFocus={onFocus}
-      onBlur={onBlur}
-    >
+    <>
+      <canvas
+        ref={canvas}
+        className={styles.bits}
+        role="application"
+        tabIndex={0}
+        aria-label={name}
+        aria-describedby={READOUT_ID}
+        aria-roledescription={i18next.t('words.bitFieldRole')}
+        data-focus-key="bits"
+        style={{ width: layout.width, height: layout.height }}
+        onPointerDown={onPointerDown}
+        onPointerMove={onPointerMove}
+        onPointerLeave={onPointerLeave}
+        onPointerUp={() => (stroke.current = undefined)}
+        onPointerCancel={() => (stroke.current = undefined)}
+        onClick={onClick}
+        onKeyDown={onKeyDown}
+        onFocus={onFocus}
+        onBlur={onBlur}
+      />
       {isFocused && <BitTexts digits={digits} />}
-    </canvas>
+    </>
   );
 });
 
@@ -184,12 +186,19 @@ function outlinesOf(sheetId: string | null, width: number, index: number): WordO
   return { changed: bitsOf('changed'), difference: bitsOf('difference'), range: bitsOf('range') };
 }
 
-/** The bits as a screen reader finds them one by one, while the keyboard is in their field. */
+/**
+ * The bits as a screen reader finds them one by one, while the keyboard is in their field. They stand beside it: not every
+ * engine shows readers what is in a canvas.
+ */
 function BitTexts({ digits }: { digits: string }) {
-  return [...digits].map((value, place) => {
-    const bit = digits.length - 1 - place;
-    return <span key={bit} role="img" aria-label={i18next.t('words.bitName', { bit, value })} />;
-  });
+  return (
+    <div role="group" aria-label={i18next.t('words.bits')} style={visuallyHidden}>
+      {[...digits].map((value, place) => {
+        const bit = digits.length - 1 - place;
+        return <span key={bit} role="img" aria-label={i18next.t('words.bitName', { bit, value })} />;
+      })}
+    </div>
+  );
 }
 
 /** A stroke ends with its button, even where nobody reported that, and above and below the lines of its field. */
