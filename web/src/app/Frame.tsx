@@ -8,6 +8,7 @@ import { UnsavedChangesDialog } from '../components/UnsavedChangesDialog';
 import { useDocumentDrop } from '../components/useDocumentDrop';
 import { isVsCode } from '../host/hostFlags';
 import { ProblemPage } from '../pages/ProblemPage';
+import { useHeldEnter } from '../ui/heldEnter';
 import { FadingOutlet } from './FadingOutlet';
 import styles from './Frame.module.css';
 import { Rail } from './Rail';
@@ -15,6 +16,7 @@ import { useLeaveGuards } from './useLeaveGuards';
 
 /** The full window: the rail at the left, the route's content beside it. An editor brings a rail of its own. */
 export function Frame() {
+  useHeldEnter();
   useDocumentKeys();
   useDocumentDrop();
   useLeaveGuards();
