@@ -90,4 +90,58 @@ test.describe('by the keyboard alone', () => {
     await expect(tool.word(64, 1).value).toHaveValue(`240`);
     keys.expectAtMost(8);
   });
+
+  test('a status code of Windows, extended to 64 bits, is decoded to bits', async ({ page, enter }) => {
+    const tool = new WordsTool(page);
+    await tool.open(enter, { int: 0 });
+    const keys = new Keys(page);
+    await expect(tool.word(64, 1).value).toBeFocused();
+    await keys.type('0xFFFFFFFFC0000094');
+    await keys.press('Enter', 'Alt+Enter', 'Tab', 'End');
+    await expect(tool.status).toContainText('bit 0 of word 1, 0');
+    await expect(tool.word(16, 1).base(16)).toHaveValue('94');
+    keys.expectAtMost(22);
+  });
+
+  test('bit 37 of a number of 64 bits is found', async ({ page, enter }) => {
+    const tool = new WordsTool(page);
+    await tool.open(enter, { int: 0 });
+    const keys = new Keys(page);
+    await expect(tool.word(64, 1).value).toBeFocused();
+    await keys.type('0x1F83D9ABFB41BD6B');
+    await keys.press('Enter', 'Alt+Enter', 'Control+k');
+    await keys.type('bit 37');
+    await keys.press('Enter');
+    await expect(tool.status).toContainText('bit 37 of word 1, 1');
+    keys.expectAtMost(28);
+  });
+
+  test('the sign of a float is flipped', async ({ page, enter }) => {
+    const tool = new WordsTool(page);
+    await tool.open(enter, { int: 0 });
+    const keys = new Keys(page);
+    await expect(tool.word(64, 1).value).toBeFocused();
+    await keys.press('Shift+F6', 'ArrowRight', 'Enter', 'End', 'Enter', 'Escape', 'F6');
+    await keys.press('ArrowDown', 'ArrowDown', 'ArrowDown', 'ArrowDown');
+    await keys.type('-1234.5625');
+    await keys.press('Enter', 'Tab', 'Space');
+    await expect(tool.word(64, 1).float).toHaveValue('1234.5625');
+    keys.expectAtMost(24);
+  });
+
+  test('a color is turned to OKLCH', async ({ page, enter }) => {
+    const tool = new WordsTool(page);
+    await tool.open(enter, { int: 0, intResolution: 32 });
+    const keys = new Keys(page);
+    await expect(tool.word(32, 1).value).toBeFocused();
+    await keys.press('Alt+ArrowDown', 'Alt+ArrowDown', 'Alt+ArrowDown');
+    await expect(tool.color(1).getByRole('textbox', { name: 'Color' })).toBeFocused();
+    await keys.press('Control+a');
+    await keys.type('#ff8800');
+    await keys.press('Enter', 'Shift+Tab', 'Enter');
+    await keys.type('okl');
+    await keys.press('Enter');
+    await expect(tool.color(1).getByRole('textbox', { name: 'Color' })).toHaveValue(/^oklch\(/);
+    keys.expectAtMost(18);
+  });
 });

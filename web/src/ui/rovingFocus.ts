@@ -13,13 +13,23 @@ export function moveRovingFocus(event: KeyboardEvent, items: readonly HTMLElemen
   items[Math.max(0, Math.min(items.length - 1, next))]?.focus();
 }
 
-/** Goes to the next item that begins with a typed character. */
+/** Rest after which typing begins anew, in milliseconds. */
+const TYPING_PAUSE = 600;
+
+let typed = { text: '', at: -Infinity };
+
+/** Goes to the next item that begins with what is typed; the same letter again goes on to the next one. */
 export function seekByLetter(event: KeyboardEvent, items: readonly HTMLElement[]): void {
   if (event.key.length !== 1 || event.ctrlKey || event.metaKey || event.altKey) return;
-  const index = items.indexOf(event.target as HTMLElement);
-  const following = [...items.slice(index + 1), ...items.slice(0, index + 1)];
+  const isGoingOn = event.timeStamp - typed.at < TYPING_PAUSE;
+  const text = (isGoingOn ? typed.text : '') + event.key.toLowerCase();
+  typed = { text, at: event.timeStamp };
+  const isOneLetter = [...text].every((letter) => letter === text[0]);
+  const sought = isOneLetter ? text[0]! : text;
+  const index = Math.max(0, items.indexOf(event.target as HTMLElement)) + (isOneLetter ? 1 : 0);
+  const following = [...items.slice(index), ...items.slice(0, index)];
   const name = (item: HTMLElement) => (item.dataset.name ?? item.textContent).toLowerCase();
-  following.find((item) => name(item).startsWith(event.key.toLowerCase()))?.focus();
+  following.find((item) => name(item).startsWith(sought))?.focus();
 }
 
 function nextIndex(key: string, index: number, count: number, columns: number): number | undefined {
