@@ -45,7 +45,34 @@ public:
         });
     }
 
+    /// Opens a document that was cut off in its middle, with its recovery file beside it.
+    Tally killWhileOpening() {
+        cutOff();
+        const std::int64_t longest = 2 * microsecondsOf([this] { EXPECT_TRUE(Documents().read(document_).success); });
+        std::mt19937 random{std::random_device{}()};
+        std::uniform_int_distribution<std::int64_t> moment(0, longest);
+        Tally tally;
+        for (int kill = 0; kill < kills; ++kill) {
+            cutOff();
+            const auto open = [this] {
+                static_cast<void>(Documents().read(document_));
+                _exit(0);
+            };
+            killDuring(open, std::chrono::microseconds(moment(random)));
+            if (!isWhole(bytesOf(document_))) ++tally.cutOff;
+            const Outcome opened = Documents().read(document_);
+            const bool isReplayed = opened.payload == texts_[0] && bytesOf(document_) == texts_[0];
+            if (isReplayed && !std::filesystem::exists(recovery_)) ++tally.whole;
+        }
+        return tally;
+    }
+
 private:
+    void cutOff() const {
+        putBytes(recovery_, texts_[0]);
+        putBytes(document_, texts_[0].substr(0, texts_[0].size() / 2));
+    }
+
     template <typename Work>
     Tally killAgainAndAgain(Work work) {
         std::mt19937 random{std::random_device{}()};
@@ -65,10 +92,18 @@ private:
     }
 
     [[nodiscard]] std::int64_t microsecondsOfASave() const {
+        return microsecondsOf([this] {
+                   for (const std::string& text : texts_) EXPECT_TRUE(Documents().write(document_, text).success);
+               }) /
+               2;
+    }
+
+    template <typename Work>
+    static std::int64_t microsecondsOf(Work work) {
         const auto begin = std::chrono::steady_clock::now();
-        for (const std::string& text : texts_) EXPECT_TRUE(Documents().write(document_, text).success);
+        work();
         const auto duration = std::chrono::steady_clock::now() - begin;
-        return std::chrono::duration_cast<std::chrono::microseconds>(duration).count() / 2;
+        return std::chrono::duration_cast<std::chrono::microseconds>(duration).count();
     }
 
     template <typename Work>
@@ -88,6 +123,7 @@ private:
 
     TemporaryFolder folder_;
     std::string document_ = folder_.file("document.words.tessary");
+    std::string recovery_ = document_ + ".new-text";
     std::array<std::string, 2> texts_;
 };
 
@@ -120,4 +156,16 @@ TEST(AKill, LeavesANewDocumentThatIsWholeOrNotThere) {
         missing += tally.missing;
     }
     EXPECT_GT(missing, 0) << "no kill came before a document was there: this shows nothing";
+}
+
+TEST(AKill, LeavesADocumentWhoseSaveIsBeingFinishedWholeWhenItIsOpenedNext) {
+    int cutOff = 0;
+    for (const std::size_t size : sizes) {
+        const Tally tally = Saving(size).killWhileOpening();
+        std::cout << size << " bytes, " << kills << " kills while a cut-off document is opened: " << tally.cutOff
+                  << " still cut off, " << tally.whole << " whole when opened next\n";
+        EXPECT_EQ(tally.whole, kills) << size;
+        cutOff += tally.cutOff;
+    }
+    EXPECT_GT(cutOff, 0) << "no kill came before the save was finished: this shows nothing";
 }
