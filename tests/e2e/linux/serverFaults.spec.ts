@@ -89,11 +89,11 @@ test('the page loads and a document is saved while 2,000 connections drip', asyn
   const program = await open([], { command: ['prlimit', '--nofile=1024:1024', sandbox.program] });
   await program.shows('Open Words Tool');
   const slow = await SlowConnections.open(portOf(program), 2000, 500);
-  const held = slow.open;
   const took = await reload(program);
   const file = `${sandbox.documents}/mine.words.tessary`;
   expect(await program.call('writeFile', file, 'text')).toEqual({ success: true });
   expect(readFileSync(file, 'utf8')).toBe('text');
+  const held = slow.open;
   slow.close();
   expect(await program.close()).toBe(0);
   noteAttack(
