@@ -1,4 +1,5 @@
 import { commands, type ExtensionContext, languages, window } from 'vscode';
+import { newDocumentText } from './document';
 import { openNewDocument } from './newDocument';
 import { numberHover, SHOW_NUMBER } from './numberHover';
 import { showNumber, showSelection } from './showAsWords';
@@ -12,7 +13,7 @@ export function activate({ extensionUri, subscriptions }: ExtensionContext): voi
       webviewOptions: { retainContextWhenHidden: true },
       supportsMultipleEditorsPerDocument: true,
     }),
-    commands.registerCommand('tessary.newDocument', () => openNewDocument()),
+    commands.registerCommand('tessary.newDocument', () => openNewDocument(newDocumentText())),
     commands.registerCommand('tessary.showSelection', showSelection),
     commands.registerCommand(SHOW_NUMBER, showNumber),
     languages.registerHoverProvider('*', numberHover),

@@ -1,18 +1,12 @@
 import { commands, Range, Uri, workspace, WorkspaceEdit } from 'vscode';
 import { VIEW_TYPE } from './wordsEditor';
 
-/**
- * Opens a document that has no file yet.
- * @param text - what it holds; absent for a new sheet, which counts as unchanged until it is edited
- */
-export async function openNewDocument(text = ''): Promise<void> {
-  const uri = freeName();
-  if (text !== '') {
-    const change = new WorkspaceEdit();
-    const document = await workspace.openTextDocument(uri);
-    change.replace(document.uri, new Range(0, 0, 0, 0), text);
-    await workspace.applyEdit(change);
-  }
+/** Opens a document that has no file yet. @param text - what it holds */
+export async function openNewDocument(text: string): Promise<void> {
+  const { uri } = await workspace.openTextDocument(freeName());
+  const change = new WorkspaceEdit();
+  change.replace(uri, new Range(0, 0, 0, 0), text);
+  await workspace.applyEdit(change);
   await commands.executeCommand('vscode.openWith', uri, VIEW_TYPE);
 }
 

@@ -1,12 +1,14 @@
 import { env, Range, type TextDocument, Uri, type Webview, window, workspace, WorkspaceEdit } from 'vscode';
 import type { WordsDocumentData } from '../../../web/src/document/schema';
 import { isWordsDocument } from '../../../web/src/document/wordsDocument';
-import { newDocumentText, readDocument } from './document';
+import { readDocument } from './document';
 import { editsFor, withEdits } from './documentEdits';
 import type { ExtensionMessage, PageMessage } from './messages';
 import { offerText } from './offerText';
 import { placeAt, unified } from './textPlaces';
 
+/** For so long the page keeps its edits to itself after it was sent a document, in milliseconds. */
+const PAGE_REST = 600;
 /** How long a save waits for a page that does not answer, in milliseconds. */
 const PATIENCE = 1000;
 
@@ -16,10 +18,9 @@ export class Session {
   #shown: string | undefined;
   /** What the page shows, as it would post it; undefined while that is no document. */
   #page: WordsDocumentData | undefined;
+  #delivered = 0;
   #edits = Promise.resolve();
   #onFlushed: (() => void) | undefined;
-  /** What the page shows while a new file's text is empty. */
-  readonly #newText = newDocumentText();
   readonly #listeners;
 
   constructor(
@@ -54,11 +55,11 @@ export class Session {
 
   #deliver(): void {
     const text = this.#text;
-    const shown = text === '' && this.document.isUntitled ? this.#newText : text;
-    const reading = readDocument(shown);
+    const reading = readDocument(text);
     this.#shown = text;
+    this.#delivered = Date.now();
     this.#page = reading.kind === 'words' ? reading.shown : undefined;
-    this.#post({ type: 'document', data: { rawContent: shown } });
+    this.#post({ type: 'document', data: { rawContent: text } });
     if (reading.kind !== 'words') void offerText(this.document.uri, reading);
   }
 
@@ -90,6 +91,7 @@ export class Session {
 
   /** Waits until the page's last edit is in the text. */
   async #settle(): Promise<[]> {
+    await new Promise((resolve) => setTimeout(resolve, this.#delivered + PAGE_REST - Date.now()));
     await new Promise<void>((resolve) => {
       this.#onFlushed = resolve;
       setTimeout(resolve, PATIENCE);

@@ -1,4 +1,5 @@
 import { redoChange, undoChange } from '../actions/historyActions';
+import { isVsCode } from '../host/hostFlags';
 import { isTextBeingAltered } from '../ui/alteredText';
 import type { Command } from './command';
 import type { DocumentTarget } from './documentCommands';
@@ -10,13 +11,16 @@ function inText(step: 'undo' | 'redo', otherwise: () => void): void {
   else otherwise();
 }
 
-// An editor keeps a history of the whole document.
+/** An editor keeps a history of the whole document, and has no part in a text that is being typed. */
+const isOurs = () => !isVsCode || isTextBeingAltered();
+
 export const HISTORY_COMMANDS: readonly Command<DocumentTarget>[] = [
   {
     id: 'history.undo',
     keys: ['Mod+Z'],
     label: 'commands.history.undo',
-    hosts: ['native', 'browser'],
+    when: isOurs,
+    yields: isVsCode,
     repeats: true,
     run: ({ navigate }) => inText('undo', () => undoChange(navigate)),
   },
@@ -24,7 +28,8 @@ export const HISTORY_COMMANDS: readonly Command<DocumentTarget>[] = [
     id: 'history.redo',
     keys: ['Mod+Shift+Z', 'Mod+Y'],
     label: 'commands.history.redo',
-    hosts: ['native', 'browser'],
+    when: isOurs,
+    yields: isVsCode,
     repeats: true,
     run: ({ navigate }) => inText('redo', () => redoChange(navigate)),
   },

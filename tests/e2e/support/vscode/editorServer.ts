@@ -26,10 +26,14 @@ export class EditorServer {
       '--without-connection-token',
       '--accept-server-license-terms',
     ];
-    const child = spawn(process.execPath, [editorServer, ...options, '--server-data-dir', home], {
-      stdio: ['ignore', 'pipe', 'pipe'],
-      env: { PATH: process.env.PATH, HOME: home, LANG: 'C.UTF-8' },
-    });
+    const child = spawn(
+      process.execPath,
+      [editorServer, ...options, '--disable-workspace-trust', '--server-data-dir', home],
+      {
+        stdio: ['ignore', 'pipe', 'pipe'],
+        env: { PATH: process.env.PATH, HOME: home, LANG: 'C.UTF-8' },
+      },
+    );
     const server = new EditorServer(home, child);
     for (const stream of [child.stdout, child.stderr]) {
       stream.setEncoding('utf8').on('data', (text: string) => (server.#output += text));

@@ -13,15 +13,6 @@ export class EditorWindow {
   /** Opens the window on the files that are in the folder, and waits until it has read what its extensions offer. */
   async enter(): Promise<void> {
     await this.page.goto(this.address);
-    await this.#settled();
-  }
-
-  async reload(): Promise<void> {
-    await this.page.reload();
-    await this.#settled();
-  }
-
-  async #settled(): Promise<void> {
     await this.page.locator('.monaco-workbench').waitFor();
     await this.page.waitForFunction(() => performance.getEntriesByName('code/didLoadExtensions').length > 0);
   }
@@ -96,6 +87,10 @@ export class WordsView {
 
   async shown(): Promise<void> {
     await this.frame.getByRole('tabpanel').waitFor();
+  }
+
+  get body(): Locator {
+    return this.frame.locator('body');
   }
 
   get sheets(): Locator {

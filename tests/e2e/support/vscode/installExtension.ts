@@ -7,7 +7,6 @@ import { editorServer, extensionPackage } from './paths';
 /** Nothing that asks, blinks or waits for the network. What is tried has its defaults. */
 const SETTINGS = {
   'chat.disableAIFeatures': true,
-  'security.workspace.trust.enabled': false,
   'telemetry.telemetryLevel': 'off',
   'workbench.secondarySideBar.defaultVisibility': 'hidden',
   'workbench.startupEditor': 'none',
