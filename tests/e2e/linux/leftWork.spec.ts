@@ -79,6 +79,18 @@ test('kill -9: the next start offers the work of before, opens it in a window of
   expect(savedValues(file)).toHaveLength(2);
 });
 
+test("the notice shows the copies' folder in the desktop's file manager", async ({ open, sandbox, linkRecorder }) => {
+  const killed = await open([write1024(sandbox)]);
+  await enterValue(killed, '42');
+  await until('the copy', () => existsSync(copyOf(sandbox)));
+  await killed.process.end();
+  const next = await open();
+  await readNotice(next);
+  await press(next, 'Show folder');
+  expect(decodeURI(await linkRecorder.opened('the notice'))).toContain(folderOf(sandbox));
+  expect(copies(sandbox)).toEqual([COPY]);
+});
+
 test('SIGTERM keeps the work of this moment', async ({ open, sandbox }) => {
   const program = await open([write1024(sandbox)]);
   await enterValue(program, '42');

@@ -68,7 +68,7 @@ export type StartOptions = Partial<Pick<Launch, 'command' | 'cwd' | 'env'>>;
 
 interface Fixtures {
   sandbox: ProgramSandbox;
-  /** The desktop's handler of links. */
+  /** The desktop's handler of links and folders. */
   linkRecorder: LinkRecorder;
   /** Starts the program in its window, with these arguments, and ends it with the test. */
   open: (args?: string[], options?: StartOptions) => Promise<Program>;
@@ -94,13 +94,14 @@ export const test = base.extend<Fixtures & { processes: ProgramProcess[] }, { de
     const recorder = new LinkRecorder(sandbox.folder);
     const script = sandbox.write('../home/recorder.sh', recorder.script);
     const schemes = ['http', 'https', 'mailto'].map((scheme) => `x-scheme-handler/${scheme}`);
+    const types = [...schemes, 'inode/directory'];
     sandbox.write(
       '../home/data/applications/recorder.desktop',
-      `[Desktop Entry]\nType=Application\nName=Recorder\nExec=/bin/sh ${script} %u\nMimeType=${schemes.join(';')};\n`,
+      `[Desktop Entry]\nType=Application\nName=Recorder\nExec=/bin/sh ${script} %u\nMimeType=${types.join(';')};\n`,
     );
     sandbox.write(
       '../home/config/mimeapps.list',
-      `[Default Applications]\n${schemes.map((type) => `${type}=recorder.desktop\n`).join('')}`,
+      `[Default Applications]\n${types.map((type) => `${type}=recorder.desktop\n`).join('')}`,
     );
     await use(recorder);
   },
