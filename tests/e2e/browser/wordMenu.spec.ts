@@ -106,7 +106,7 @@ test.describe('the menu of a word', () => {
     await tool.word(64, 1).sign.click({ button: 'right' });
     await item(page, 'Go to bit…').click();
     await page.keyboard.type('64');
-    await expect(page.getByText('Bit must be 0 to 63')).toBeVisible();
+    await expect(page.getByText('Sheet has bits 0 to 63')).toBeVisible();
     await page.keyboard.press('Backspace');
     await page.keyboard.press('Backspace');
     await page.keyboard.type('37');

@@ -1,22 +1,24 @@
 import { i18next } from '../i18n';
 import { type ByteOrder, codeFormsFor } from '../model/code/codeForms';
 import { colorOfBlock, withColor } from '../model/color/colorWord';
+import { rangeMask } from '../model/range/bitRange';
 import { OPAQUE_BITS, type Reading, wordOf } from '../model/text/reading';
 import { readText } from '../model/text/readText';
-import type { ChangedWord } from '../stores/changeCause';
+import { useSheetStore } from '../stores/sheetStore';
 import { isTextField } from '../ui/alteredText';
 import { showStatus } from '../ui/statusMessage';
-import { mainText, valueOf, writeWord } from './focusedWord';
+import { type BitsTarget, mainText, valueOf, widthOf, writeWord } from './focusedWord';
+import { pasteNames } from './rangeNaming';
 import { openPanel, type PanelPlace } from './wordPanel';
 
 /** The form that was copied last, and the order of bytes; kept for as long as the page is open. */
 export const copyChoice: { form: string; order: ByteOrder } = { form: 'hex', order: 'most' };
 
-/** Puts a text on the clipboard and says so; where that is refused, the text is shown, to be copied by hand. */
-export async function copyText(word: ChangedWord, text: string): Promise<void> {
+/** Puts a text on the clipboard and says so, by default how long it is; where that is refused, the text is shown, to be copied by hand. */
+export async function copyText(word: BitsTarget, text: string, report?: string): Promise<void> {
   try {
     await navigator.clipboard.writeText(text);
-    showStatus(i18next.t('panels.copied', { count: text.length }));
+    showStatus(report ?? i18next.t('panels.copied', { count: text.length }));
   } catch {
     openPanel(word, { kind: 'text', text });
   }
@@ -31,21 +33,25 @@ export async function readClipboard(): Promise<string | undefined> {
   }
 }
 
-export function copyWord(word: ChangedWord): void {
+export function copyWord(word: BitsTarget): void {
   void copyText(word, mainText(word));
 }
 
 /** Copies a word in one of the forms of a program, by default the one that was copied last. */
-export function copyAs(word: ChangedWord, form = copyChoice.form): void {
+export function copyAs(word: BitsTarget, form = copyChoice.form): void {
   copyChoice.form = form;
-  const forms = codeFormsFor(word.bits);
+  const width = widthOf(word);
+  const forms = codeFormsFor(width);
   const { write } = forms.find(({ id }) => id === form) ?? forms[0]!;
-  void copyText(word, write(valueOf(word), word.bits, copyChoice.order));
+  void copyText(word, write(valueOf(word), width, copyChoice.order));
 }
 
-/** A word with a one at one of its bits. */
-export function copyMask(word: ChangedWord, bit: number): void {
-  void copyText(word, `0x${(1n << BigInt(bit)).toString(16).padStart(word.bits / 4, '0')}`);
+/** A word with a one at one of its bits, or the whole value with ones in a range. */
+export function copyMask(word: BitsTarget, bit: number | undefined): void {
+  const [mask, bits] = word.range
+    ? [rangeMask(word.range), useSheetStore.getState().int.resolution]
+    : [1n << BigInt(bit ?? 0), word.bits];
+  void copyText(word, `0x${mask.toString(16).padStart(bits / 4, '0')}`);
 }
 
 /** What a reading is called, such as "number, base 16". */
@@ -55,13 +61,18 @@ export function readingName({ kind, detail }: Reading): string {
 }
 
 /** The word that a reading makes of another one: a color that names no alpha keeps that of the word. */
-export function pastedOver(word: ChangedWord, value: bigint, { kind, itemBits }: Reading): bigint {
+export function pastedOver(word: BitsTarget, value: bigint, { kind, itemBits }: Reading): bigint {
   const keepsAlpha = word.type === 'color32' && kind === 'color' && itemBits === OPAQUE_BITS;
   return keepsAlpha ? withColor(valueOf(word), colorOfBlock(value), false) : value;
 }
 
-/** Takes a text over that is one plain number and fits, or a color where one is wanted; asks about any other. */
-export function pasteText(word: ChangedWord, text: string): void {
+/**
+ * Takes a text over that is one plain number and fits, or a color where one is wanted, or a list of names; asks about any
+ * other. A range takes what fits it.
+ */
+export function pasteText(word: BitsTarget, text: string): void {
+  if (pasteNames(text)) return;
+  if (word.range) return pasteIntoRange(word, text);
   const readings = readText(text);
   const color =
     readings.ok && word.type === 'color32' ? readings.value.find(({ kind }) => kind === 'color') : undefined;
@@ -72,7 +83,16 @@ export function pasteText(word: ChangedWord, text: string): void {
   applyPaste(word, value.value, reading);
 }
 
-export function applyPaste(word: ChangedWord, read: bigint, reading: Reading, resolution?: number): void {
+function pasteIntoRange(target: BitsTarget, text: string): void {
+  const readings = readText(text);
+  const reading = readings.ok ? readings.value[0] : undefined;
+  if (!reading || reading.kind === 'text') return showStatus(i18next.t('panels.unread'));
+  const read = wordOf(reading, widthOf(target));
+  if (read.ok) applyPaste(target, read.value, reading);
+  else showStatus(read.reason);
+}
+
+export function applyPaste(word: BitsTarget, read: bigint, reading: Reading, resolution?: number): void {
   const value = pastedOver(word, read, reading);
   writeWord(word, value, i18next.t('panels.pasteStep'), resolution);
   const how = reading.kind === 'number' ? reading.detail! : readingName(reading);
@@ -80,12 +100,12 @@ export function applyPaste(word: ChangedWord, read: bigint, reading: Reading, re
 }
 
 /** Opens the form for pasting, which is filled with what is on the clipboard as far as the page may read it. */
-export function askForPaste(word: ChangedWord, place?: PanelPlace): void {
+export function askForPaste(word: BitsTarget, place?: PanelPlace): void {
   openPanel(word, { kind: 'paste', text: '' }, place);
 }
 
 /** Takes a paste that the browser is about to make, and gives it to a word: outside fields not every engine offers it. */
-export function catchPaste(word: ChangedWord): void {
+export function catchPaste(word: BitsTarget): void {
   const before = document.activeElement;
   const catcher = document.createElement('textarea');
   catcher.style.cssText = 'position:fixed;top:0;left:0;width:1px;height:1px;opacity:0';

@@ -1,9 +1,8 @@
 import { i18next } from '../i18n';
 import { applyOperation, type OperationResult } from '../model/operations/readOperation';
 import type { Result } from '../model/result';
-import type { ChangedWord } from '../stores/changeCause';
 import { showStatus } from '../ui/statusMessage';
-import { valueOf, wordOfSheet, writeWord } from './focusedWord';
+import { type BitsTarget, valueOf, widthOf, wordOfSheet, writeWord } from './focusedWord';
 
 /** Operations that were applied, the last one first; kept for as long as the page is open. */
 export const appliedOperations: string[] = [];
@@ -11,12 +10,12 @@ export const appliedOperations: string[] = [];
 const LONGEST_LIST = 30;
 
 /** What an operation would make of a word. */
-export function previewOperation(word: ChangedWord, text: string): Result<OperationResult> {
-  return applyOperation(text, valueOf(word), word.bits, (name) => wordOfSheet(name, word));
+export function previewOperation(word: BitsTarget, text: string): Result<OperationResult> {
+  return applyOperation(text, valueOf(word), widthOf(word), (name) => wordOfSheet(name, word));
 }
 
 /** Applies an operation as one step and says what it lost. @returns whether it could be applied */
-export function operate(word: ChangedWord, text: string): boolean {
+export function operate(word: BitsTarget, text: string): boolean {
   const result = previewOperation(word, text);
   const name = text.trim().replace(/\s+/g, ' ');
   if (!result.ok) {

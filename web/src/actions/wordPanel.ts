@@ -1,6 +1,6 @@
 import { create } from 'zustand';
-import type { ChangedWord } from '../stores/changeCause';
-import { isTextField } from '../ui/alteredText';
+import type { BitsTarget } from './focusedWord';
+import { type FocusOrigin, focusOrigin, returnFocus } from './focusOrigin';
 
 /** Where a panel appears, in pixels of the window: below `bottom`, or above `top` where there is no room. */
 export type PanelPlace = Pick<DOMRect, 'left' | 'top' | 'bottom'>;
@@ -12,7 +12,7 @@ interface PointedAt {
 }
 
 /** What is shown over the words: a menu or a form that acts on one of them. */
-export type WordPanel = { readonly word: ChangedWord; readonly place: PanelPlace } & (
+export type WordPanel = { readonly word: BitsTarget; readonly place: PanelPlace } & (
   | ({ readonly kind: 'menu' | 'copyAs' } & PointedAt)
   | { readonly kind: 'paste'; readonly text: string }
   | { readonly kind: 'operation'; readonly text: string }
@@ -30,19 +30,12 @@ export type PanelContent = WordPanel extends infer Panel
 
 export const useWordPanel = create<{ panel: WordPanel | undefined }>()(() => ({ panel: undefined }));
 
-/** Where the focus was, with the text that was being typed there: it would be gone when the field is left. */
-interface Origin {
-  readonly element: HTMLElement;
-  readonly text?: string;
-  readonly selection?: readonly [number | null, number | null];
-}
-
-let origin: Origin | undefined;
+let origin: FocusOrigin | undefined;
 
 /** @param place - by default at what has the focus */
-export function openPanel(word: ChangedWord, content: PanelContent, place?: PanelPlace): void {
+export function openPanel(word: BitsTarget, content: PanelContent, place?: PanelPlace): void {
   const { panel } = useWordPanel.getState();
-  if (!panel) origin = originOf(document.activeElement);
+  if (!panel) origin = focusOrigin();
   const at = place ?? panel?.place ?? origin?.element.getBoundingClientRect() ?? { left: 0, top: 0, bottom: 0 };
   useWordPanel.setState({ panel: { ...content, word, place: at } });
 }
@@ -53,23 +46,10 @@ export function closePanel(keepsText = true): void {
   useWordPanel.setState({ panel: undefined });
   const before = origin;
   origin = undefined;
-  before?.element.focus({ preventScroll: true });
-  if (before?.selection && keepsText) restoreText(before);
+  if (before) returnFocus(before, keepsText);
 }
 
 /** What has the focus, or had it before a panel took it. */
 export function originElement(): HTMLElement | undefined {
   return origin?.element;
-}
-
-function originOf(element: Element | null): Origin | undefined {
-  if (!(element instanceof HTMLElement) || element === document.body) return undefined;
-  if (!isTextField(element)) return { element };
-  return { element, text: element.value, selection: [element.selectionStart, element.selectionEnd] };
-}
-
-function restoreText({ element, text, selection }: Origin): void {
-  if (!isTextField(element)) return;
-  element.value = text!;
-  element.setSelectionRange(...selection!);
 }

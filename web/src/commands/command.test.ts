@@ -103,10 +103,10 @@ describe('the list of keys', () => {
   test('has no key twice among commands that can act at the same place', () => {
     // What passes its key on acts beside the others, not in their place.
     const exclusive = FRAME_COMMANDS.filter(({ passesOn }) => !passesOn);
-    // What has the focus takes Escape before the comparison does, and a tab has a menu of its own.
-    const comparing = COMPARE_COMMANDS.filter(({ id }) => id !== 'compare.end');
+    // What has the focus takes Escape before these do, and a tab has a menu of its own.
+    const isNear = ({ id }: { id: string }) => id !== 'compare.end' && id !== 'range.end';
     const pages = [...DOCUMENT_COMMANDS, ...HISTORY_COMMANDS, ...PAGE_COMMANDS];
-    const everywhere = [...pages, ...exclusive, ...comparing, ...WORD_ACTIONS];
+    const everywhere = [...pages, ...exclusive, ...COMPARE_COMMANDS.filter(isNear), ...WORD_ACTIONS.filter(isNear)];
     for (const local of [
       TAB_COMMANDS.filter(({ id }) => id !== 'tab.menu'),
       [...WORD_COMMANDS, ...TOOLBAR_COMMANDS],

@@ -15,7 +15,7 @@ export interface Command<Target> {
   readonly hosts?: readonly HostKind[];
   /** Whether it can be done now. Its keys stay the page's own when it cannot, unless `yields` is set. */
   readonly when?: (target: Target) => boolean;
-  /** Leaves its keys to the browser where it cannot be done. */
+  /** Leaves its keys to the next command that has them, or to the browser, where it cannot be done. */
   readonly yields?: boolean;
   /** The key also does what it does by itself, such as writing a letter. */
   readonly passesOn?: boolean;
@@ -42,7 +42,7 @@ export function runCommand<Target>(commands: readonly Command<Target>[], event: 
     const chord = isOffered(command) && command.keys.find((each) => chordMatches(each, event));
     if (!chord) continue;
     const isPossible = command.when?.(target) ?? true;
-    if (!isPossible && command.yields) return false;
+    if (!isPossible && command.yields) continue;
     if (!command.passesOn) event.preventDefault();
     if (isPossible && (command.repeats || !event.repeat)) command.run(target, chord);
     return true;

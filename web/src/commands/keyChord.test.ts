@@ -1,5 +1,5 @@
 import { describe, expect, test } from 'vitest';
-import { chordLabels, chordMatches, DIGIT_OR_LETTER } from './keyChord';
+import { chordLabels, chordMatches, DIGIT, DIGIT_OR_LETTER } from './keyChord';
 
 const NO_MODIFIERS = { ctrlKey: false, metaKey: false, altKey: false, shiftKey: false };
 const press = (key: string, modifiers: Partial<typeof NO_MODIFIERS> = {}) => ({ ...NO_MODIFIERS, key, ...modifiers });
@@ -15,6 +15,10 @@ describe('a key chord', () => {
     { chord: 'Ctrl+ArrowLeft', event: press('ArrowLeft', { ctrlKey: true }) },
     { chord: '0', event: press('0') },
     { chord: DIGIT_OR_LETTER, event: press('0') },
+    { chord: DIGIT, event: press('7') },
+    { chord: DIGIT, event: press('-') },
+    { chord: '~', event: press('~', { shiftKey: true }) },
+    { chord: '~', event: press('~', { ctrlKey: true, altKey: true }) },
     { chord: DIGIT_OR_LETTER, event: press('F', { shiftKey: true }) },
   ])('$chord is pressed by $event', ({ chord, event }) => {
     expect(chordMatches(chord, event)).toBe(true);
@@ -30,6 +34,9 @@ describe('a key chord', () => {
     { chord: 'Enter', event: press('Enter', { altKey: true }) },
     { chord: DIGIT_OR_LETTER, event: press('a', { ctrlKey: true }) },
     { chord: DIGIT_OR_LETTER, event: press('Tab') },
+    { chord: DIGIT, event: press('a') },
+    { chord: DIGIT, event: press('1', { ctrlKey: true }) },
+    { chord: '~', event: press('~', { ctrlKey: true }) },
     { chord: DIGIT_OR_LETTER, event: press('+') },
   ])('$chord is not pressed by $event', ({ chord, event }) => {
     expect(chordMatches(chord, event)).toBe(false);

@@ -7,6 +7,9 @@ export type KeyChord = string;
 /** Stands for every key that writes a digit or a letter, in either case. */
 export const DIGIT_OR_LETTER: KeyChord = 'Digit or letter';
 
+/** Stands for every key that begins a number. */
+export const DIGIT: KeyChord = 'Digit';
+
 /** The parts of a keyboard event that make up a chord; DOM events and React's both have them. */
 export type ChordEvent = Pick<KeyboardEvent, 'key' | 'ctrlKey' | 'metaKey' | 'altKey' | 'shiftKey'>;
 
@@ -18,7 +21,10 @@ interface ParsedChord {
 const parsedChords = new Map<KeyChord, ParsedChord>();
 
 export function chordMatches(chord: KeyChord, event: ChordEvent): boolean {
-  if (chord === DIGIT_OR_LETTER) return writesDigitOrLetter(event);
+  if (chord === DIGIT_OR_LETTER) return writes(/^[0-9a-z]$/i, event);
+  if (chord === DIGIT) return writes(/^[-0-9]$/, event);
+  // On which keys it is, and with which others, is different everywhere.
+  if (chord === '~') return event.key === '~' && event.ctrlKey === event.altKey;
   const { key, modifiers } = parse(chord);
   return (
     event.key.toLowerCase() === key &&
@@ -28,8 +34,8 @@ export function chordMatches(chord: KeyChord, event: ChordEvent): boolean {
   );
 }
 
-function writesDigitOrLetter({ key, ctrlKey, metaKey, altKey }: ChordEvent): boolean {
-  return /^[0-9a-z]$/i.test(key) && !ctrlKey && !metaKey && !altKey;
+function writes(pattern: RegExp, { key, ctrlKey, metaKey, altKey }: ChordEvent): boolean {
+  return pattern.test(key) && !ctrlKey && !metaKey && !altKey;
 }
 
 function matchesControl(modifiers: ReadonlySet<string>, { ctrlKey, metaKey }: ChordEvent): boolean {

@@ -1,16 +1,17 @@
-import { focusedWord } from '../actions/focusedWord';
+import { type BitsTarget, focusedWord } from '../actions/focusedWord';
 import { askForPaste, catchPaste, copyAs, copyMask, copyWord, editField } from '../actions/wordClipboard';
 import { appliedOperations, operate } from '../actions/wordOperation';
 import { openPanel, type PanelPlace } from '../actions/wordPanel';
 import type { LabelKey } from '../i18n';
-import type { ChangedWord } from '../stores/changeCause';
+import { currentRange } from '../stores/bitRange';
 import { isTextField } from '../ui/alteredText';
 import type { Command } from './command';
 import { COMPARE_COMMANDS, type CompareTarget } from './compareCommands';
+import { GO_TO_BITS, RANGE_MENU, SHEET_COMMANDS } from './rangeCommands';
 
 /** The word that a command acts on, with what of it was pointed at. */
 export interface WordActionTarget extends CompareTarget {
-  readonly word: ChangedWord;
+  readonly word: BitsTarget;
   readonly bit?: number | undefined;
   readonly field?: HTMLElement | undefined;
   readonly place?: PanelPlace;
@@ -80,7 +81,7 @@ export const WORD_MENU: readonly WordAction[] = [
     id: 'word.paste',
     keys: ['Mod+V'],
     label: label('paste'),
-    when: ({ isByKey }) => !isByKey || isOutsideFields(),
+    when: ({ isByKey, word }) => (isByKey ? isOutsideFields() : !word.range),
     yields: true,
     passesOn: true,
     run: ({ word, place }, chord) => (chord ? catchPaste(word) : askForPaste(word, place)),
@@ -96,15 +97,16 @@ export const WORD_MENU: readonly WordAction[] = [
     hosts: ['native', 'browser'],
     run: ({ word, place }) => openPanel(word, { kind: 'operation', text: '' }, place),
   },
-  opens('goToBit', 'bit '),
+  GO_TO_BITS,
+  ...RANGE_MENU,
   INSPECT_WORD,
   ...COMPARE_COMMANDS,
   {
     id: 'word.copyMask',
     keys: [],
     label: label('copyMask'),
-    when: ({ bit }) => bit !== undefined,
-    run: ({ word, bit }) => copyMask(word, bit!),
+    when: ({ word, bit }) => word.range !== undefined || bit !== undefined,
+    run: ({ word, bit }) => copyMask(word, bit),
   },
 ];
 
@@ -142,13 +144,23 @@ const BY_KEY: readonly WordAction[] = [
 const OF_SHEET: ReadonlySet<WordAction> = new Set<WordAction>(COMPARE_COMMANDS);
 
 /** Everything that can be done to the focused word by key. */
-export const WORD_ACTIONS: readonly WordAction[] = [...WORD_MENU.filter((each) => !OF_SHEET.has(each)), ...BY_KEY];
+export const WORD_ACTIONS: readonly WordAction[] = [
+  ...WORD_MENU.filter((each) => !OF_SHEET.has(each)),
+  ...BY_KEY,
+  ...SHEET_COMMANDS.filter((each) => each !== GO_TO_BITS),
+];
 
-/** The focused word, while the keyboard is where its commands are: not in another field, nor in something over the page. */
-export function wordActionTarget(element: Element | null): WordActionTarget | undefined {
+/** Whether the keyboard is where the commands of words are: not in another field, nor in something over the page. */
+export function isAtWords(element: Element | null): element is Element {
+  if (!element || element.closest('[data-popup], [role="dialog"]')) return false;
+  return !isTextField(element) || element.closest('[data-word]') !== null;
+}
+
+/** The focused word, or the bits that are chosen while the keyboard is in a bit field or outside of all words. */
+export function wordActionTarget(element: Element): WordActionTarget | undefined {
   const word = focusedWord();
-  if (!word || !element || element.closest('[data-popup], [role="dialog"]')) return undefined;
-  const isInWord = element.closest('[data-word]') !== null;
-  if (isTextField(element) && !isInWord) return undefined;
-  return { word, field: isTextField(element) ? element : undefined, isByKey: true };
+  if (!word) return undefined;
+  const isInOther = element.closest('[data-word]') !== null && !(element instanceof HTMLCanvasElement);
+  const range = isInOther ? undefined : currentRange();
+  return { word: { ...word, range }, field: isTextField(element) ? element : undefined, isByKey: true };
 }

@@ -3,6 +3,7 @@ import { compareTexts } from './compareTexts';
 import { historyTexts } from './historyTexts';
 import { inspectTexts } from './inspectTexts';
 import { panelTexts } from './panelTexts';
+import { rangeTexts } from './rangeTexts';
 import { wordsTexts } from './wordsTexts';
 
 /** Every text of the page. Texts that only name a key in "@( )" repeat that key's text. */
@@ -100,6 +101,7 @@ export const en = {
   panels: panelTexts,
   inspect: inspectTexts,
   compare: compareTexts,
+  ranges: rangeTexts,
   sheets: {
     tabs: 'Sheets',
     add: 'Add sheet',

@@ -69,7 +69,6 @@ export const panelTexts = {
   operated: 'Done: {{name}}',
   operatedLossy: 'Done: {{name}}; bits were lost',
   lossy: 'Bits are lost',
-  bitRange: 'Bit must be 0 to {{last}}',
   operations: {
     swap: 'Reverse the bytes',
     rev: 'Reverse the bits',
@@ -90,6 +89,5 @@ export const panelTexts = {
     fill: 'Repeat x',
     gray: 'To Gray code',
     ungray: 'From Gray code',
-    bit: 'Go to bit n',
   },
 } as const;

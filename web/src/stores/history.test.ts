@@ -4,8 +4,8 @@ import { beforeEach, describe, expect, test } from 'vitest';
 import type { WordsDocumentData } from '../document/schema';
 import { DOCUMENT_FIELDS } from '../model/sheet/bitsSheet';
 import { documentData, sheetData } from '../testing/documents';
-import { nextGesture } from './gesture';
-import { historyPoint, inOneStep, LONGEST_HISTORY, noteSavedAt, redo, undo, useHistory } from './history';
+import { currentGesture, nextGesture } from './gesture';
+import { forgetSince, historyPoint, inOneStep, LONGEST_HISTORY, noteSavedAt, redo, undo, useHistory } from './history';
 import { useSheetsStore } from './sheetsStore';
 import { useSheetStore } from './sheetStore';
 
@@ -55,6 +55,23 @@ describe('a step', () => {
     sheet().setScrollMap(sheet().scrollMap.withVertical(40));
     expect(depth()).toBe(0);
     expect(undo()).toBeUndefined();
+  });
+
+  test('that was only the beginning of something else is forgotten, as if it had not been', () => {
+    sheet().updateWord(0, 64, 1n);
+    const before = snapshot();
+    const steps = depth();
+    nextGesture();
+    const first = currentGesture();
+    sheet().toggleWordBit(0, 64, 5);
+    nextGesture();
+    sheet().toggleWordBit(0, 64, 5);
+    forgetSince(first);
+    expect(depth()).toBe(steps);
+    expect(snapshot()).toEqual(before);
+    expect(redo()).toBeUndefined();
+    forgetSince(first);
+    expect(depth()).toBe(steps);
   });
 
   test('holds all that one gesture did to a value', () => {

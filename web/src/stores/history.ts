@@ -113,6 +113,17 @@ function leaving(step: HistoryStep, end: 'before' | 'after', saved: number | und
   };
 }
 
+/**
+ * Forgets what was done since a gesture began, as if it had never been; it cannot be redone either.
+ * @param gesture - as `currentGesture` gave it
+ */
+export function forgetSince(gesture: number): void {
+  for (let step = historyPoint(); step && step.gesture >= gesture && !step.saved; step = historyPoint()) {
+    useHistory.setState(({ past }) => ({ past: past.slice(0, -1) }));
+    apply(step, 'before');
+  }
+}
+
 function distance(savedDepth: number | undefined, depth: number): number | undefined {
   return savedDepth === undefined ? undefined : savedDepth - depth;
 }

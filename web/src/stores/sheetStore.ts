@@ -27,6 +27,8 @@ export interface SheetState extends Omit<BitsSheetFields, 'id' | 'int' | 'intRes
 /** Words are counted from 0, widths and counts are in bits, bit 0 is the least significant of its word. */
 export interface SheetOperations {
   updateWord(index: number, width: number, value: bigint): void;
+  /** Replaces the whole value. @param word - that the change is about */
+  setValue(value: bigint, word: ChangedWord): void;
   randomWord(index: number, width: number): void;
   toggleWordBit(index: number, width: number, bit: number): void;
   toggleWordSign(index: number, width: number): void;
@@ -98,6 +100,7 @@ export const useSheetStore = create<SheetState & SheetOperations>()((set, get) =
     revision: 0,
 
     updateWord: (index, width, value) => editWord('edit', index, width, (int) => int.setWord(width, index, value)),
+    setValue: (value, word) => edit('edit', word, (int) => int.withValue(value)),
     randomWord: (index, width) => editWord('random', index, width, (int) => int.random(width, index)),
     toggleWordBit: (index, width, bit) => editWord('bit', index, width, (int) => int.toggleBit(width, index, bit)),
     toggleWordSign: (index, width) => apply({ signMap: toggleSign(get().signMap, index, width) }),

@@ -28,6 +28,8 @@ export const colors = {
   chosen: 'midnightblue',
   activeTab: '#2d0e5d',
   link: '#8fc1ff',
+  /** Around bits that are chosen. */
+  range: '#ff8ad8',
 } as const;
 
 /** The above as custom properties for style sheets, named such as --mono and --color-accent. */

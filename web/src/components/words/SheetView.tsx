@@ -3,6 +3,7 @@ import { subscribe, useSnapshot } from 'valtio';
 import { firstWordFocus } from '../../actions/firstWordFocus';
 import { shownChange } from '../../actions/shownChange';
 import { useSheetStore } from '../../stores/sheetStore';
+import { useNameLanes } from './bitField/nameLabels';
 import {
   LABELS_WIDTH,
   ROW_GAP,
@@ -40,12 +41,13 @@ export function SheetView({ onOverflow }: SheetViewProps) {
   const definitions = useSheetStore((sheet) => sheet.numberDefinitions);
   const converters = useSheetStore((sheet) => sheet.converters);
   const sheetId = useSheetStore((sheet) => sheet.id);
+  const nameLanes = useNameLanes(sheetId);
   const [scrollSync] = useState(() => new ScrollSync());
 
   const viewWidth = (size?.width ?? 0) - LABELS_WIDTH - ROWS_SIDE;
   const geometry = useMemo(
-    () => sheetGeometry({ resolution, definitions, converters, viewWidth, charWidth: digitWidth() }),
-    [resolution, definitions, converters, viewWidth],
+    () => sheetGeometry({ resolution, definitions, converters, nameLanes, viewWidth, charWidth: digitWidth() }),
+    [resolution, definitions, converters, nameLanes, viewWidth],
   );
   const [scrolled, setScrolled] = useState(0);
   const viewHeight = size?.height ?? 0;

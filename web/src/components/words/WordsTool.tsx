@@ -7,6 +7,8 @@ import { BitStatus } from './bitField/BitStatus';
 import { SheetComparison } from './compare/SheetComparison';
 import { geometryProperties } from './layout/geometryProperties';
 import { WordPanels } from './panels/WordPanels';
+import { NamesBar } from './range/NamesBar';
+import { RangePromptBar } from './range/RangePromptBar';
 import { SheetView } from './SheetView';
 import { SheetToolbar } from './toolbar/SheetToolbar';
 import styles from './WordsTool.module.css';
@@ -30,6 +32,8 @@ export function WordsTool() {
         <SheetView onOverflow={setOverflows} />
       </WordPanels>
       <SheetComparison />
+      <NamesBar />
+      <RangePromptBar />
       <BitStatus />
     </div>
   );

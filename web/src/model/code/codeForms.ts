@@ -3,7 +3,7 @@ import { readWord } from '../integer/wordLayout';
 /** Whether the first byte or word that is written is the most or the least significant one. */
 export type ByteOrder = 'most' | 'least';
 
-/** A way to write a word in a program or a message. */
+/** A way to write a word in a program or a message; bits that fill no whole digit or byte have zeros before them. */
 export interface CodeForm {
   readonly id: string;
   /** The only width in bits that it is for; absent means every width. */
@@ -48,13 +48,13 @@ export function codeFormsFor(width: number): readonly CodeForm[] {
   return CODE_FORMS.filter(({ bits }) => bits === undefined || bits === width);
 }
 
-/** The bytes of a word. @param width - bits in the word, a multiple of 8 */
+/** The bytes of a word. @param width - bits in the word; zeros fill the last byte */
 export function bytesOf(word: bigint, width: number, order: ByteOrder): number[] {
   return itemsOf(word, width, 8, order).map(Number);
 }
 
 function itemsOf(word: bigint, width: number, bits: number, order: ByteOrder): bigint[] {
-  const items = Array.from({ length: Math.max(1, width / bits) }, (_, index) => readWord(word, bits, index));
+  const items = Array.from({ length: Math.ceil(width / bits) }, (_, index) => readWord(word, bits, index));
   return order === 'least' ? items : items.reverse();
 }
 
@@ -71,7 +71,7 @@ function cArray(bits: number): CodeForm {
 }
 
 function hex(word: bigint, width: number): string {
-  return word.toString(16).padStart(width / 4, '0');
+  return word.toString(16).padStart(Math.ceil(width / 4), '0');
 }
 
 function binary(word: bigint, width: number): string {

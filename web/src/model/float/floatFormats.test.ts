@@ -1,5 +1,12 @@
 import { expect, test } from 'vitest';
-import { floatFields, floatFormatFor, floatStandardFor, WIDEST_EDITABLE_FLOAT, WIDEST_FLOAT } from './floatFormats';
+import {
+  floatFieldAt,
+  floatFields,
+  floatFormatFor,
+  floatStandardFor,
+  WIDEST_EDITABLE_FLOAT,
+  WIDEST_FLOAT,
+} from './floatFormats';
 
 test.each([
   { width: 8, name: 'E4M3', exponentBits: 4, mantissaBits: 3, bias: 7 },
@@ -27,6 +34,22 @@ test('no format is given where the standard has none', () => {
 test('words up to 256 bits have a float view, those up to 128 bits an editable one', () => {
   expect([WIDEST_FLOAT, WIDEST_EDITABLE_FLOAT]).toEqual([256, 128]);
 });
+
+test.each([8, 16, 32, 64, 128, 256])(
+  'every bit of a float of %i bits belongs to the part that is drawn there',
+  (width) => {
+    const format = floatFormatFor(width)!;
+    const parts = floatFields(format).flatMap(({ label, bits }) =>
+      Array.from({ length: bits }, () => ({ label, bits })),
+    );
+    for (const [place, { label, bits }] of parts.entries()) {
+      const bit = width - 1 - place;
+      const { hi, lo } = floatFieldAt(format, bit);
+      expect([hi - lo + 1, lo <= bit && bit <= hi]).toEqual([bits, true]);
+      expect([parts[width - 1 - hi], parts[width - 1 - lo]].map((part) => part?.label)).toEqual([label, label]);
+    }
+  },
+);
 
 test('fields of wide words show their width, those of a byte have no room for it', () => {
   expect(floatFields(floatFormatFor(16)!)).toEqual([

@@ -3,6 +3,8 @@
  * Micikevicius et al., "FP8 Formats for Deep Learning" (2022).
  */
 
+import type { BitRange } from '../range/bitRange';
+
 /** A binary floating-point format: one sign bit at the top, then the exponent, then the mantissa. */
 export interface FloatFormat {
   readonly name: string;
@@ -48,6 +50,13 @@ export interface FloatField {
   readonly bits: number;
   /** A CSS colour. */
   readonly color: string;
+}
+
+/** The part of a float that a bit belongs to: its sign, exponent or mantissa. */
+export function floatFieldAt({ exponentBits, mantissaBits }: FloatFormat, bit: number): BitRange {
+  const sign = mantissaBits + exponentBits;
+  if (bit >= sign) return { hi: sign, lo: sign };
+  return bit >= mantissaBits ? { hi: sign - 1, lo: mantissaBits } : { hi: mantissaBits - 1, lo: 0 };
 }
 
 /** The parts of a float's bits, from the top bit down. Words wider than 8 bits have room for the parts' widths. */

@@ -84,6 +84,7 @@ export function applyOperation(
   const operand = readOperand(operation.takes, rest, width, sheetWord);
   if (!operand.ok) return operand;
   const { value } = operand.value;
+  if (operation.apply === swapBytes && width % 8 !== 0) return failure('Only whole bytes can be swapped');
   const exact = operation.apply(word, width, operand.value);
   const dropped = operation.dropped?.(word, Number(value)) ?? 0n;
   const isCut = exact < 0n || exact > allBits(width) || (operation.takes === 'operand' && bitLength(value) > width);

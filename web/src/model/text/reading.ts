@@ -70,7 +70,7 @@ export function wordOf(reading: Reading, width: number, order = reading.order): 
   const fits = value < 0n ? -value <= 1n << BigInt(width - 1) : value >> BigInt(width) === 0n;
   if (fits) return success(BigInt.asUintN(width, value));
   const bytes = (reading.items.length * reading.itemBits) / 8;
-  const inBytes = reading.items.length > 1 && bytes * 8 > width;
+  const inBytes = reading.items.length > 1 && bytes * 8 > width && width % 8 === 0;
   const size = inBytes ? `${bytes} bytes` : `${bitsNeeded(reading, order)} bits`;
   return failure(`${size}, room for ${inBytes ? width / 8 : width}`);
 }

@@ -11,9 +11,13 @@ import {
 import { BIT_FIELD_COMMANDS } from '../../../commands/bitFieldCommands';
 import { runCommand } from '../../../commands/command';
 import { i18next } from '../../../i18n';
+import { floatFieldAt, floatFormatFor } from '../../../model/float/floatFormats';
 import { formatInteger } from '../../../model/integer/formatInteger';
 import { readWord } from '../../../model/integer/wordLayout';
 import { type OutlineKind, useBitOutlines } from '../../../stores/bitOutlines';
+import { chooseRange, chosenRange, currentRange } from '../../../stores/bitRange';
+import { currentGesture } from '../../../stores/gesture';
+import { forgetSince } from '../../../stores/history';
 import { useSheetStore } from '../../../stores/sheetStore';
 import { isTextField } from '../../../ui/alteredText';
 import { visuallyHidden } from '../../../ui/visuallyHidden';
@@ -25,6 +29,7 @@ import styles from './BitField.module.css';
 import { BitFieldPainter } from './bitFieldPainter';
 import { useBitFieldPalette } from './bitFieldPalette';
 import type { WordOutlines } from './drawBitField';
+import { useNameLabels } from './nameLabels';
 
 export const READOUT_ID = 'bit-readout';
 
@@ -54,17 +59,20 @@ export const BitField = memo(function BitField({
   const sheet = useContext(SheetScroller);
   const [painter] = useState(() => new BitFieldPainter());
   const palette = useBitFieldPalette();
+  const names = useNameLabels(sheetId, width, index);
   const digits = formatInteger(word, 2, width).padStart(width, '0');
   const [isFocused, setFocused] = useState(false);
   const stroke = useRef<{ value: boolean; last: number } | undefined>(undefined);
   const cursor = useRef(width - 1);
+  /** The bit of the sheet where a range begins that is being drawn. */
+  const rangeStart = useRef<number | undefined>(undefined);
 
   useLayoutEffect(() => {
-    painter.show(canvas.current!, { layout, pixelRatio, palette, digits });
+    painter.show(canvas.current!, { layout, pixelRatio, palette, names, digits });
     const { bit: shown } = activeBitState;
     if (!shown || !painter.isMarked || shown.width !== width || shown.index !== index) return;
     updateShownBit({ ...shown, isSet: digits[width - 1 - shown.bit] === '1', signed });
-  }, [painter, layout, pixelRatio, palette, digits, signed, width, index]);
+  }, [painter, layout, pixelRatio, palette, names, digits, signed, width, index]);
   useLayoutEffect(
     () => () => {
       if (painter.isMarked) showBit(undefined);
@@ -83,11 +91,34 @@ export const BitField = memo(function BitField({
   const setBit = (bit: number, value: boolean) => {
     if (isSet(bit) !== value) useSheetStore.getState().toggleWordBit(index, width, bit);
   };
-  const moveCursor = (bit: number) => {
-    cursor.current = Math.max(0, Math.min(width - 1, bit));
+  const inWord = (bit: number) => Math.max(0, Math.min(width - 1, bit));
+  const placeCursor = (bit: number) => {
+    cursor.current = inWord(bit);
     painter.mark({ cursor: cursor.current });
     revealCell(canvas.current!, layout, cursor.current, row.current!, sheet.current!);
+  };
+  const moveCursor = (bit: number) => {
+    placeCursor(bit);
     read(cursor.current);
+  };
+  const sheetBit = (bit: number) => width * index + bit;
+  const choose = (anchor: number, head: number) => {
+    chooseRange(anchor, head);
+    showBit(undefined);
+  };
+  /** The range that was chosen, if the cursor is at the end of it that moves. */
+  const rangeAtCursor = () => {
+    const chosen = chosenRange();
+    return chosen && inWord(chosen.head - sheetBit(0)) === cursor.current ? chosen : undefined;
+  };
+  const extendTo = (bit: number) => {
+    const anchor = rangeAtCursor()?.anchor ?? sheetBit(cursor.current);
+    placeCursor(bit);
+    choose(anchor, sheetBit(bit));
+  };
+  const chosenBits = () => {
+    const range = currentRange();
+    return range && { type: 'integer' as const, bits: width, index, range };
   };
 
   useLayoutEffect(() => void bitCursors.set(canvas.current!, moveCursor));
@@ -98,14 +129,30 @@ export const BitField = memo(function BitField({
     event.currentTarget.setPointerCapture(event.pointerId);
     const bit = bitUnder(event);
     leaveField();
+    if (event.shiftKey) return beginRange(event, bit);
     stroke.current = { value: !isSet(bit), last: bit };
     cursor.current = bit;
     setBit(bit, stroke.current.value);
     painter.mark({ cursor: bit, hovered: bit });
     read(bit);
   };
+  const beginRange = (event: PointerEvent<HTMLCanvasElement>, bit: number) => {
+    // The browser would select the texts from where the focus was.
+    event.preventDefault();
+    cursor.current = bit;
+    event.currentTarget.focus({ preventScroll: true });
+    painter.mark({ cursor: bit, hovered: bit });
+    rangeStart.current = sheetBit(bit);
+    choose(sheetBit(bit), sheetBit(bit));
+  };
   const onPointerMove = (event: PointerEvent) => {
     const bit = bitUnder(event);
+    if ((event.buttons & 1) === 0) rangeStart.current = undefined;
+    if (rangeStart.current !== undefined) {
+      cursor.current = bit;
+      painter.mark({ cursor: bit, hovered: bit });
+      return choose(rangeStart.current, sheetBit(bit));
+    }
     if (!isPainting(event, layout)) stroke.current = undefined;
     if (stroke.current) paintTo(bit);
     painter.mark({ hovered: bit });
@@ -121,6 +168,20 @@ export const BitField = memo(function BitField({
     if (document.activeElement === canvas.current) read(cursor.current);
     else showBit(undefined);
   };
+  const endPress = () => {
+    stroke.current = undefined;
+    rangeStart.current = undefined;
+  };
+  /** Chooses the byte, or the part of the float. The two presses before it flipped the bit and flipped it back. */
+  const onDoubleClick = (event: React.MouseEvent) => {
+    if (event.shiftKey) return;
+    const bit = bitAt(layout, event.nativeEvent.offsetX, event.nativeEvent.offsetY);
+    forgetSince(currentGesture() - 1);
+    const { hi, lo } = layout.hasFieldLabels
+      ? floatFieldAt(floatFormatFor(width)!, bit)
+      : { hi: bit | 7, lo: bit & ~7 };
+    choose(sheetBit(hi), sheetBit(lo));
+  };
   // A finger that scrolls must not toggle, so a touch counts once it ends as a press.
   const onClick = (event: React.MouseEvent<HTMLCanvasElement>) => {
     const { pointerType, offsetX, offsetY } = event.nativeEvent as globalThis.PointerEvent;
@@ -135,6 +196,9 @@ export const BitField = memo(function BitField({
       bitsPerLine: layout.bitsPerLine,
       cursor: () => cursor.current,
       moveCursor,
+      head: () => (rangeAtCursor()?.head ?? sheetBit(cursor.current)) - sheetBit(0),
+      extendTo,
+      chosen: chosenBits,
       toggle: (bit) => setBit(bit, !isSet(bit)),
       write: setBit,
     });
@@ -164,8 +228,9 @@ export const BitField = memo(function BitField({
         onPointerDown={onPointerDown}
         onPointerMove={onPointerMove}
         onPointerLeave={onPointerLeave}
-        onPointerUp={() => (stroke.current = undefined)}
-        onPointerCancel={() => (stroke.current = undefined)}
+        onPointerUp={endPress}
+        onPointerCancel={endPress}
+        onDoubleClick={onDoubleClick}
         onClick={onClick}
         onKeyDown={onKeyDown}
         onFocus={onFocus}

@@ -1,5 +1,10 @@
+import cc from 'classcat';
 import { useTranslation } from 'react-i18next';
 import { useSnapshot } from 'valtio';
+import { rangeReading } from '../../../actions/rangeReading';
+import type { BitRange } from '../../../model/range/bitRange';
+import { currentRange, useBitRange } from '../../../stores/bitRange';
+import { useSheetStore } from '../../../stores/sheetStore';
 import { typing } from '../../../ui/alteredText';
 import { statusMessage } from '../../../ui/statusMessage';
 import { ComparisonStatus } from '../compare/ComparisonStatus';
@@ -9,27 +14,48 @@ import styles from './BitStatus.module.css';
 import { WordSummary } from './WordSummary';
 
 /**
- * Shows what the last command did, else the bit under the pointer or the keyboard's cursor, also to screen readers. While
- * there is neither, it is about the focused word, which a screen reader has read at its field.
+ * Shows what the last command did, else the bits that are chosen and the one under the pointer or the keyboard's cursor,
+ * also to screen readers. While there is nothing of these, it is about the focused word, which a screen reader has read at
+ * its field.
  */
 export function BitStatus() {
   const { t } = useTranslation();
   const { bit } = useSnapshot(activeBitState);
   const { isPending } = useSnapshot(typing);
   const { text } = useSnapshot(statusMessage);
+  const range = useCurrentRange();
+  const isFree = !text && !isPending;
   return (
-    <div className={styles.line}>
-      <div id={READOUT_ID} className={styles.status} role="status">
+    <div className={cc([styles.line, range && styles.tall])}>
+      <div id={READOUT_ID} className={styles.status} role="status" aria-atomic={!range}>
         {text || (isPending && t('words.altered'))}
-        {!text && !isPending && bit && (
+        {isFree && range && <RangeReading range={range} />}
+        {isFree && bit && (
           <>
             <span>{t('words.bit', { bit: bit.bit, number: bit.index + 1, value: bit.isSet ? '1' : '0' })}</span>{' '}
             <span className={styles.weight}>{t('words.weight', { weight: bitWeight(bit) })}</span>
+            {bit.index > 0 && (
+              <span className={styles.weight}>{t('ranges.sheetBit', { bit: bit.width * bit.index + bit.bit })}</span>
+            )}
           </>
         )}
       </div>
-      {!text && !isPending && !bit && <WordSummary />}
+      {isFree && !bit && !range && <WordSummary />}
       {!text && <ComparisonStatus />}
     </div>
   );
+}
+
+function useCurrentRange(): BitRange | undefined {
+  useBitRange((state) => state.chosen);
+  useSheetStore((sheet) => sheet.id);
+  useSheetStore((sheet) => sheet.int.resolution);
+  return currentRange();
+}
+
+/** Anew with each change of the sheet, and with the word that has the focus. */
+function RangeReading({ range }: { range: BitRange }) {
+  useSheetStore((sheet) => sheet.int);
+  useSheetStore((sheet) => sheet.focusedBlock);
+  return <span className={styles.range}>{rangeReading(range)}</span>;
 }

@@ -14,6 +14,8 @@ export interface BitFieldPalette {
   readonly changed: string;
   readonly difference: string;
   readonly range: string;
+  readonly name: string;
+  readonly nameText: string;
 }
 
 export const DARK_PALETTE: BitFieldPalette = {
@@ -27,7 +29,9 @@ export const DARK_PALETTE: BitFieldPalette = {
   cursor: colors.accent,
   changed: '#6ee7a0',
   difference: '#ff9e64',
-  range: '#ff8ad8',
+  range: colors.range,
+  name: '#3b4a6b',
+  nameText: colors.text,
 };
 
 /** The user's own colours, where the system asks for them. */
@@ -43,6 +47,8 @@ const FORCED: BitFieldPalette = {
   changed: 'Highlight',
   difference: 'Highlight',
   range: 'Highlight',
+  name: 'CanvasText',
+  nameText: 'Canvas',
 };
 
 const forcedColors = typeof matchMedia === 'undefined' ? undefined : matchMedia('(forced-colors: active)');

@@ -3,6 +3,8 @@ import { OUTLINE_KINDS, type OutlineKind } from '../../../stores/bitOutlines';
 import { mono } from '../../../ui/tokens';
 import { type BitFieldLayout, cellOf, type Rect } from '../layout/bitFieldLayout';
 import { type BitFieldPalette, textColorOn } from './bitFieldPalette';
+import { drawNames } from './drawNames';
+import type { NameLabel } from './nameLabels';
 
 /** What a bit field shows at one moment. */
 export interface BitFieldPicture {
@@ -10,6 +12,8 @@ export interface BitFieldPicture {
   /** Device pixels per CSS pixel. */
   readonly pixelRatio: number;
   readonly palette: BitFieldPalette;
+  /** Over the bits; absent for none. */
+  readonly names?: readonly NameLabel[];
   /** One character per bit, the most significant first. */
   readonly digits: string;
   /** The bit under the pointer, counted from 0 at the least significant end. */
@@ -41,12 +45,18 @@ export function drawBitField(
   drawn: BitFieldPicture | undefined,
 ): void {
   const { layout, pixelRatio, palette } = picture;
-  const keeps = drawn && drawn.layout === layout && drawn.pixelRatio === pixelRatio && drawn.palette === palette;
+  const keeps =
+    drawn &&
+    drawn.layout === layout &&
+    drawn.pixelRatio === pixelRatio &&
+    drawn.palette === palette &&
+    drawn.names === picture.names;
   context.setTransform(pixelRatio, 0, 0, pixelRatio, 0, 0);
   if (!keeps) {
     context.clearRect(0, 0, layout.width, layout.height);
     drawNumbers(context, picture);
     if (layout.hasFieldLabels) drawFieldLabels(context, picture);
+    if (picture.names) drawNames(context, layout, palette, picture.names);
   }
   const colors = layout.hasFieldLabels ? fieldColors(layout.bits) : undefined;
   context.font = DIGIT_FONT;
@@ -159,6 +169,7 @@ function drawFieldLabels(context: CanvasRenderingContext2D, { layout, palette }:
   context.font = LABEL_FONT;
   context.textBaseline = 'alphabetic';
   context.textAlign = 'center';
+  const bottom = layout.top - layout.lanesHeight;
   let top = layout.bits - 1;
   for (const { label, bits, color } of floatFields(floatFormatFor(layout.bits)!)) {
     const first = cellOf(layout, top);
@@ -166,9 +177,9 @@ function drawFieldLabels(context: CanvasRenderingContext2D, { layout, palette }:
     const last = cellOf(layout, top - bitsInFirstLine + 1);
     const width = last.x + last.width - first.x;
     context.fillStyle = color;
-    context.fillRect(first.x + CELL_GAP, layout.top - BAR_HEIGHT - 1, width - 2 * CELL_GAP, BAR_HEIGHT);
+    context.fillRect(first.x + CELL_GAP, bottom - BAR_HEIGHT - 1, width - 2 * CELL_GAP, BAR_HEIGHT);
     context.fillStyle = palette.labels;
-    context.fillText(label, first.x + width / 2, layout.top - BAR_HEIGHT - 4, width);
+    context.fillText(label, first.x + width / 2, bottom - BAR_HEIGHT - 4, width);
     top -= bits;
   }
 }

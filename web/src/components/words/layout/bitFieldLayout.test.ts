@@ -3,10 +3,12 @@ import { bitAt, bitFieldLayout, cellOf } from './bitFieldLayout';
 
 const layouts = [8, 16, 32, 64, 128, 256, 512, 1024].flatMap((bits) =>
   [600, 1200].flatMap((box) =>
-    [false, true].map((labels) => ({
-      name: `${bits} bits in ${box} pixels${labels ? ' with labels' : ''}`,
-      layout: bitFieldLayout(bits, (bits / 8) * 140, Math.min(box, (bits / 8) * 140), labels),
-    })),
+    [false, true].flatMap((labels) =>
+      [0, 3].map((lanes) => ({
+        name: `${bits} bits in ${box} pixels${labels ? ' with labels' : ''} under ${lanes} lines of names`,
+        layout: bitFieldLayout(bits, (bits / 8) * 140, Math.min(box, (bits / 8) * 140), labels, lanes),
+      })),
+    ),
   ),
 );
 
@@ -21,6 +23,15 @@ describe.each(layouts)('a bit field of $name', ({ layout }) => {
       ] as const) {
         expect(bitAt(layout, x + across * width, y + down * height)).toBe(bit);
       }
+    }
+  });
+
+  test('finds the bit below a name', () => {
+    const { lanesHeight } = layout;
+    for (let bit = 0; bit < layout.bits; bit += 5) {
+      const { x, y, width } = cellOf(layout, bit);
+      expect(y).toBeGreaterThanOrEqual(lanesHeight);
+      expect(bitAt(layout, x + width / 2, y - lanesHeight)).toBe(bit);
     }
   });
 

@@ -10,6 +10,8 @@ const CELL_HEIGHT = 20;
 const NUMBERS_HEIGHT = 13;
 const FIELD_LABELS_HEIGHT = 17;
 const LINE_NUMBER_WIDTH = 40;
+/** Of a line of names over the bits. */
+export const LANE_HEIGHT = 14;
 
 /** Where every bit of a word is drawn. All lengths are CSS pixels from the top left corner of the canvas. */
 export interface BitFieldLayout {
@@ -18,13 +20,16 @@ export interface BitFieldLayout {
   readonly bitsPerLine: number;
   readonly width: number;
   readonly height: number;
-  /** Where the first line's bytes begin. */
+  /** Where the first line's cells begin. */
   readonly left: number;
   readonly top: number;
   readonly byteWidth: number;
   readonly cellWidth: number;
   readonly cellHeight: number;
+  /** From the names of one line to those of the next. */
   readonly lineHeight: number;
+  /** Of the names above each line's cells. */
+  readonly lanesHeight: number;
   readonly hasFieldLabels: boolean;
 }
 
@@ -40,34 +45,38 @@ export interface Rect {
  * @param blockWidth - the whole block; a horizontal field fills it, so that the bits of all rows are aligned
  * @param boxWidth - the part of the block that stays in view; a vertical field fills it
  * @param hasFieldLabels - leaves room for the names of a float's parts
+ * @param nameLanes - leaves room for so many lines of names over each line of bits
  */
 export function bitFieldLayout(
   bits: number,
   blockWidth: number,
   boxWidth: number,
   hasFieldLabels: boolean,
+  nameLanes = 0,
 ): BitFieldLayout {
   const vertical = bits >= VERTICAL_FROM;
-  const top = hasFieldLabels ? FIELD_LABELS_HEIGHT : 0;
+  const labelsHeight = hasFieldLabels ? FIELD_LABELS_HEIGHT : 0;
+  const lanesHeight = nameLanes * LANE_HEIGHT;
   const width = vertical ? boxWidth : blockWidth;
   const left = vertical ? LINE_NUMBER_WIDTH : 0;
   const bitsPerLine = vertical ? bitsInLine(width - left) : bits;
   const byteWidth = ((width - left) * 8) / bitsPerLine;
   const lines = bits / bitsPerLine;
-  const lineHeight = CELL_HEIGHT + (vertical ? LINE_GAP : NUMBERS_HEIGHT);
+  const lineHeight = CELL_HEIGHT + (vertical ? LINE_GAP : NUMBERS_HEIGHT) + lanesHeight;
   const cellWidth = cellWidthFor(byteWidth);
   return {
     bits,
     vertical,
     bitsPerLine,
     width,
-    height: top + lines * lineHeight,
+    height: labelsHeight + lines * lineHeight,
     left,
-    top,
+    top: labelsHeight + lanesHeight,
     byteWidth,
     cellWidth,
     cellHeight: CELL_HEIGHT,
     lineHeight,
+    lanesHeight,
     hasFieldLabels,
   };
 }
@@ -102,7 +111,7 @@ export function cellOf(layout: BitFieldLayout, bit: number): Rect {
 /** The bit nearest to a point; there are no dead places between bits. Points outside give the bit at the edge. */
 export function bitAt(layout: BitFieldLayout, x: number, y: number): number {
   const lines = layout.bits / layout.bitsPerLine;
-  const line = clamp(Math.floor((y - layout.top) / layout.lineHeight), lines - 1);
+  const line = clamp(Math.floor((y - layout.top + layout.lanesHeight) / layout.lineHeight), lines - 1);
   const bytes = layout.bitsPerLine / 8;
   const byte = clamp(Math.floor((x - layout.left) / layout.byteWidth), bytes - 1);
   const inset = x - layout.left - byte * layout.byteWidth - BYTE_INSET;

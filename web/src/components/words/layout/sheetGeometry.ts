@@ -65,6 +65,8 @@ export interface SheetShape {
   readonly resolution: number;
   readonly definitions: readonly NumberDefinition[];
   readonly converters: readonly string[] | undefined;
+  /** Lines of names over each line of bits. */
+  readonly nameLanes?: number;
   readonly viewWidth: number;
   /** Width of one digit. */
   readonly charWidth: number;
@@ -80,6 +82,7 @@ export function sheetGeometry({
   resolution,
   definitions,
   converters,
+  nameLanes = 0,
   viewWidth,
   charWidth,
 }: SheetShape): SheetGeometry {
@@ -97,6 +100,7 @@ export function sheetGeometry({
       charWidth,
       overflows,
       active,
+      nameLanes,
     });
     if (row.count === 0) continue;
     rows.push(row);
@@ -111,6 +115,7 @@ interface Shared {
   charWidth: number;
   overflows: boolean;
   active: readonly Converter[];
+  nameLanes: number;
 }
 
 function rowGeometry(definition: NumberDefinition, count: number, top: number, shared: Shared): RowGeometry {
@@ -119,7 +124,7 @@ function rowGeometry(definition: NumberDefinition, count: number, top: number, s
   const boxWidth = Math.min(blockWidth, Math.max(shared.viewWidth, NARROWEST_BYTE)) - 2 * BLOCK_PADDING_X;
   const converters = convertersFor(shared.active, bits);
   const labelled = converters.some(({ kind }) => kind === 'float') && floatFormatFor(bits) !== undefined;
-  const bitField = bitFieldLayout(bits, blockWidth, boxWidth, labelled);
+  const bitField = bitFieldLayout(bits, blockWidth, boxWidth, labelled, shared.nameLanes);
   const fields = layoutFields(
     bits,
     converters,

@@ -1,19 +1,15 @@
 import { type KeyboardEvent, useEffect, useId, useLayoutEffect, useRef, useState } from 'react';
-import { flushSync } from 'react-dom';
-import { valueOf } from '../../../actions/focusedWord';
+import { type BitsTarget, lowestBitOf, valueOf, widthOf } from '../../../actions/focusedWord';
 import { endPreview, previewChange } from '../../../actions/shownChange';
 import { appliedOperations, operate, previewOperation } from '../../../actions/wordOperation';
 import { closePanel } from '../../../actions/wordPanel';
 import { WORD_MENU } from '../../../commands/wordActions';
 import { WORD_OPERATIONS } from '../../../commands/wordCommands';
 import { i18next } from '../../../i18n';
-import type { ChangedWord } from '../../../stores/changeCause';
 import { useSheetsStore } from '../../../stores/sheetsStore';
 import { useSheetStore } from '../../../stores/sheetStore';
-import { bitCursors } from '../bitField/bitCursors';
-import { blockId } from '../wordNavigation';
 import type { FormProps } from './formProps';
-import { GO_TO_BIT, type OperationOption, operationOptions } from './operationOptions';
+import { type OperationOption, operationOptions } from './operationOptions';
 import styles from './panels.module.css';
 import { ValueChange } from './ValueChange';
 
@@ -28,20 +24,17 @@ export function OperationForm({ word, initial }: FormProps) {
   const { id, int } = useSheetStore.getState();
 
   useLayoutEffect(() => field.current!.focus(), []);
-  const options = operationOptions(text, offered());
-  const bit = GO_PATTERN.exec(text.trim());
-  const result = bit ? undefined : previewOperation(word, text);
-  const value = result?.ok ? result.value.word : undefined;
+  const options = operationOptions(text, offered(word));
+  const result = previewOperation(word, text);
+  const value = result.ok ? result.value.word : undefined;
   const before = valueOf(word);
-  const changed = value === undefined ? 0n : (value ^ before) << BigInt(word.bits * word.index);
+  const changed = value === undefined ? 0n : (value ^ before) << BigInt(lowestBitOf(word));
   useEffect(() => previewChange(id, changed), [id, changed, int]);
   useEffect(() => endPreview, []);
 
   const isWritten = /\S\s+\S/.test(text) || isTried;
-  const isBitThere = bit !== null && Number(bit[1]) < word.bits;
-  const bitReason = bit && !isBitThere ? i18next.t('panels.bitRange', { last: word.bits - 1 }) : '';
-  const reason = result && !result.ok && isWritten ? result.reason : bitReason;
-  const note = reason || (result?.ok && result.value.isLossy ? i18next.t('panels.lossy') : '');
+  const reason = !result.ok && isWritten ? result.reason : '';
+  const note = reason || (result.ok && result.value.isLossy ? i18next.t('panels.lossy') : '');
 
   const edit = (next: string) => {
     setText(next);
@@ -49,11 +42,6 @@ export function OperationForm({ word, initial }: FormProps) {
     setTried(false);
   };
   const apply = (whole: string) => {
-    const asked = GO_PATTERN.exec(whole.trim());
-    if (asked) {
-      if (Number(asked[1]) < word.bits) goToBit(word, Number(asked[1]));
-      return;
-    }
     if (!previewOperation(word, whole).ok) return setTried(true);
     closePanel(false);
     operate(word, whole);
@@ -107,7 +95,7 @@ export function OperationForm({ word, initial }: FormProps) {
         value={text}
         onChange={({ target }) => edit(target.value)}
       />
-      <ValueChange width={word.bits} before={before} after={value} />
+      <ValueChange width={widthOf(word)} before={before} after={value} />
       <span id={reasonId} className={reason ? styles.reason : styles.note} aria-live="polite">
         {note}
       </span>
@@ -130,15 +118,16 @@ export function OperationForm({ word, initial }: FormProps) {
   );
 }
 
-const GO_PATTERN = new RegExp(`^${GO_TO_BIT.name}\\s+(\\d{1,6})$`, 'i');
-
 function scrollIntoView(element: HTMLElement | null): void {
   element?.scrollIntoView({ block: 'nearest' });
 }
 
-function offered() {
+function offered(word: BitsTarget) {
   const { sheets, activeSheetKey } = useSheetsStore.getState();
-  const commands = [...WORD_MENU.filter(({ when, id }) => !when && id !== 'word.operation'), ...WORD_OPERATIONS];
+  const commands = [
+    ...WORD_MENU.filter(({ when, id }) => id !== 'word.operation' && (when?.({ word }) ?? true)),
+    ...(word.range ? [] : WORD_OPERATIONS),
+  ];
   return {
     history: appliedOperations,
     sheets: [...sheets.values()].filter(({ id }) => id !== activeSheetKey).map(({ displayName }) => displayName),
@@ -147,18 +136,7 @@ function offered() {
   };
 }
 
-function runById(id: string, word: ChangedWord): void {
+function runById(id: string, word: BitsTarget): void {
   WORD_MENU.find((command) => command.id === id)?.run({ word });
   WORD_OPERATIONS.find((command) => command.id === id)?.run({ width: word.bits, index: word.index });
-}
-
-/** Puts the keyboard's cursor on a bit; that of a color is in the row of integers. */
-function goToBit({ bits, index }: ChangedWord, bit: number): void {
-  flushSync(() => useSheetStore.getState().focus('integer', bits, index));
-  closePanel();
-  const block = document.getElementById(blockId(`integer:${bits}`, index));
-  const canvas = block?.querySelector<HTMLElement>('[data-focus-key="bits"]');
-  if (!canvas) return;
-  canvas.focus({ preventScroll: true });
-  bitCursors.get(canvas)?.(bit);
 }

@@ -1,9 +1,11 @@
 import { type KeyboardEvent, useEffect, useId, useLayoutEffect, useMemo, useRef, useState } from 'react';
 import { flushSync } from 'react-dom';
+import { pasteNames } from '../../../actions/rangeNaming';
 import { endPreview, previewChange } from '../../../actions/shownChange';
 import { applyPaste, pastedOver, readClipboard, readingName } from '../../../actions/wordClipboard';
 import { closePanel } from '../../../actions/wordPanel';
 import { i18next } from '../../../i18n';
+import { readNames } from '../../../model/range/namedRanges';
 import { integerWidths, PICKER_RESOLUTIONS } from '../../../model/sheet/resolutions';
 import { bitsNeeded, type ItemOrder, type Reading, wordOf } from '../../../model/text/reading';
 import { LONGEST_READ_TEXT, readText } from '../../../model/text/readText';
@@ -34,7 +36,8 @@ export function PasteForm({ word, initial }: FormProps) {
   }, [initial]);
 
   const read = useMemo(() => readText(text), [text]);
-  const readings = read.ok ? read.value : [];
+  const names = useMemo(() => readNames(text, int.resolution), [text, int.resolution]);
+  const readings = read.ok && !names ? read.value : [];
   const reading = readings.find((each) => readingName(each) === chosen) ?? likeliest(readings, target.bits);
   const order = chosenOrder ?? reading?.order ?? 'first';
   const result = reading && wordOf(reading, target.bits, order);
@@ -46,10 +49,17 @@ export function PasteForm({ word, initial }: FormProps) {
   useEffect(() => previewChange(id, changed), [id, changed]);
   useEffect(() => endPreview, []);
 
-  const reason = !read.ok ? read.reason : !reading ? i18next.t('panels.unread') : result?.ok ? '' : result!.reason;
+  const nameNote = names?.ok ? i18next.t('ranges.nameHelp') : names?.reason;
+  const reason =
+    nameNote ?? (!read.ok ? read.reason : !reading ? i18next.t('panels.unread') : result?.ok ? '' : result!.reason);
   const isListed = reading !== undefined && reading.items.length > 1;
 
   const apply = () => {
+    if (names?.ok) {
+      closePanel(false);
+      pasteNames(text);
+      return;
+    }
     if (value === undefined) return field.current!.focus();
     closePanel(false);
     const isWider = resolution !== int.resolution;
@@ -85,7 +95,7 @@ export function PasteForm({ word, initial }: FormProps) {
         spellCheck={false}
         aria-label={i18next.t('panels.text')}
         aria-describedby={reasonId}
-        aria-invalid={text !== '' && reason !== ''}
+        aria-invalid={text !== '' && reason !== '' && !names?.ok}
         value={text.length > LONGEST_READ_TEXT ? '' : text}
         placeholder={text.length > LONGEST_READ_TEXT ? reason : undefined}
         onChange={({ target: { value: typed } }) => edit(typed)}
@@ -135,7 +145,7 @@ export function PasteForm({ word, initial }: FormProps) {
             {i18next.t('panels.widen', { bits: widened })}
           </button>
         )}
-        <button type="button" disabled={value === undefined} onClick={apply}>
+        <button type="button" disabled={value === undefined && !names?.ok} onClick={apply}>
           {i18next.t('panels.apply')}
         </button>
         <button type="button" onClick={() => closePanel()}>

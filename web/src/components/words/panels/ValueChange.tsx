@@ -13,7 +13,7 @@ const GROUP = 8;
 
 /** A value as it is and as it would be, with the digits marked that change. */
 export function ValueChange({ width, before, after }: ValueChangeProps) {
-  const [now, then] = [before, after].map((value) => value?.toString(16).padStart(width / 4, '0'));
+  const [now, then] = [before, after].map((value) => value?.toString(16).padStart(Math.ceil(width / 4), '0'));
   const parts = then?.match(/./g)!.map((digit, place) => {
     const isGroup = place > 0 && (then.length - place) % GROUP === 0;
     return { digit, isGroup, isChanged: digit !== now![place] };

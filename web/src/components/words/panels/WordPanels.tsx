@@ -1,11 +1,14 @@
 import { type DragEvent, type MouseEvent, type ReactNode, useEffect, useMemo, useState } from 'react';
-import { focusedWord, valueOf } from '../../../actions/focusedWord';
+import { focusedWord, valueOf, widthOf } from '../../../actions/focusedWord';
 import { copyAs, copyChoice, pasteText } from '../../../actions/wordClipboard';
 import { closePanel, openPanel, originElement, useWordPanel, type WordPanel } from '../../../actions/wordPanel';
 import { runCommand, shortcutLabel } from '../../../commands/command';
-import { WORD_ACTIONS, WORD_MENU, wordActionTarget } from '../../../commands/wordActions';
+import { SHEET_COMMANDS } from '../../../commands/rangeCommands';
+import { isAtWords, WORD_ACTIONS, WORD_MENU, wordActionTarget } from '../../../commands/wordActions';
 import { i18next } from '../../../i18n';
 import { codeFormsFor } from '../../../model/code/codeForms';
+import { type BitRange, holds } from '../../../model/range/bitRange';
+import { currentRange } from '../../../stores/bitRange';
 import { useSheetStore } from '../../../stores/sheetStore';
 import { Popup } from '../../../ui/Popup';
 import { type MenuItem, PopupMenu } from '../../../ui/PopupMenu';
@@ -22,9 +25,13 @@ export function WordPanels({ children }: { children: ReactNode }) {
   const panel = useWordPanel((state) => state.panel);
   useEffect(() => {
     const onKeyDown = (event: KeyboardEvent) => {
-      const target = wordActionTarget(document.activeElement);
-      if (target && runCommand(WORD_ACTIONS, event, { ...target, bit: bitOf(document.activeElement) }))
-        event.stopPropagation();
+      const { activeElement } = document;
+      if (!isAtWords(activeElement)) return;
+      const target = wordActionTarget(activeElement);
+      const isTaken = target
+        ? runCommand(WORD_ACTIONS, event, { ...target, bit: bitOf(activeElement) })
+        : runCommand(SHEET_COMMANDS, event, undefined);
+      if (isTaken) event.stopPropagation();
     };
     addEventListener('keydown', onKeyDown, true);
     return () => removeEventListener('keydown', onKeyDown, true);
@@ -41,7 +48,9 @@ export function WordPanels({ children }: { children: ReactNode }) {
     event.preventDefault();
     const place = { left: event.clientX, top: event.clientY, bottom: event.clientY };
     const field = element.closest<HTMLElement>('input, textarea') ?? undefined;
-    openPanel(word, { kind: 'menu', bit: bitOf(element), field }, place);
+    const bit = bitOf(element);
+    const range = bit === undefined ? undefined : rangeAround(word.bits * word.index + bit);
+    openPanel({ ...word, range }, { kind: 'menu', bit, field }, place);
   };
   const onDragOver = (event: DragEvent) => {
     if (!isTextForWord(event)) return;
@@ -70,6 +79,12 @@ export function WordPanels({ children }: { children: ReactNode }) {
 /** The bit that is shown as the one under the pointer or the keyboard's cursor, where that is in a bit field. */
 function bitOf(element: Element | null): number | undefined {
   return element instanceof HTMLCanvasElement ? activeBitState.bit?.bit : undefined;
+}
+
+/** The bits that are chosen, if one of them is among them. @param bit - of the sheet */
+function rangeAround(bit: number): BitRange | undefined {
+  const range = currentRange();
+  return range && holds(range, { hi: bit, lo: bit }) ? range : undefined;
 }
 
 /** The word under a text that is dragged; in a field the text is the browser's business. */
@@ -120,7 +135,7 @@ function Panel({ panel }: { panel: WordPanel }) {
 
 function menuItem(command: (typeof WORD_MENU)[number]): MenuItem {
   const { id, label } = command;
-  const beginsGroup = ['word.copy', 'word.swap', 'word.goToBit'].includes(id);
+  const beginsGroup = ['word.copy', 'word.swap', 'range.goTo'].includes(id);
   return { id, label: i18next.t(label), hint: shortcutLabel(command), leadsOn: id === 'word.copyAs', beginsGroup };
 }
 
@@ -136,16 +151,16 @@ interface CopyAsProps {
 function CopyAsMenu({ panel, shared }: CopyAsProps) {
   const { word } = panel;
   const [order, setOrder] = useState(copyChoice.order);
-  const value = valueOf(word);
+  const [value, width] = [valueOf(word), widthOf(word)];
   const orders = ORDERS.map((id) => ({
     id,
     label: i18next.t(`panels.byteOrders.${id}`),
     isChecked: id === order,
   }));
-  const forms = codeFormsFor(word.bits).map(({ id, write }, position) => ({
+  const forms = codeFormsFor(width).map(({ id, write }, position) => ({
     id,
     label: i18next.t(`panels.forms.${id}` as 'panels.forms.hex'),
-    preview: write(value, word.bits, order).slice(0, LONGEST_PREVIEW),
+    preview: write(value, width, order).slice(0, LONGEST_PREVIEW),
     beginsGroup: position === 0,
   }));
   const onChoose = (id: string) => {

@@ -1,7 +1,7 @@
-import type { ChangedWord } from '../../../stores/changeCause';
+import type { BitsTarget } from '../../../actions/focusedWord';
 
 /** What a form over a word begins with. */
 export interface FormProps {
-  word: ChangedWord;
+  word: BitsTarget;
   initial: string;
 }

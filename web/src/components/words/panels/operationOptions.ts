@@ -21,9 +21,6 @@ interface Offered {
   readonly help: (name: string) => string;
 }
 
-/** Goes to a bit instead of changing any. */
-export const GO_TO_BIT = { name: 'bit', placeholder: 'n' };
-
 /** What fits a text that is being typed: operations that were applied, operations by name, sheets after @, commands. */
 export function operationOptions(text: string, { history, sheets, commands, help }: Offered): OperationOption[] {
   const typed = text.trimStart().toLowerCase();
@@ -39,7 +36,7 @@ export function operationOptions(text: string, { history, sheets, commands, help
     }));
   }
   const known = history.filter((each) => each.toLowerCase().startsWith(typed) && each !== text);
-  const operations = [...OPERATION_NAMES, GO_TO_BIT].filter((each) => each.name.startsWith(typed));
+  const operations = OPERATION_NAMES.filter((each) => each.name.startsWith(typed));
   const fitting = typed === '' ? [] : commands.filter(({ label }) => label.toLowerCase().includes(typed));
   return [
     ...known

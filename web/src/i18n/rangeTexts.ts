@@ -1,0 +1,25 @@
+/** Texts about ranges of bits and their names. */
+export const rangeTexts = {
+  read_one: '{{range}} {{count}} bit = {{hex}} = {{value}}, signed {{signed}}, mask {{mask}}',
+  read_other: '{{range}} {{count}} bits = {{hex}} = {{value}}, signed {{signed}}, mask {{mask}}',
+  inWord: '{{word}} {{range}}',
+  goTo: 'Go to bits',
+  write: 'Write into {{range}}',
+  name: 'Name of {{range}}',
+  goToHelp: 'Such as 37, 23:12, 0x20+8 or 3.7 (byte.bit)',
+  writeHelp: 'Such as 939, 0x3ab or -1',
+  nameHelp: 'Kept until the document is closed, saved nowhere',
+  noNumber: 'No number',
+  names: 'Names of bits',
+  /** In the bar, where there is little room. */
+  namesHelp: 'Names, not saved',
+  steps: { write: 'write', clear: 'clear', invert: 'invert' },
+  pasted_one: '{{count}} name, kept until the document is closed, saved nowhere',
+  pasted_other: '{{count}} names, kept until the document is closed, saved nowhere',
+  copied_one: 'Copied {{count}} name',
+  copied_other: 'Copied {{count}} names',
+  removed: 'Removed {{name}}',
+  removedAll_one: 'Removed {{count}} name',
+  removedAll_other: 'Removed {{count}} names',
+  sheetBit: 'sheet bit {{bit}}',
+} as const;

@@ -1,0 +1,70 @@
+import fc from 'fast-check';
+import { describe, expect, test } from 'vitest';
+import { invertRange, rangeBetween, rangeMask, rangeWidth, readRange, sharedBits, writeRange } from './bitRange';
+
+const WIDTH = 1024;
+const anyValue = fc.bigInt({ min: 0n, max: (1n << BigInt(WIDTH)) - 1n });
+const anyRange = fc.tuple(fc.nat(WIDTH - 1), fc.nat(WIDTH - 1)).map(([a, b]) => rangeBetween(a, b));
+
+/** Bits from hi down to lo as text, by the digits of the whole value: independent of shifts and masks. */
+const digitsOf = (value: bigint, { hi, lo }: { hi: number; lo: number }) =>
+  value
+    .toString(2)
+    .padStart(WIDTH, '0')
+    .slice(WIDTH - 1 - hi, WIDTH - lo);
+
+describe('a range of bits', () => {
+  test('reads what stands at its places', () => {
+    fc.assert(
+      fc.property(anyValue, anyRange, (value, range) => {
+        expect(readRange(value, range)).toBe(BigInt(`0b${digitsOf(value, range)}`));
+        expect((value & rangeMask(range)) >> BigInt(range.lo)).toBe(readRange(value, range));
+      }),
+    );
+  });
+
+  test('takes a number and leaves all other bits as they are', () => {
+    fc.assert(
+      fc.property(anyValue, anyRange, anyValue, (value, range, number) => {
+        const written = writeRange(value, range, number);
+        const mask = rangeMask(range);
+        expect(readRange(written, range)).toBe(number & (mask >> BigInt(range.lo)));
+        expect(written & ~mask).toBe(value & ~mask);
+        expect(writeRange(written, range, readRange(value, range))).toBe(value);
+      }),
+    );
+  });
+
+  test('takes a negative number as its two’s complement', () => {
+    expect(writeRange(0n, { hi: 23, lo: 12 }, -1n)).toBe(0x00fff000n);
+  });
+
+  test('is inverted without another bit changing, and twice is as before', () => {
+    fc.assert(
+      fc.property(anyValue, anyRange, (value, range) => {
+        const inverted = invertRange(value, range);
+        expect(inverted ^ value).toBe(rangeMask(range));
+        expect(invertRange(inverted, range)).toBe(value);
+      }),
+    );
+  });
+
+  test('has as many ones in its mask as it is wide, also across lines and words', () => {
+    fc.assert(
+      fc.property(anyRange, (range) => {
+        const ones = rangeMask(range).toString(2).replaceAll('0', '').length;
+        expect(ones).toBe(rangeWidth(range));
+        expect(rangeMask({ hi: range.hi, lo: range.lo }).toString(2).length).toBe(range.hi + 1);
+      }),
+    );
+  });
+
+  test('shares with another exactly what both masks have', () => {
+    fc.assert(
+      fc.property(anyRange, anyRange, (a, b) => {
+        const shared = sharedBits(a, b);
+        expect(shared ? rangeMask(shared) : 0n).toBe(rangeMask(a) & rangeMask(b));
+      }),
+    );
+  });
+});
