@@ -14,3 +14,15 @@ test('undo in an altered field is the field\u2019s', async ({ editor, page }) =>
   await expect(view.value()).toHaveValue(/^12?$/);
   await editor.expectDirty(NAME, true);
 });
+
+test('the page runs no code that its policy does not name', async ({ editor }) => {
+  const view = await editor.openWords(NAME, documentText({ int: '0xff' }));
+  const refused = await view.body.evaluate(
+    () =>
+      new Promise<string>((resolve) => {
+        document.addEventListener('securitypolicyviolation', ({ effectiveDirective }) => resolve(effectiveDirective));
+        document.head.append(Object.assign(document.createElement('script'), { textContent: '1' }));
+      }),
+  );
+  expect(refused).toMatch(/^script-src/);
+});

@@ -1,3 +1,4 @@
+import { documentText } from '../support/shared/documents';
 import { expect, test } from '../support/vscode/fixtures';
 
 const NAME = 'numbers.words.tessary';
@@ -17,3 +18,13 @@ for (const { what, text, told } of [
     expect(editor.read(NAME)).toBe(text);
   });
 }
+
+test('a file that turns invalid under an open editor is never overwritten', async ({ editor }) => {
+  const view = await editor.openWords(NAME, documentText({ int: '0xff' }));
+  editor.write(NAME, MERGE);
+  await expect(editor.notice('holds the marks of an unresolved merge')).toBeVisible();
+  await expect(view.frame.getByRole('alert')).toBeVisible();
+  expect(editor.read(NAME)).toBe(MERGE);
+  editor.write(NAME, documentText({ int: '0x7' }));
+  await expect(view.value()).toHaveValue('7');
+});
