@@ -133,6 +133,12 @@ export class Desktop {
     this.#run('xdotool', ...moveTo(window, from), 'mousedown', '1', ...moveTo(window, to), 'mouseup', '1');
   }
 
+  /** Moves the pointer with the left button and a key such as "shift" held down. */
+  dragWith(key: string, window: DesktopWindow, from: Point, to: Point) {
+    const held = ['mousedown', '1', ...moveTo(window, to), 'mouseup', '1'];
+    this.#run('xdotool', 'keydown', key, ...moveTo(window, from), ...held, 'keyup', key);
+  }
+
   /** Drags an address from another program to a point of a window, and lets it go where the window takes it. */
   async drop(address: string, window: DesktopWindow, at: Point) {
     const source = spawn(`${tools}/drag_source`, [address], {
