@@ -192,6 +192,31 @@ async function compare(app: Page, floor: Page, figure: Figure): Promise<void> {
   );
 }
 
+/** Moves the end of a range by bits and by lines, which is outlined and read anew in every row. */
+async function moveRangeEnd(page: Page): Promise<void> {
+  await page.evaluate(() => document.querySelector('canvas')!.focus());
+  await page.keyboard.press('End');
+  const times: number[] = [];
+  for (let round = 0; round < SAMPLES + WARM_UP; round++) {
+    const keys = ['ArrowUp', 'ArrowLeft', 'ArrowUp', 'ArrowRight', 'ArrowDown', 'ArrowLeft'];
+    const key = keys[round % keys.length]!;
+    const { time, isRead } = await page.evaluate(async (pressed) => {
+      const status = document.querySelector('[role="status"]')!;
+      const before = status.textContent;
+      const init = { key: pressed, shiftKey: true, bubbles: true, cancelable: true };
+      const event = new KeyboardEvent('keydown', init);
+      const frame = await window.frameOf(() => void document.querySelector('canvas')!.dispatchEvent(event));
+      return { time: frame, isRead: status.textContent !== before && /\[\d+:\d+\]/.test(status.textContent) };
+    }, key);
+    if (!isRead) throw new Error('the range was not read anew');
+    if (round >= WARM_UP) times.push(time);
+  }
+  await page.keyboard.press('Escape');
+  const [middle, longest] = [median(times), Math.max(...times)];
+  const text = `${middle.toFixed(1)} ms, the longest ${longest.toFixed(1)} ms, at most ${FRAME.toFixed(1)} ms`;
+  check('move the end of a range at 1024 bits', middle <= FRAME, text);
+}
+
 /** Scrolls the row of bytes from one end to the other in 90 frames. */
 async function scroll(page: Page): Promise<void> {
   await page.evaluate(() => (document.querySelector('[data-scroller="sheet"]')!.scrollTop = 1e6));
@@ -267,6 +292,7 @@ try {
   await floor.evaluate((value) => window.showSheet(1024, value), VALUES[0]!);
   for (const figure of figures) await compare(app, floor, figure);
   await app.bringToFront();
+  await moveRangeEnd(app);
   await scroll(app);
   await heap(app);
   scriptSize();
