@@ -1,6 +1,10 @@
-/* Usage: load PORT PATH HEADERS CONNECTIONS MILLISECONDS   kept connections, each asking again as soon as it is
-   answered load PORT PATH HEADERS CONNECTIONS 0 BURSTS       bursts of new connections, each asking once, at the same
-   moment
+/* Usage:
+
+   load PORT PATH HEADERS CONNECTIONS MILLISECONDS
+     kept connections, each asking again as soon as it is answered
+
+   load PORT PATH HEADERS CONNECTIONS 0 BURSTS
+     bursts of new connections, each asking once, at the same moment
 
    Prints one line: the number of requests, the seconds they took, their latencies in milliseconds (the median, the 99th
    percentile, the longest), how many took 100 ms or longer, and the bytes of one answer's body. A latency is counted
