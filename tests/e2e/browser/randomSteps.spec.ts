@@ -15,7 +15,7 @@ import { enterText, WordsTool } from '../support/browser/words';
 import { Chance } from '../support/shared/chance';
 
 const STEPS = 120;
-const WINDOWS = [560, 800, 1280, 1920].flatMap((width) => [600, 1000].map((height) => ({ width, height })));
+const WINDOWS = [320, 400, 560, 800, 1280, 1920].flatMap((width) => [600, 1000].map((height) => ({ width, height })));
 const BASES = [2, 3, 8, 10, 16, 36, 37, 62, 64];
 const OPERATIONS = [
   'none',

@@ -77,7 +77,7 @@ test('the menu comes by the right button and by both keys, and never offers a re
       .getBoundingClientRect();
     return { x: left + Math.min(width, 300) / 2, y: top + height / 2 };
   });
-  program.desktop.clickRight(program.window, place);
+  program.desktop.rightClick(program.window, place);
   await program.shows('Copy mask');
   expect(program.windows()).toHaveLength(1);
   program.desktop.press('s', 'Return');

@@ -43,9 +43,12 @@ export async function watchCanvases(page: Page): Promise<void> {
       if (isDigit) digits(this.canvas).set(`${x} ${y}`, { x, y, digit: text });
       fillText.call(this, text, x, y, ...rest);
     };
-    context.clearRect = function (...area) {
-      digits(this.canvas).clear();
-      clearRect.apply(this, area);
+    context.clearRect = function (left, top, width, height) {
+      const known = digits(this.canvas);
+      for (const [key, { x, y }] of known) {
+        if (x >= left && x < left + width && y >= top && y < top + height) known.delete(key);
+      }
+      clearRect.call(this, left, top, width, height);
     };
     for (const length of ['width', 'height'] as const) {
       const property = Object.getOwnPropertyDescriptor(HTMLCanvasElement.prototype, length)!;

@@ -123,11 +123,6 @@ export class Desktop {
     this.#run('xdotool', ...moveTo(window, at), 'click', '3');
   }
 
-  /** Presses the right button at a point of a window. */
-  clickRight(window: DesktopWindow, at: Point) {
-    this.#run('xdotool', ...moveTo(window, at), 'click', '3');
-  }
-
   /** Moves the pointer with the left button held down. */
   drag(window: DesktopWindow, from: Point, to: Point) {
     this.#run('xdotool', ...moveTo(window, from), 'mousedown', '1', ...moveTo(window, to), 'mouseup', '1');

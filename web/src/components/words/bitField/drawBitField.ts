@@ -1,4 +1,5 @@
 import { floatFields, floatFormatFor } from '../../../model/float/floatFormats';
+import { setBits } from '../../../model/integer/setBits';
 import { OUTLINE_KINDS, type OutlineKind } from '../../../stores/bitOutlines';
 import { mono } from '../../../ui/tokens';
 import { type BitFieldLayout, cellOf, type Rect } from '../layout/bitFieldLayout';
@@ -84,12 +85,6 @@ function bitsThatDiffer(picture: BitFieldPicture, drawn: BitFieldPicture): Itera
     if (picture.digits.charCodeAt(place) !== drawn.digits.charCodeAt(place)) bits.add(last - place);
   }
   return bits;
-}
-
-function setBits(word: bigint): number[] {
-  if (word === 0n) return [];
-  const digits = [...word.toString(2)].reverse();
-  return digits.flatMap((digit, bit) => (digit === '1' ? bit : []));
 }
 
 function drawCell(context: CanvasRenderingContext2D, picture: BitFieldPicture, bit: number, color?: string): void {
