@@ -14,7 +14,7 @@ const INITIAL_HASHES =
   'db0c2e0d64f98fa747b5481dbefa4fa4';
 const PATH = '/home/me/sample.words.tessary';
 
-test.use({ viewport: { width: 1280, height: 800 } });
+test.use({ viewport: { width: 1280, height: 800 }, permissions: ['clipboard-read', 'clipboard-write'] });
 
 async function picture(page: Page, name: string) {
   await page.waitForFunction(() => document.getAnimations().every(({ playState }) => playState === 'finished'));
@@ -53,6 +53,17 @@ test('words of 1024 bits', async ({ page, enter }) => {
   await picture(page, 'words-1024');
 });
 
+test('named bits', async ({ page, enter }) => {
+  const text = documentText({ displayName: 'Status', int: '0xC0000094', intResolution: 32 });
+  await stubNativeHost(page, { args: { filePath: PATH }, files: { [PATH]: text } });
+  await enter();
+  await page.evaluate(() => navigator.clipboard.writeText('severity 31:30\ncustomer 29\nfacility 27:16\ncode 15:0'));
+  await page.locator('canvas').first().focus();
+  await page.keyboard.press('Control+v');
+  await page.getByRole('toolbar', { name: 'Names of bits' }).getByText('severity').click();
+  await picture(page, 'named-bits');
+});
+
 test.describe('with a document', () => {
   test.beforeEach(async ({ page, enter }) => {
     await stubNativeHost(page, { args: { filePath: PATH }, files: { [PATH]: sample } });
@@ -61,6 +72,13 @@ test.describe('with a document', () => {
   });
 
   test('words of 64 bits', async ({ page }) => picture(page, 'words-64'));
+
+  test('the word inspector', async ({ page }) => {
+    await page.getByRole('group', { name: 'Int 64 word 1' }).getByRole('textbox', { name: 'Value' }).focus();
+    await page.keyboard.press('Control+i');
+    await page.getByText('3.141592653589793115997963468544185161590576171875').waitFor();
+    await picture(page, 'word-inspector');
+  });
 
   test('the float view', async ({ page }) => {
     await page.getByRole('button', { name: /^Converters/ }).click();
