@@ -10,6 +10,8 @@ export default defineConfig({
   use: {
     ...shared.use,
     viewport: { width: 1280, height: 800 },
+    actionTimeout: 60_000, // before the story's own end, so that its picture is taken
+    screenshot: 'only-on-failure',
     launchOptions: {
       ...shared.use?.launchOptions,
       args: [...(shared.use?.launchOptions?.args ?? []), '--host-resolver-rules=MAP * ~NOTFOUND, EXCLUDE 127.0.0.1'],

@@ -1,4 +1,4 @@
-import { mkdirSync } from 'node:fs';
+import { mkdirSync, readdirSync, readFileSync } from 'node:fs';
 import { join } from 'node:path';
 import { documentText } from '../support/shared/documents';
 import { expect, test } from '../support/vscode/fixtures';
@@ -11,6 +11,27 @@ test('closing right after an edit asks', async ({ editor, page }) => {
   await page.keyboard.press('Control+W');
   await expect(editor.dialog()).toContainText('Do you want to save the changes');
   await editor.dialog().getByRole('button', { name: 'Save', exact: true }).click();
+  await expect.poll(() => editor.read(NAME)).toContain('"int": "0xfe"');
+});
+
+/** The texts that the editor keeps of unsaved files, below its home. */
+function backups(home: string): string[] {
+  return readdirSync(home, { recursive: true, withFileTypes: true })
+    .filter((entry) => entry.isFile() && entry.parentPath.includes('/Backups/'))
+    .map(({ parentPath, name }) => readFileSync(join(parentPath, name), 'utf8'));
+}
+
+test('a reload of the window keeps unsaved changes', async ({ editor, page, server }) => {
+  const view = await editor.openWords(NAME, documentText({ int: '0xff' }));
+  await view.enter('254');
+  await editor.expectDirty(NAME, true);
+  await expect.poll(() => backups(server.home).some((text) => text.includes('"int": "0xfe"'))).toBe(true);
+  await page.reload();
+  await expect(editor.words().value()).toHaveValue('254');
+  await editor.expectDirty(NAME, true);
+  expect(editor.read(NAME)).toContain('"int": "0xff"');
+  await editor.words().value().focus();
+  await page.keyboard.press('Control+S');
   await expect.poll(() => editor.read(NAME)).toContain('"int": "0xfe"');
 });
 

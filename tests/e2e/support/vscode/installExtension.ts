@@ -4,9 +4,10 @@ import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import { editorServer, extensionPackage } from './paths';
 
-/** Nothing that asks, blinks or waits for the network. What is tried has its defaults. */
+/** Nothing that asks, blinks or waits for the network. What is tried has the defaults of the desktop program. */
 const SETTINGS = {
   'chat.disableAIFeatures': true,
+  'files.autoSave': 'off', // in a browser the editor saves by itself after a second
   'telemetry.telemetryLevel': 'off',
   'workbench.secondarySideBar.defaultVisibility': 'hidden',
   'workbench.startupEditor': 'none',
