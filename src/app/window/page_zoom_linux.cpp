@@ -14,7 +14,7 @@ static void zoomOut(WebKitWebView* view) {
 
 /// Shift is not looked at: there are keyboards where plus or the digits need it.
 static bool isControlAlone(guint state) {
-    return (state & gtk_accelerator_get_default_mod_mask() & ~GDK_SHIFT_MASK) == GDK_CONTROL_MASK;
+    return (state & gtk_accelerator_get_default_mod_mask() & ~guint{GDK_SHIFT_MASK}) == GDK_CONTROL_MASK;
 }
 
 static gboolean zoomByKey(WebKitWebView* view, const GdkEventKey* event, gpointer) {
