@@ -182,3 +182,7 @@ describe('of any word', () => {
     expect(exact.whole!()).toHaveLength('0.'.length + 262378);
   });
 });
+
+test('the value above the smallest negative number is the negative zero', () => {
+  expect(readings(0x8001n, 16)).toContain('IEEE 754 binary16, nextUp: -0 (0x8000)');
+});

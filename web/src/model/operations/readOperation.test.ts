@@ -224,3 +224,7 @@ test('every name is an operation, and says what it takes', () => {
   }
   expect(OPERATION_NAMES).toHaveLength(19);
 });
+
+test('bits that are no whole bytes are not swapped', () => {
+  expect(applyOperation('swap', 0xabcn, 12, noSheet)).toEqual({ ok: false, reason: 'Only whole bytes can be swapped' });
+});

@@ -1,6 +1,6 @@
 import fc from 'fast-check';
 import { describe, expect, test } from 'vitest';
-import { invertRange, rangeBetween, rangeMask, rangeWidth, readRange, sharedBits, writeRange } from './bitRange';
+import { holds, invertRange, rangeBetween, rangeMask, rangeWidth, readRange, sharedBits, writeRange } from './bitRange';
 
 const WIDTH = 1024;
 const anyValue = fc.bigInt({ min: 0n, max: (1n << BigInt(WIDTH)) - 1n });
@@ -64,6 +64,16 @@ describe('a range of bits', () => {
       fc.property(anyRange, anyRange, (a, b) => {
         const shared = sharedBits(a, b);
         expect(shared ? rangeMask(shared) : 0n).toBe(rangeMask(a) & rangeMask(b));
+      }),
+    );
+  });
+
+  test('holds another when it shares all bits of that one', () => {
+    fc.assert(
+      fc.property(anyRange, anyRange, (outer, inner) => {
+        const missing = rangeMask(inner) & ~rangeMask(outer);
+        expect(holds(outer, inner)).toBe(missing === 0n);
+        expect(holds(outer, outer)).toBe(true);
       }),
     );
   });

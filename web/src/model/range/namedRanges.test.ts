@@ -93,3 +93,11 @@ test('a name that comes again takes its new bits', () => {
     { name: 'A', hi: 7, lo: 4 },
   ]);
 });
+
+test('a name comes before those that it holds', () => {
+  const [flag, byte] = [
+    { name: 'flag', hi: 7, lo: 7 },
+    { name: 'byte', hi: 7, lo: 0 },
+  ];
+  expect(withNames([flag], [byte])).toEqual([byte, flag]);
+});
