@@ -10,11 +10,15 @@ export class EditorWindow {
     readonly address: string,
   ) {}
 
-  /** Opens the window on the files that are in the folder, and waits until it has read what its extensions offer. */
+  /**
+   * Opens the window on the files that are in the folder, and waits until it knows what its extensions offer. It makes
+   * what asks them for editors in its first idle moment only, and shows files as text before that.
+   */
   async enter(): Promise<void> {
     await this.page.goto(this.address);
     await this.page.locator('.monaco-workbench').waitFor();
     await this.page.waitForFunction(() => performance.getEntriesByName('code/didLoadExtensions').length > 0);
+    await this.page.evaluate(() => new Promise((resolve) => requestIdleCallback(resolve)));
   }
 
   /** Puts a file into the folder, as another program. */
