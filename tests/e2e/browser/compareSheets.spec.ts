@@ -139,6 +139,29 @@ test.describe('comparing two sheets', () => {
     expect(isPrevented).toBe(false);
   });
 
+  test('leaves a text as it is that is being typed, marked as not taken over', async ({ page, enter }) => {
+    const tool = new WordsTool(page);
+    await tool.open(enter, NARROW, SECOND);
+    const { value, group } = tool.word(64, 1);
+    const kept = async () => {
+      await expect(chooser(page)).toBeHidden();
+      await expect(value).toBeFocused();
+      await expect(value).toHaveValue('1234');
+      await expect(group.locator('[data-altered]')).toHaveCount(1);
+      expect(await value.evaluate((field: HTMLInputElement) => field.selectionStart)).toBe(4);
+    };
+    await value.fill('1234');
+    await page.keyboard.press('Control+d');
+    await page.keyboard.press('Escape');
+    await kept();
+    await expect(tool.status).toHaveText('Enter applies, Esc restores');
+    await page.keyboard.press('Control+d');
+    await page.keyboard.press('Enter');
+    await kept();
+    await page.keyboard.press('Enter');
+    await expect(tool.word(64, 1).base(16)).toHaveValue('4D2');
+  });
+
   test('gives the focus back when nothing is chosen, and is among the commands of a word', async ({
     page,
     enter,

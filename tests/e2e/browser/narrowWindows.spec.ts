@@ -26,6 +26,26 @@ for (const width of [400, 320]) {
       await expectAccessible();
     });
 
+    test('shows whole colors, converters and keys', async ({ page, enter }) => {
+      const tool = new WordsTool(page);
+      await tool.open(enter, { int: '0xfedcba98', intResolution: 32 });
+      await page.getByRole('button', { name: 'C32, go to' }).press('Enter');
+      for (const name of ['Red', 'Green', 'Blue', 'Alpha', 'Color']) {
+        const field = tool.color(1).getByRole('textbox', { name, exact: true });
+        expect(await field.evaluate((each) => each.scrollWidth - each.clientWidth), name).toBeLessThanOrEqual(0);
+      }
+      await tool.converters.click();
+      for (const option of await page.getByRole('option').all()) {
+        const { x, width: own } = (await option.boundingBox())!;
+        expect(x).toBeGreaterThan(0);
+        expect(x + own).toBeLessThan(width);
+      }
+      await page.keyboard.press('Escape');
+      await page.keyboard.press('F1');
+      const what = page.getByRole('definition').filter({ hasText: 'List and search all keys' });
+      expect((await what.boundingBox())!.width).toBeGreaterThanOrEqual(120);
+    });
+
     test('has bits of wide words at least 12 pixels wide', async ({ page, enter }) => {
       const tool = new WordsTool(page);
       await tool.open(enter, { int: 1, intResolution: 128 });

@@ -35,6 +35,28 @@ test.describe('an operation that is typed', () => {
     await expect(value).toHaveValue(`129`);
   });
 
+  test('is asked for beside its word, also where all is small', async ({ page, enter }) => {
+    await page.setViewportSize({ width: 800, height: 600 });
+    const tool = new WordsTool(page);
+    await tool.open(enter, { int: 3 });
+    for (const bits of [64, 16]) {
+      const { bits: field } = tool.word(bits, 1);
+      await field.focus();
+      await page.keyboard.press('Control+k');
+      const form = page.getByRole('dialog');
+      for (const text of ['', 'ro']) {
+        await page.keyboard.type(text);
+        const [word, box] = [(await field.boundingBox())!, (await form.boundingBox())!];
+        const isBeside = box.y >= word.y + word.height || box.y + box.height <= word.y;
+        expect(isBeside, `Int ${bits}, "${text}"`).toBe(true);
+        expect(Math.min(Math.abs(box.y - word.y - word.height), Math.abs(box.y + box.height - word.y))).toBeLessThan(
+          12,
+        );
+      }
+      await page.keyboard.press('Escape');
+    }
+  });
+
   test('outlines the bits that would change, and leaves no trace with Escape', async ({ page, enter }) => {
     const tool = new WordsTool(page);
     await tool.open(enter, { int: 1, intResolution: 32 });

@@ -1,4 +1,4 @@
-import { isTextField } from '../ui/alteredText';
+import { isTextField, noteTyping } from '../ui/alteredText';
 
 /** Where the focus was, with the text that was being typed there: it would be gone when the field is left. */
 export interface FocusOrigin {
@@ -21,4 +21,5 @@ export function returnFocus({ element, text, selection }: FocusOrigin, keepsText
   if (!isTextField(element) || !keepsText) return;
   element.value = text!;
   element.setSelectionRange(...selection!);
+  noteTyping(element);
 }

@@ -5,10 +5,11 @@ import { compareSheets, type Comparison, useComparison } from '../stores/compari
 import { useSheetsStore } from '../stores/sheetsStore';
 import { useSheetStore } from '../stores/sheetStore';
 import { showStatus } from '../ui/statusMessage';
+import { type FocusOrigin, focusOrigin, returnFocus } from './focusOrigin';
 
 interface ComparisonRequests {
   /** The sheet that another one is to be chosen for, to compare it with. */
-  readonly asked: { readonly sheetId: string; readonly origin: HTMLElement | null } | undefined;
+  readonly asked: { readonly sheetId: string; readonly origin: FocusOrigin | undefined } | undefined;
   /** The difference that was gone to last; a new object each time, for the sheet to put the keyboard there. */
   readonly visited: { readonly bit: number; readonly text: string } | undefined;
 }
@@ -18,13 +19,14 @@ export const useComparisonRequests = create<ComparisonRequests>()(() => ({ asked
 /** Asks which sheet to compare a sheet with. @param sheetId - by default the one that is shown */
 export function askForComparison(sheetId = useSheetsStore.getState().activeSheetKey): void {
   if (useSheetsStore.getState().sheets.size < 2) return showStatus(i18next.t('compare.none'));
-  const { activeElement } = document;
-  const origin = activeElement instanceof HTMLElement ? activeElement : null;
-  if (sheetId !== null) useComparisonRequests.setState({ asked: { sheetId, origin } });
+  if (sheetId !== null) useComparisonRequests.setState({ asked: { sheetId, origin: focusOrigin() } });
 }
 
+/** Gives the focus back, and a text that was being typed there. */
 export function endAsking(): void {
+  const { asked } = useComparisonRequests.getState();
   useComparisonRequests.setState({ asked: undefined });
+  if (asked?.origin) returnFocus(asked.origin);
 }
 
 /** Compares two sheets and shows the first of them. */

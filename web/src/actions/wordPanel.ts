@@ -36,8 +36,15 @@ let origin: FocusOrigin | undefined;
 export function openPanel(word: BitsTarget, content: PanelContent, place?: PanelPlace): void {
   const { panel } = useWordPanel.getState();
   if (!panel) origin = focusOrigin();
-  const at = place ?? panel?.place ?? origin?.element.getBoundingClientRect() ?? { left: 0, top: 0, bottom: 0 };
+  const at = place ?? panel?.place ?? (origin && placeOf(origin.element)) ?? { left: 0, top: 0, bottom: 0 };
   useWordPanel.setState({ panel: { ...content, word, place: at } });
+}
+
+/** A wide bit field begins where it comes into view. */
+function placeOf(element: HTMLElement): PanelPlace {
+  const { left, top, bottom } = element.getBoundingClientRect();
+  const row = element.closest('[data-scroller="row"]')?.getBoundingClientRect();
+  return { left: Math.max(left, row?.left ?? left), top, bottom };
 }
 
 /** Closes the panel and gives the focus back. @param keepsText - brings a text back that was being typed */

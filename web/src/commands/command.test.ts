@@ -32,6 +32,13 @@ describe('a pressed key', () => {
     expect(event.preventDefault).toHaveBeenCalledOnce();
   });
 
+  test('runs a command also where no list names it', () => {
+    const { run, commands } = command({ moreKeys: ['F4'] });
+    expect(runCommand(commands, press('F4'), 'target')).toBe(true);
+    expect(run).toHaveBeenCalledExactlyOnceWith('target', 'F4');
+    expect(shortcutLabel(commands[0]!)).toBe('F2');
+  });
+
   test('of no command is left alone', () => {
     const { run, commands } = command();
     const event = press('F4');
@@ -100,6 +107,11 @@ describe('the list of keys', () => {
     expect(KEY_GROUPS.flatMap(({ entries }) => entries.map(({ id }) => id))).toEqual(offered.map(({ id }) => id));
   });
 
+  test('names of several keys for one thing those that a reader needs', () => {
+    const entries = KEY_GROUPS.flatMap((each) => each.entries);
+    expect(entries.find(({ id }) => id === 'page.reload')?.keys).toBe('F5, Ctrl+R');
+  });
+
   test('has no key twice among commands that can act at the same place', () => {
     // What passes its key on acts beside the others, not in their place.
     const exclusive = FRAME_COMMANDS.filter(({ passesOn }) => !passesOn);
@@ -113,7 +125,8 @@ describe('the list of keys', () => {
       [...WORD_COMMANDS, ...FIELD_COMMANDS],
       [...WORD_COMMANDS, ...BIT_FIELD_COMMANDS],
     ]) {
-      const keys = [...everywhere, ...local].flatMap((each) => each.keys as readonly string[]);
+      const commands: readonly Pick<Command<never>, 'keys' | 'moreKeys'>[] = [...everywhere, ...local];
+      const keys = commands.flatMap((each) => [...each.keys, ...(each.moreKeys ?? [])]);
       expect(new Set(keys).size).toBe(keys.length);
     }
   });

@@ -9,6 +9,8 @@ import { type ChordEvent, chordLabels, chordMatches, type KeyChord } from './key
 export interface Command<Target> {
   readonly id: string;
   readonly keys: readonly KeyChord[];
+  /** More keys that do it, which are in no list. */
+  readonly moreKeys?: readonly KeyChord[];
   /** Key of its text in the catalogue. */
   readonly label: LabelKey;
   /** Where its keys are the page's own; absent means everywhere. */
@@ -21,7 +23,7 @@ export interface Command<Target> {
   readonly passesOn?: boolean;
   /** A held key does it again and again. */
   readonly repeats?: boolean;
-  /** @param chord - the one of `keys` that was pressed; absent when it was chosen in another way */
+  /** @param chord - the key that was pressed; absent when it was chosen in another way */
   readonly run: (target: Target, chord?: KeyChord) => void;
 }
 
@@ -39,7 +41,8 @@ export function isOffered({ hosts }: Pick<Command<never>, 'hosts'>): boolean {
  */
 export function runCommand<Target>(commands: readonly Command<Target>[], event: CommandEvent, target: Target): boolean {
   for (const command of commands) {
-    const chord = isOffered(command) && command.keys.find((each) => chordMatches(each, event));
+    const keys = command.moreKeys ? [...command.keys, ...command.moreKeys] : command.keys;
+    const chord = isOffered(command) && keys.find((each) => chordMatches(each, event));
     if (!chord) continue;
     const isPossible = command.when?.(target) ?? true;
     if (!isPossible && command.yields) continue;

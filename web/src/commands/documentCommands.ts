@@ -64,7 +64,8 @@ export const DOCUMENT_COMMANDS = [
 export const PAGE_COMMANDS: readonly Command<DocumentTarget>[] = [
   {
     id: 'page.reload',
-    keys: ['F5', 'Ctrl+F5', 'Shift+F5', 'Mod+R', 'Mod+Shift+R', 'BrowserRefresh'],
+    keys: ['F5', 'Mod+R'],
+    moreKeys: ['Ctrl+F5', 'Shift+F5', 'Mod+Shift+R', 'BrowserRefresh'],
     label: 'commands.page.reload',
     when: mustStartAgain,
     yields: true,

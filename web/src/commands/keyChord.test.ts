@@ -46,7 +46,8 @@ describe('a key chord', () => {
     { chords: ['Mod+Shift+S'], labels: ['Ctrl+Shift+S'] },
     { chords: ['Alt+ArrowLeft', 'Alt+ArrowUp'], labels: ['Alt+Arrow keys'] },
     { chords: ['ArrowLeft', 'ArrowRight', 'Home', 'End'], labels: ['Arrow keys', 'Home', 'End'] },
-    { chords: ['ArrowLeft'], labels: ['Arrow Left'] },
+    { chords: ['ArrowLeft'], labels: ['←'] },
+    { chords: ['Ctrl+Shift+ArrowRight'], labels: ['Ctrl+Shift+→'] },
     { chords: ['BrowserRefresh'], labels: ['Browser Refresh'] },
   ])('$chords is read as $labels', ({ chords, labels }) => {
     expect(chordLabels(chords)).toEqual(labels);

@@ -73,6 +73,8 @@ function modifierLabel(modifier: string): string {
   return modifier;
 }
 
+const ARROW_SIGNS = '←→↑↓';
+
 function keyLabel(key: string): string {
-  return key.replace('Arrow', 'Arrow ').replace(/([a-z])([A-Z])/g, '$1 $2');
+  return ARROW_SIGNS[ARROWS.indexOf(key)] ?? key.replace(/([a-z])([A-Z])/g, '$1 $2');
 }

@@ -84,7 +84,7 @@ export function ListBox({ labelledBy, groups, isChosen, onChoose, multiple }: Li
             <div
               role="presentation"
               className={styles.groupOptions}
-              style={{ gridTemplateColumns: `repeat(${group.columns ?? 1}, auto)` }}
+              style={{ gridTemplateColumns: `repeat(${group.columns ?? 1}, minmax(min-content, 1fr))` }}
             >
               {options(group)}
             </div>

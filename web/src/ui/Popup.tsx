@@ -10,6 +10,8 @@ import styles from './Popup.module.css';
 export type PopupPlace = Pick<DOMRect, 'left' | 'top' | 'bottom'>;
 
 interface PopupProps {
+  /** Its content scrolls, so that it can be as small as the room beside what it is about. */
+  shrinks?: boolean;
   /** What opened the popup: it appears below, and the focus goes back there. */
   anchor: RefObject<HTMLElement | null>;
   /** Where it appears instead, in pixels of the window. */
@@ -19,11 +21,15 @@ interface PopupProps {
 }
 
 const EDGE = 4;
+/** Between a popup and its place. */
+const GAP = 2;
+/** A popup that may shrink covers its place rather than being lower than this. */
+const LEAST_ROOM = 240;
 
 /** Something over the page that closes with Escape, with Tab beyond its last stop, and with a press elsewhere. */
-export function Popup({ anchor, at, onClose, children }: PopupProps) {
+export function Popup({ anchor, at, shrinks = false, onClose, children }: PopupProps) {
   const popup = useRef<HTMLDivElement>(null);
-  useLayoutEffect(() => place(popup.current!, at ?? anchor.current!.getBoundingClientRect()));
+  useLayoutEffect(() => place(popup.current!, at ?? anchor.current!.getBoundingClientRect(), shrinks));
 
   useEffect(() => {
     const onPointerDown = ({ target }: PointerEvent) => {
@@ -76,9 +82,28 @@ function focusNextStop(popup: HTMLElement, event: KeyboardEvent): boolean {
   return true;
 }
 
-function place(popup: HTMLElement, { left, top, bottom }: PopupPlace): void {
+/** Below or above its place where it fits; else it covers the place, unless it may shrink beside it. */
+function place(popup: HTMLElement, { left, ...edges }: PopupPlace, shrinks: boolean): void {
+  // The place may be scrolled out of view.
+  const [top, bottom] = [inWindow(edges.top), inWindow(edges.bottom)];
+  const { style } = popup;
+  style.maxHeight = '';
   const { width, height } = popup.getBoundingClientRect();
-  const below = bottom + EDGE + height <= innerHeight;
-  popup.style.left = `${Math.max(EDGE, Math.min(left, innerWidth - width - EDGE))}px`;
-  popup.style.top = `${Math.max(EDGE, below ? bottom + 2 : top - height - 2)}px`;
+  const below = innerHeight - EDGE - bottom - GAP;
+  const above = top - GAP - EDGE;
+  const room = Math.max(below, above);
+  const isShrunk = shrinks && height > room && room >= LEAST_ROOM;
+  const shown = isShrunk ? room : height;
+  const isBelow = shown <= below;
+  // Above its place it stays there when it gets smaller.
+  const isAbove = !isBelow && shown <= above;
+  const covering = Math.max(EDGE, Math.min(top, innerHeight - EDGE - shown));
+  if (isShrunk) style.maxHeight = `${room}px`;
+  style.left = `${Math.max(EDGE, Math.min(left, innerWidth - width - EDGE))}px`;
+  style.bottom = isAbove ? `${innerHeight - top + GAP}px` : '';
+  style.top = isAbove ? '' : `${isBelow ? bottom + GAP : covering}px`;
+}
+
+function inWindow(y: number): number {
+  return Math.max(0, Math.min(y, innerHeight));
 }

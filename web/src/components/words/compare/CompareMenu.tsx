@@ -1,4 +1,5 @@
 import { useRef } from 'react';
+import type { FocusOrigin } from '../../../actions/focusOrigin';
 import { beginComparison, endAsking } from '../../../actions/sheetComparison';
 import { i18next } from '../../../i18n';
 import { setBits } from '../../../model/integer/setBits';
@@ -12,13 +13,13 @@ const LONGEST_NAME = 60;
 interface CompareMenuProps {
   sheetId: string;
   /** Where the focus goes back to. */
-  origin: HTMLElement | null;
+  origin: FocusOrigin | undefined;
 }
 
 /** The other sheets, each with how many bits differ, of which one is chosen to compare a sheet with. */
 export function CompareMenu({ sheetId, origin }: CompareMenuProps) {
   const sheets = useSheetsStore((store) => store.sheets);
-  const anchor = useRef(origin);
+  const anchor = useRef(origin?.element ?? null);
   const sheet = sheets.get(sheetId);
   const others = [...sheets.values()].filter(({ id }) => id !== sheetId);
   if (!sheet || others.length === 0) return null;

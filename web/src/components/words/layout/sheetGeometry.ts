@@ -165,7 +165,12 @@ function headerLinesFor(bits: number, count: number, boxWidth: number): number {
 }
 
 function colorHeight(boxWidth: number): number {
-  return HEADER_HEIGHT + (boxWidth < NARROWEST_COLOR_BOX ? 2 : 1) * COLOR_BODY_HEIGHT;
+  return HEADER_HEIGHT + (isNarrowColor(boxWidth) ? 2 : 1) * COLOR_BODY_HEIGHT;
+}
+
+/** Whether the fields of a color take twice as many lines. @param boxWidth - in pixels */
+export function isNarrowColor(boxWidth: number): boolean {
+  return boxWidth < NARROWEST_COLOR_BOX;
 }
 
 /**

@@ -116,7 +116,7 @@ function Panel({ panel }: { panel: WordPanel }) {
       return <CopyAsMenu key="copyAs" panel={panel} shared={shared} />;
     case 'inspect':
       return (
-        <Popup {...shared} key="inspect">
+        <Popup {...shared} shrinks key="inspect">
           <WordInspector word={word} />
         </Popup>
       );
@@ -125,7 +125,7 @@ function Panel({ panel }: { panel: WordPanel }) {
     case 'text': {
       const Form = { paste: PasteForm, operation: OperationForm, text: CopiedText }[panel.kind];
       return (
-        <Popup {...shared} key={panel.kind}>
+        <Popup {...shared} shrinks key={panel.kind}>
           <Form word={word} initial={panel.text} />
         </Popup>
       );

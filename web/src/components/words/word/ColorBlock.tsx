@@ -1,3 +1,4 @@
+import cc from 'classcat';
 import { memo } from 'react';
 import { i18next } from '../../../i18n';
 import { COLOR_CHANNELS, colorOfBlock } from '../../../model/color/colorWord';
@@ -8,6 +9,7 @@ import { readWord } from '../../../model/integer/wordLayout';
 import { wordNumber } from '../../../model/sheet/wordLabels';
 import { useSheetStore } from '../../../stores/sheetStore';
 import { Picker } from '../../../ui/Picker';
+import { isNarrowColor } from '../layout/sheetGeometry';
 import { BlockFrame, type BlockProps } from './BlockFrame';
 import styles from './ColorBlock.module.css';
 import { DigitsField, type Refusal } from './DigitsField';
@@ -54,7 +56,7 @@ export const ColorBlock = memo(function ColorBlock({ row, index, onMove, notatio
             <span className={headerStyles.number}>{wordNumber(index)}</span>
             <span>{row.shortLabel}</span>
           </div>
-          <div data-fields className={styles.color}>
+          <div data-fields className={cc([styles.color, isNarrowColor(row.boxWidth) && styles.narrow])}>
             <div className={styles.swatch}>
               <div style={{ backgroundColor: formatColor(color, 'RGBA') }} />
             </div>
