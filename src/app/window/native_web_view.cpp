@@ -1,7 +1,7 @@
 #include "app/window/native_web_view.h"
 
 #ifndef _WIN32
-#include "app/window/private_session_linux.h"
+#include "app/window/library_view_linux.h"
 #endif
 #include <webview.h>
 

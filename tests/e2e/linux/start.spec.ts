@@ -1,7 +1,8 @@
-import { copyFileSync, existsSync, mkdirSync, readFileSync, symlinkSync } from 'node:fs';
+import { copyFileSync, existsSync, mkdirSync, readdirSync, readFileSync, symlinkSync } from 'node:fs';
 import { basename, dirname, join } from 'node:path';
 import { startStories } from '../stories/start';
 import { expect, test } from '../support/linux/fixtures';
+import { pageProcess } from '../support/linux/pageProcess';
 import { sampleDocument } from '../support/shared/paths';
 import { launchArgs } from '../support/shared/runningProgram';
 
@@ -44,6 +45,15 @@ test('a document whose name has no way through the web view is reported', async 
 test('an empty document is reported on the start page', async ({ open, sandbox }) => {
   const program = await open([sandbox.write('empty.words.tessary')]);
   await program.shows('Failed to read file: Unknown error');
+});
+
+test('the page needs no OpenGL where no graphics processor draws', async ({ open }) => {
+  const program = await open([sampleDocument]);
+  await program.shows('SHA-256 initial hash');
+  const threads = `/proc/${pageProcess(program)}/task`;
+  const names = readdirSync(threads).map((id) => readFileSync(join(threads, id, 'comm'), 'utf8'));
+  const devices = existsSync('/dev/dri') ? readdirSync('/dev/dri') : [];
+  expect(names.some((name) => name.includes('Compositor'))).toBe(devices.some((name) => name.startsWith('renderD')));
 });
 
 test('the window has its title, size and icon', async ({ open }) => {
