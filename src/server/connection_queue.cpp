@@ -111,10 +111,18 @@ void ConnectionQueue::work() {
     if (self != workers_.end()) finished_.splice(finished_.end(), workers_, self);
 }
 
-bool ConnectionQueue::takeJob(std::unique_lock<std::mutex>& lock, Job& job) {
+void ConnectionQueue::awaitJob(std::unique_lock<std::mutex>& lock) {
     const auto isWanted = [this] { return !jobs_.empty() || closed_; };
+    while (workers_.size() > reserve) {
+        if (wake_.wait_for(lock, idleTime, isWanted) || workers_.size() > reserve) return;
+    }
+    // No clock wakes the reserve: a program that nobody asks anything stays idle.
+    wake_.wait(lock, isWanted);
+}
+
+bool ConnectionQueue::takeJob(std::unique_lock<std::mutex>& lock, Job& job) {
     ++idle_;
-    while (!wake_.wait_for(lock, idleTime, isWanted) && workers_.size() <= reserve) continue;
+    awaitJob(lock);
     --idle_;
     if (jobs_.empty()) return false;
     // Who has sent all of a request does not wait behind those who take their time.

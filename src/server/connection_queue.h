@@ -63,6 +63,8 @@ private:
 
     static void* runWorker(void* queue);
     void work();
+    /// Gives up after a while when there are more threads than the reserve.
+    void awaitJob(std::unique_lock<std::mutex>& lock);
     /// False when the thread should end.
     bool takeJob(std::unique_lock<std::mutex>& lock, Job& job);
     bool startWorker();

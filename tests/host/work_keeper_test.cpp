@@ -23,7 +23,8 @@ struct WorkKeeperTest : testing::Test {
 };
 }  // namespace
 
-TEST_F(WorkKeeperTest, AsksThePageEveryTenSeconds) {
+TEST_F(WorkKeeperTest, AsksAPageWithUnsavedWorkEveryTenSeconds) {
+    window.pageTitle = "Tessary*";
     keeper.start();
     window.pass(std::chrono::milliseconds(9999));
     EXPECT_TRUE(window.scripts.empty());
@@ -38,17 +39,21 @@ TEST_F(WorkKeeperTest, AsksThePageEveryTenSeconds) {
 }
 
 TEST_F(WorkKeeperTest, LeavesAnIdlePageAlone) {
-    keeper.start();
-    window.pass(std::chrono::seconds(10));
-    window.answer(none);
     window.pageTitle = "Tessary";
+    keeper.start();
     window.pass(std::chrono::hours(1));
-    EXPECT_EQ(window.scripts.size(), 1U);
+    EXPECT_TRUE(window.scripts.empty());
     window.pageTitle = "Tessary*";
     window.pass(std::chrono::seconds(10));
-    EXPECT_EQ(window.scripts.size(), 2U) << "the mark comes with the first change, whoever made it";
+    EXPECT_EQ(window.scripts.size(), 1U) << "the mark comes with the first change, whoever made it";
     window.answer(work);
     EXPECT_TRUE(isKept());
+    window.pageTitle = "Tessary";
+    window.pass(std::chrono::seconds(10));
+    window.answer(none);
+    EXPECT_FALSE(isKept()) << "work that was saved is asked about once more";
+    window.pass(std::chrono::hours(1));
+    EXPECT_EQ(window.scripts.size(), 2U);
 }
 
 TEST_F(WorkKeeperTest, KeepsTheCopyUntilTheWorkIsSaved) {

@@ -32,5 +32,5 @@ private:
     WorkCopy copy_;
     bool isWholeWanted_ = false;  ///< the last copy could not be written
     bool isPageNew_ = false;
-    bool hasWork_ = true;  ///< as far as is known
+    bool hasWork_ = false;  ///< as far as is known
 };
