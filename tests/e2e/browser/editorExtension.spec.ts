@@ -65,14 +65,16 @@ test.describe('in an editor extension', () => {
     await expectAccessible();
   });
 
-  test('Ctrl+I is left to the editor; the inspector opens by the menu and by the status line', async ({ page }) => {
+  test('the inspector opens by its key, by the menu and by the status line', async ({ page }) => {
     await send(page, documentText({ int: '0x41', intResolution: 64 }));
     const inspector = page.getByRole('dialog', { name: 'Int 64 word 1, all readings' });
     const value = page.getByRole('textbox', { name: 'Value' }).first();
     await value.focus();
     await page.keyboard.press('Control+i');
+    await expect(inspector).toBeVisible();
+    await page.keyboard.press('Escape');
+    await expect(value).toBeFocused();
     await page.keyboard.press('Shift+F10');
-    await expect(inspector).toBeHidden();
     await page.keyboard.press('i');
     await page.keyboard.press('Enter');
     await expect(inspector).toBeVisible();
@@ -80,6 +82,20 @@ test.describe('in an editor extension', () => {
     await expect(value).toBeFocused();
     await page.getByText('2 of 64 bits set').click();
     await expect(inspector).toBeVisible();
+  });
+
+  test('the editor has its keys also while a menu or a panel is open', async ({ page }) => {
+    await send(page, documentText({ int: '0x41', intResolution: 64 }));
+    await page.evaluate(() => addEventListener('keydown', ({ key }) => (document.title = key)));
+    await page.getByRole('textbox', { name: 'Value' }).first().focus();
+    for (const opener of ['Shift+F10', 'Control+i']) {
+      await page.keyboard.press(opener);
+      await page.locator('[data-popup] :focus').waitFor();
+      await page.keyboard.press('F12');
+      await expect.poll(() => page.title()).toBe('F12');
+      await page.keyboard.press('Escape');
+      await page.evaluate(() => (document.title = ''));
+    }
   });
 
   test('a document that it sends takes no focus from the editor', async ({ page }) => {

@@ -14,7 +14,6 @@ export const COMPARE_SHEETS: Command<unknown> = {
   id: 'compare.ask',
   keys: ['Mod+D'],
   label: 'commands.compare.ask',
-  hosts: ['native', 'browser'],
   run: () => askForComparison(),
 };
 
@@ -23,7 +22,6 @@ function goesTo(id: 'next' | 'previous', key: string, step: 1 | -1): Command<Com
     id: `compare.${id}`,
     keys: [key],
     label: `commands.compare.${id}`,
-    hosts: ['native', 'browser'],
     when: isComparing,
     yields: true,
     repeats: true,
@@ -31,7 +29,7 @@ function goesTo(id: 'next' | 'previous', key: string, step: 1 | -1): Command<Com
   };
 }
 
-/** In the order of the menu. An editor has these keys but for Escape; there the menu offers what they do. */
+/** In the order of the menu. */
 export const COMPARE_COMMANDS: readonly Command<CompareTarget>[] = [
   COMPARE_SHEETS,
   goesTo('next', 'F3', 1),

@@ -20,7 +20,6 @@ export const GO_TO_BITS: Command<unknown> = {
   id: 'range.goTo',
   keys: ['Mod+G'],
   label: 'commands.range.goTo',
-  hosts: ['native', 'browser'],
   run: () => askForRange({ kind: 'goTo' }),
 };
 

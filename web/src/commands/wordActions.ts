@@ -48,7 +48,6 @@ export const INSPECT_WORD: WordAction = {
   id: 'word.inspect',
   keys: ['Mod+I'],
   label: label('inspect'),
-  hosts: ['native', 'browser'],
   run: ({ word, place }) => openPanel(word, { kind: 'inspect' }, place),
 };
 
@@ -124,7 +123,6 @@ const BY_KEY: readonly WordAction[] = [
     id: 'word.repeat',
     keys: ['Mod+.'],
     label: label('repeat'),
-    hosts: ['native', 'browser'],
     when: () => appliedOperations.length > 0,
     repeats: true,
     run: ({ word }) => void operate(word, appliedOperations[0]!),

@@ -46,8 +46,8 @@ export function Popup({ anchor, at, shrinks = false, onClose, children }: PopupP
   }, [anchor, at, onClose]);
 
   const onKeyDown = (event: KeyboardEvent) => {
-    // The popup lies within a word or toolbar for React, whose keys it must not reach.
-    event.stopPropagation();
+    // The popup lies within a word or toolbar for React, whose keys it must not reach. An editor around the page has its own.
+    event.isPropagationStopped = () => true;
     if (event.key === 'Escape') event.preventDefault();
     if (event.key !== 'Escape' && event.key !== 'Tab') return;
     if (event.key === 'Tab' && focusNextStop(popup.current!, event)) return;

@@ -38,6 +38,13 @@ export class EditorWindow {
     await this.tab(name).waitFor();
   }
 
+  /** Shows a file again where another editor or none came into its place. */
+  async bringBack(name: string): Promise<void> {
+    if ((await this.tab(name).and(this.page.locator('[aria-selected="true"]')).count()) > 0) return;
+    await this.page.keyboard.press('Control+Shift+E');
+    await this.open(name);
+  }
+
   /** Opens a window on a folder with one file, and that file in the Words editor. */
   async openWords(name: string, text: string): Promise<WordsView> {
     this.write(name, text);

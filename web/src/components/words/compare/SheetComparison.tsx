@@ -12,14 +12,15 @@ import { CompareMenu } from './CompareMenu';
 export function SheetComparison() {
   const asked = useComparisonRequests((state) => state.asked);
   useEffect(() => {
-    // Whatever has the focus has its keys first, so that Escape ends what is nearest.
+    // Whatever has the focus has its keys first, so that Escape ends what is nearest. An editor around the page comes last.
     const onKeyDown = (event: KeyboardEvent) => {
       if (event.defaultPrevented || (event.target as Element).closest('[data-popup], [role="dialog"]')) return;
       const { bit } = activeBitState;
       runCommand(COMPARE_COMMANDS, event, { sheetBit: bit && bit.width * bit.index + bit.bit });
     };
-    addEventListener('keydown', onKeyDown);
-    return () => removeEventListener('keydown', onKeyDown);
+    const { body } = document;
+    body.addEventListener('keydown', onKeyDown);
+    return () => body.removeEventListener('keydown', onKeyDown);
   }, []);
   useEffect(
     () =>
