@@ -74,7 +74,7 @@ renameSync(join(page, 'app-icons/app-256.png'), join(folder, 'icon.png'));
 removeUnused();
 writeFileSync(join(page, 'index.html'), preparedPage());
 writeFileSync(join(folder, 'package.json'), manifest());
-for (const name of ['README.md', 'words.png']) cpSync(join(here, name), join(folder, name));
+for (const name of ['README.md', 'words.png', 'grammar.json']) cpSync(join(here, name), join(folder, name));
 const packages = [
   await bundle('extension.ts', 'cjs', 'extension.cjs'),
   await bundle('bridge.ts', 'iife', 'page/bridge.js'),

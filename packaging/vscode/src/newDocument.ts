@@ -1,19 +1,15 @@
-import { commands, Range, Uri, workspace, WorkspaceEdit } from 'vscode';
+import { commands, workspace } from 'vscode';
 import { VIEW_TYPE } from './wordsEditor';
 
-/** Opens a document that has no file yet. @param text - what it holds */
-export async function openNewDocument(text: string): Promise<void> {
-  const { uri } = await workspace.openTextDocument(freeName());
-  const change = new WorkspaceEdit();
-  change.replace(uri, new Range(0, 0, 0, 0), text);
-  await workspace.applyEdit(change);
-  await commands.executeCommand('vscode.openWith', uri, VIEW_TYPE);
-}
+/** Of the manifest. Its first file extension is the one that the editor proposes for a new document. */
+const LANGUAGE = 'tessary';
 
-function freeName(): Uri {
-  const open = new Set(workspace.textDocuments.map(({ uri }) => uri.toString()));
-  for (let number = 1; ; number++) {
-    const uri = Uri.from({ scheme: 'untitled', path: `Untitled-${number}.words.tessary` });
-    if (!open.has(uri.toString())) return uri;
-  }
+/**
+ * Opens a document that has no file yet. It must have no name of its own either: the editor would take that for a path,
+ * and save there without asking.
+ * @param content - its text
+ */
+export async function openNewDocument(content: string): Promise<void> {
+  const { uri } = await workspace.openTextDocument({ language: LANGUAGE, content });
+  await commands.executeCommand('vscode.openWith', uri, VIEW_TYPE);
 }

@@ -35,10 +35,21 @@ test('a long number shows what it is, with a link to open it', async ({ editor, 
   await expect(editor.words().value(32)).toHaveValue('3735928559');
 });
 
+test('the menu of the right button opens what is selected', async ({ editor, page }) => {
+  editor.write('a.c', SOURCE);
+  await editor.enter();
+  await editor.open('a.c');
+  await page.locator('.view-line').getByText('0xdeadbeef').dblclick();
+  await page.locator('.view-line').getByText('0xdeadbeef').click({ button: 'right' });
+  await page.getByRole('menuitem', { name: 'Show Selection as Words' }).click();
+  await expect(editor.words().sheets).toHaveText(['0xdeadbeef']);
+  await expect(editor.words().value(32)).toHaveValue('3735928559');
+});
+
 test('a new document has one sheet, and is not on the disk yet', async ({ editor }) => {
   await editor.enter();
   await editor.run('Tessary: New Words Document');
   await expect(editor.words().value()).toHaveValue('0');
   await editor.words().enter('5');
-  await editor.expectDirty('Untitled-1.words.tessary', true);
+  await editor.expectDirty('Untitled-1', true);
 });

@@ -38,6 +38,13 @@ export class EditorWindow {
     await this.tab(name).waitFor();
   }
 
+  /** Shows what is in a folder of the list of files. */
+  async unfold(folder: string): Promise<void> {
+    const item = this.page.getByRole('treeitem', { name: folder }).first();
+    await item.click();
+    await this.page.keyboard.press('ArrowRight');
+  }
+
   /** Shows a file again where another editor or none came into its place. */
   async bringBack(name: string): Promise<void> {
     if ((await this.tab(name).and(this.page.locator('[aria-selected="true"]')).count()) > 0) return;
