@@ -60,12 +60,12 @@ test('auto save writes an edit without being asked', async ({ editor }) => {
   await expect.poll(() => editor.read(NAME)).toContain('"int": "0xfe"');
 });
 
-test('an edit in 1,000 sheets changes the line that holds it, and line ends and the final line break stay', async ({
+test('an edit in 1,000 sheets changes the line that holds it; byte order mark, line ends and the final break stay', async ({
   editor,
   page,
 }) => {
   const sheets = Array.from({ length: 1000 }, (_, at) => ({ id: `s${at}`, displayName: `Sheet ${at}`, int: '0xff' }));
-  const text = `${documentText(...sheets)}\n`.replaceAll('\n', '\r\n');
+  const text = `\uFEFF${documentText(...sheets)}\n`.replaceAll('\n', '\r\n');
   const view = await editor.openWords(NAME, text);
   await view.enter('254');
   await page.keyboard.press('Control+S');
