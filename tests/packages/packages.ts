@@ -12,6 +12,9 @@ export const debianPackage = `${packages}/tessary_${version}_${architecture}.deb
 export const windowsZip = `${packages}/tessary-${version}-windows-x64.zip`;
 export const windowsInstaller = `${packages}/tessary-${version}-windows-x64-setup.exe`;
 export const webZip = `${packages}/tessary-${version}-web.zip`;
+export const vscodePackage = `${packages}/tessary-${version}.vsix`;
+
+type Target = 'linux' | 'windows' | 'web' | 'vscode';
 
 /** Runs a command that has to succeed, and gives what it prints. */
 export function run(command: string, ...args: string[]): string {
@@ -25,9 +28,9 @@ export function filesIn(zip: string): string[] {
 }
 
 /** What a package is made of: the page's libraries by the bundler's list, the host's by what the linker was given. */
-export function librariesIn(target: 'linux' | 'windows' | 'web'): string[] {
-  const folders = JSON.parse(readFileSync(`${root}build/page-packages.json`, 'utf8')) as string[];
-  const page = folders.map((folder) => folder.split('node_modules/').at(-1)!);
+export function librariesIn(target: Target): string[] {
+  const page = bundledIn('page-packages.json');
+  if (target === 'vscode') return [...new Set([...page, ...bundledIn('extension-packages.json')])];
   if (target === 'web') return page;
   const commands = run('ninja', '-C', `${root}build/${target}`, '-t', 'commands', 'tessary');
   const linked = [...commands.matchAll(/\/deps\/\w+\/lib\/lib([\w-]+)\.a/g)].map(([, name]) => name!);
@@ -35,6 +38,12 @@ export function librariesIn(target: 'linux' | 'windows' | 'web'): string[] {
   // Brotli comes in three parts; the others named here are headers only.
   const host = linked.map((name) => name.replace(/^brotli.*/, 'brotli'));
   return [...new Set([...host, 'cpp-httplib', 'libargparse', 'webview', ...page])];
+}
+
+/** The names of the npm packages that a bundler listed. */
+function bundledIn(list: string): string[] {
+  const folders = JSON.parse(readFileSync(`${root}build/${list}`, 'utf8')) as string[];
+  return folders.map((folder) => folder.split('node_modules/').at(-1)!);
 }
 
 /** The libraries that a text with licences is about, by its headings or, in Debian's format, by its lists of files. */
@@ -48,7 +57,7 @@ export function namedIn(licences: string): string[] {
 }
 
 /** The libraries that a package is made of and that its text with licences does not name. */
-export function withoutLicence(target: 'linux' | 'windows' | 'web', licences: string): string[] {
+export function withoutLicence(target: Target, licences: string): string[] {
   const named = namedIn(licences);
   const libraries = librariesIn(target).map((name) => (name === 'fmt' ? 'fmtlib' : name));
   return libraries.filter((name) => !named.includes(name));
