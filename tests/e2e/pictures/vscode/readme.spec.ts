@@ -1,11 +1,17 @@
 import { execFileSync } from 'node:child_process';
-import { readFileSync } from 'node:fs';
+import { mkdirSync, readFileSync } from 'node:fs';
+import { join } from 'node:path';
 import { root, sampleDocument } from '../../support/shared/paths';
-import { test } from '../../support/vscode/fixtures';
+import { expect, test } from '../../support/vscode/fixtures';
 
 test('the picture of the extension: a document in the editor', async ({ editor, page }) => {
   await page.setViewportSize({ width: 1000, height: 620 });
+  // What names the folder of this run and says nothing of the document.
+  mkdirSync(join(editor.folder, '.vscode'));
+  editor.write('.vscode/settings.json', JSON.stringify({ 'window.commandCenter': false, 'window.title': 'Tessary' }));
   const view = await editor.openWords('sample.words.tessary', readFileSync(sampleDocument, 'utf8'));
+  await editor.run('View: Close Primary Side Bar');
+  await expect(page.locator('.part.sidebar')).toBeHidden();
   await view.sheets.filter({ hasText: 'Pi as a double' }).click();
   await view.value().hover();
   const file = `${root}packaging/vscode/words.png`;
