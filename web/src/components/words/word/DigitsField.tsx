@@ -3,6 +3,7 @@ import {
   type CSSProperties,
   type FocusEvent,
   type KeyboardEvent,
+  useEffect,
   useId,
   useLayoutEffect,
   useRef,
@@ -66,7 +67,8 @@ export function DigitsField(props: DigitsFieldProps) {
 
   // Another element takes over, too, when the text no longer fits one line, and back.
   useLayoutEffect(() => showText(element.current!, shown), [shown, content, source, isMultiline, commits]);
-  useLayoutEffect(() => {
+  // After all words show their new texts: a focus needs the layout, which would be computed once more.
+  useEffect(() => {
     if (!selection.current) return;
     element.current!.focus({ preventScroll: true });
     element.current!.setSelectionRange(...selection.current);
