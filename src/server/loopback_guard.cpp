@@ -2,9 +2,9 @@
 
 #include <httplib.h>
 
-LoopbackGuard::LoopbackGuard(std::int32_t serverPort) {
-    if (serverPort < 1) return;
-    const auto port = static_cast<std::uint16_t>(serverPort);
+LoopbackGuard::LoopbackGuard(std::int32_t boundPort) {
+    if (boundPort < 1) return;
+    const auto port = static_cast<std::uint16_t>(boundPort);
     version4_.emplace(AF_INET, port);
     version6_.emplace(AF_INET6, port);
 }

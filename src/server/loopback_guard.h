@@ -10,7 +10,7 @@
 class LoopbackGuard {
 public:
     /// A port below 1, which a server without an address has, holds nothing.
-    explicit LoopbackGuard(std::int32_t serverPort);
+    explicit LoopbackGuard(std::int32_t boundPort);
 
     /// Another program has the address already.
     [[nodiscard]] bool otherAddressIsTaken() const;

@@ -74,12 +74,12 @@ private:
     }
 
     template <typename Work>
-    Tally killAgainAndAgain(Work work) {
+    Tally killAgainAndAgain(Work saving) {
         std::mt19937 random{std::random_device{}()};
         std::uniform_int_distribution<std::int64_t> moment(0, 2 * microsecondsOfASave());
         Tally tally;
         for (int kill = 0; kill < kills; ++kill) {
-            killDuring(work, std::chrono::microseconds(moment(random)));
+            killDuring(saving, std::chrono::microseconds(moment(random)));
             if (!std::filesystem::exists(document_)) {
                 ++tally.missing;
                 continue;
@@ -99,17 +99,17 @@ private:
     }
 
     template <typename Work>
-    static std::int64_t microsecondsOf(Work work) {
+    static std::int64_t microsecondsOf(Work saving) {
         const auto begin = std::chrono::steady_clock::now();
-        work();
+        saving();
         const auto duration = std::chrono::steady_clock::now() - begin;
         return std::chrono::duration_cast<std::chrono::microseconds>(duration).count();
     }
 
     template <typename Work>
-    static void killDuring(Work work, std::chrono::microseconds after) {
+    static void killDuring(Work saving, std::chrono::microseconds after) {
         const pid_t saver = fork();
-        if (saver == 0) work();
+        if (saver == 0) saving();
         std::this_thread::sleep_for(after);
         kill(saver, SIGKILL);
         waitpid(saver, nullptr, 0);

@@ -47,23 +47,23 @@ protected:
 }  // namespace
 
 TEST_P(LoopbackGuardOf, AServerIsKeptFromOthers) {
-    const OtherServer server(own);
-    ASSERT_GT(server.port(), 0);
+    const OtherServer listening(own);
+    ASSERT_GT(listening.port(), 0);
     {
-        const LoopbackGuard held(server.port());
+        const LoopbackGuard held(listening.port());
         EXPECT_FALSE(held.otherAddressIsTaken());
-        EXPECT_EQ(OtherServer(other, server.port()).port(), -1);
-        EXPECT_FALSE(answers(other, server.port()));
-        EXPECT_TRUE(answers(own, server.port()));
+        EXPECT_EQ(OtherServer(other, listening.port()).port(), -1);
+        EXPECT_FALSE(answers(other, listening.port()));
+        EXPECT_TRUE(answers(own, listening.port()));
     }
-    EXPECT_EQ(OtherServer(other, server.port()).port(), server.port()) << "free again once nobody holds it";
+    EXPECT_EQ(OtherServer(other, listening.port()).port(), listening.port()) << "free again once nobody holds it";
 }
 
 TEST_P(LoopbackGuardOf, AServerIsTakenWhereAnotherListens) {
-    const OtherServer server(own);
-    const OtherServer intruder(other, server.port());
-    ASSERT_EQ(intruder.port(), server.port());
-    const LoopbackGuard held(server.port());
+    const OtherServer listening(own);
+    const OtherServer intruder(other, listening.port());
+    ASSERT_EQ(intruder.port(), listening.port());
+    const LoopbackGuard held(listening.port());
     EXPECT_TRUE(held.otherAddressIsTaken());
 }
 
@@ -77,8 +77,8 @@ GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(LoopbackGuardOf);
 INSTANTIATE_TEST_SUITE_P(BothWays, LoopbackGuardOf, testing::ValuesIn(bothWays()));
 
 TEST(LoopbackGuard, OfTheOnlyServerIsNotTaken) {
-    const OtherServer server("127.0.0.1");
-    EXPECT_FALSE(LoopbackGuard(server.port()).otherAddressIsTaken());
+    const OtherServer listening("127.0.0.1");
+    EXPECT_FALSE(LoopbackGuard(listening.port()).otherAddressIsTaken());
 }
 
 TEST(LoopbackGuard, OfNoServerIsNotTaken) { EXPECT_FALSE(LoopbackGuard(-1).otherAddressIsTaken()); }
