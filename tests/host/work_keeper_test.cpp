@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "app/window/patient_question.h"
 #include "fake_page_window.h"
 #include "temporary_folder.h"
 
@@ -74,6 +75,55 @@ TEST_F(WorkKeeperTest, AsksForAllOfTheWorkAfterACopyThatCouldNotBeWritten) {
     EXPECT_EQ(window.scripts[0].find("whole"), std::string::npos);
     EXPECT_NE(window.scripts[1].find("whole"), std::string::npos);
     EXPECT_TRUE(isKept());
+}
+
+TEST_F(WorkKeeperTest, KeepsWorkThatAHangingPageGivesLate) {
+    window.pageTitle = "Tessary*";
+    keeper.start();
+    window.pass(std::chrono::seconds(10) + pagePatience);
+    EXPECT_FALSE(isKept());
+    window.answer(work);
+    EXPECT_TRUE(isKept());
+    window.pass(std::chrono::seconds(10));
+    EXPECT_EQ(window.scripts.size(), 2U);
+    window.answer(R"({"state":"same"})");
+    EXPECT_TRUE(isKept());
+}
+
+TEST_F(WorkKeeperTest, CallsDoneOnceWhenThePageAnswersLate) {
+    int calls = 0;
+    keeper.keepNow([&] { ++calls; });
+    window.pass(pagePatience);
+    EXPECT_EQ(calls, 1);
+    window.answer(work);
+    EXPECT_EQ(calls, 1);
+}
+
+TEST_F(WorkKeeperTest, AsksForAllOfTheWorkAfterAnAnswerThatWasLost) {
+    keep(std::nullopt);
+    keep(work);
+    EXPECT_NE(window.scripts[1].find("whole"), std::string::npos);
+    keep(R"({"state":"same"})");
+    keep(work);
+    EXPECT_EQ(window.scripts[3].find("whole"), std::string::npos);
+}
+
+TEST_F(WorkKeeperTest, KeepsNothingOfWorkThatWasDiscardedMeanwhile) {
+    keeper.keepNow([] {});
+    keeper.discard();
+    window.answer(work);
+    EXPECT_FALSE(isKept());
+}
+
+TEST_F(WorkKeeperTest, MayEndBeforeThePageAnswers) {
+    bool isDone = false;
+    {
+        WorkKeeper ended(window, folder);
+        ended.keepNow([&] { isDone = true; });
+    }
+    window.answer(work);
+    EXPECT_TRUE(isDone);
+    EXPECT_FALSE(isKept());
 }
 
 TEST_F(WorkKeeperTest, LeavesTheCopyOfWorkThatAPageLostWithItsProcess) {

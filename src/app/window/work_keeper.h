@@ -2,6 +2,7 @@
 #pragma once
 #include <chrono>
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "app/window/page_window.h"
@@ -18,10 +19,11 @@ public:
     /// From now on asks the page every `copyInterval` while it has unsaved work. A page without is left alone, since
     /// every question wakes two processes up.
     void start();
-    /// Asks the page now, and calls `done` when the copy is written or the page takes too long.
+    /// Asks the page now, and calls `done` when the copy is written or the page takes too long. An answer that comes
+    /// later is written all the same: the page will not give the same work again unless it changes.
     void keepNow(std::function<void()> done);
-    /// The work is discarded, or there is none: the copy goes.
-    void discard() { copy_.remove(); }
+    /// The work is discarded, or there is none: the copy goes, and answers to earlier questions are of no use.
+    void discard();
     /// The page is loaded again. If it has nothing of the work that the copy holds then, the copy stays for ever.
     void pageDied() { isPageNew_ = true; }
 
@@ -30,7 +32,9 @@ private:
 
     PageWindow& window_;
     WorkCopy copy_;
-    bool isWholeWanted_ = false;  ///< the last copy could not be written
+    /// Shared with the questions whose answers are wanted: they may outlive this object, or the work.
+    std::shared_ptr<const bool> asking_ = std::make_shared<const bool>(true);
+    bool isWholeWanted_ = false;  ///< the last answer was lost, or its copy could not be written
     bool isPageNew_ = false;
     bool hasWork_ = false;  ///< as far as is known
 };
