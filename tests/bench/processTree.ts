@@ -28,6 +28,16 @@ function sizeOf(pid: number, kind: string): number {
   return Number(new RegExp(`^${kind}:\\s+(\\d+) kB$`, 'm').exec(rollup)?.[1] ?? 0) / 1000;
 }
 
+/** Milliseconds of processor time that a process has used, to the hundredth of a second. */
+export function processorTime(pid: number): number {
+  const [user = NaN, system = NaN] = readFileSync(`/proc/${pid}/stat`, 'utf8')
+    .replace(/^.*\)/s, '')
+    .split(' ')
+    .slice(12, 14)
+    .map(Number);
+  return (user + system) * 10;
+}
+
 /** The file name of the program that a process runs. */
 export function programOf(pid: number): string {
   return readlinkSync(`/proc/${pid}/exe`).replace(/^.*\//, '');

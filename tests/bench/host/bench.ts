@@ -1,7 +1,7 @@
 import { mkdtempSync, rmSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
-import { measureServer } from './server.ts';
+import { measureBareLibrary, measureServer } from './server.ts';
 import { Served, Session } from './session.ts';
 import { compareStarts } from './starts.ts';
 
@@ -13,8 +13,9 @@ const serving = await Session.start(join(folder, 'serving'));
 try {
   if (Number(rounds) > 0) await compareStarts(root, tools, showing, Number(rounds));
   const served = await Served.start(serving, join(root, 'build', 'linux', 'tessary'));
-  await measureServer(root, join(tools, 'load'), served.port);
+  await measureServer(root, tools, served);
   await served.stop();
+  await measureBareLibrary(tools, serving);
 } finally {
   await showing.stop();
   await serving.stop();

@@ -23,6 +23,8 @@ export interface LoadResult {
   late: number;
   /** Bytes of one answer's body. */
   bytes: number;
+  /** Microseconds of processor time that the client took for a request. */
+  clientTime: number;
 }
 
 /** @param client - the built load client */
@@ -35,9 +37,16 @@ export async function putUnderLoad(
     client,
     [port, path, headers, connections, milliseconds, bursts].map(String),
   );
-  const [requests = NaN, seconds = NaN, median = NaN, p99 = NaN, longest = NaN, late = NaN, bytes = NaN] = stdout
-    .trim()
-    .split(' ')
-    .map(Number);
-  return { requests, requestsPerSecond: requests / seconds, median, p99, longest, late, bytes };
+  const [requests = NaN, seconds = NaN, median = NaN, p99 = NaN, longest = NaN, late = NaN, bytes = NaN, used = NaN] =
+    stdout.trim().split(' ').map(Number);
+  return {
+    requests,
+    requestsPerSecond: requests / seconds,
+    median,
+    p99,
+    longest,
+    late,
+    bytes,
+    clientTime: (used / requests) * 1e3,
+  };
 }

@@ -95,9 +95,19 @@ export class Served {
   readonly port: number;
   readonly #process: ChildProcess;
 
+  /** Runs a program that prints its port. */
+  static async speaking(session: Session, command: string, options: string[]): Promise<Served> {
+    const { process, firstLine } = await startSpeaking(command, options, session.env);
+    return new Served(process, Number(firstLine));
+  }
+
   private constructor(process: ChildProcess, port: number) {
     this.#process = process;
     this.port = port;
+  }
+
+  get pid(): number {
+    return this.#process.pid ?? 0;
   }
 
   /** Runs a copy of the executable, so that no memory is shared with another one, from its own folder. */
