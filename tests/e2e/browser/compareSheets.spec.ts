@@ -20,16 +20,19 @@ async function compare(page: Page, other: string) {
   await chooser(page).getByRole('menuitem', { name: other }).click();
 }
 
-/** Pixels of the colour that differences are outlined in, in a bit field. */
-const outlinedPixels = (tool: WordsTool, bits: number, word: number) =>
-  tool.word(bits, word).bits.evaluate((canvas: HTMLCanvasElement) => {
+const DIFFERENCE = 0xff9e64;
+const RANGE = 0xff8ad8;
+
+/** Pixels of a bit field in the colour that differences, or a range, are outlined in. */
+const outlinedPixels = (tool: WordsTool, bits: number, word: number, color = DIFFERENCE) =>
+  tool.word(bits, word).bits.evaluate((canvas: HTMLCanvasElement, wanted) => {
     const { data } = canvas.getContext('2d')!.getImageData(0, 0, canvas.width, canvas.height);
     let count = 0;
     for (let at = 0; at < data.length; at += 4) {
-      if (data[at] === 0xff && data[at + 1] === 0x9e && data[at + 2] === 0x64) count++;
+      if ((data[at]! << 16) + (data[at + 1]! << 8) + data[at + 2]! === wanted) count++;
     }
     return count;
-  });
+  }, color);
 
 test.describe('comparing two sheets', () => {
   test('outlines the bits that differ in every row, and says how many and where', async ({ page, enter }) => {
@@ -120,6 +123,37 @@ test.describe('comparing two sheets', () => {
       await page.keyboard.press(key);
       await expect(tool.status).toHaveText('Difference 1 of 1: bit 3');
     }
+  });
+
+  test('goes on beside bits that are chosen, which look different; Escape ends these first', async ({
+    page,
+    enter,
+    expectAccessible,
+  }) => {
+    const tool = new WordsTool(page);
+    await tool.open(enter, NARROW, SECOND);
+    const { bits } = tool.word(64, 1);
+    const outlined = async () => [await outlinedPixels(tool, 64, 1), await outlinedPixels(tool, 64, 1, RANGE)];
+    const seen = async (difference: boolean, range: boolean) =>
+      expect.poll(async () => (await outlined()).map((count) => count > 0)).toEqual([difference, range]);
+    await compare(page, 'Second');
+    await seen(true, false);
+    await page.keyboard.press('Control+g');
+    await page.keyboard.type('5:2'); // bit 3 differs
+    await page.keyboard.press('Enter');
+    await expect(tool.status).toContainText('[5:2] 4 bits = 0xF');
+    await expect(page.getByText('3 bits differ, first at 3, last at 190')).toBeVisible();
+    await seen(true, true);
+    await expectAccessible();
+    await page.keyboard.press('Delete');
+    await expect(tool.word(64, 1).base(16)).toHaveValue('C3');
+    await expect(page.getByText('5 bits differ, first at 2, last at 190')).toBeVisible();
+    await page.keyboard.press('Escape');
+    await seen(true, false);
+    await expect(bits).toBeFocused();
+    await page.keyboard.press('Escape');
+    await seen(false, false);
+    await expect(page.getByText('bits differ')).toBeHidden();
   });
 
   test('with no other sheet says so, and F3 is the browser’s own while nothing is compared', async ({
