@@ -4,6 +4,7 @@ import {
   memo,
   type PointerEvent,
   useContext,
+  useEffect,
   useLayoutEffect,
   useRef,
   useState,
@@ -14,6 +15,7 @@ import { i18next } from '../../../i18n';
 import { floatFieldAt, floatFormatFor } from '../../../model/float/floatFormats';
 import { formatInteger } from '../../../model/integer/formatInteger';
 import { readWord } from '../../../model/integer/wordLayout';
+import { holds } from '../../../model/range/bitRange';
 import { type OutlineKind, useBitOutlines } from '../../../stores/bitOutlines';
 import { chooseRange, chosenRange, currentRange } from '../../../stores/bitRange';
 import { currentGesture } from '../../../stores/gesture';
@@ -30,6 +32,7 @@ import { BitFieldPainter } from './bitFieldPainter';
 import { useBitFieldPalette } from './bitFieldPalette';
 import type { WordOutlines } from './drawBitField';
 import { useNameLabels } from './nameLabels';
+import { PressAndHold } from './pressAndHold';
 
 export const READOUT_ID = 'bit-readout';
 
@@ -58,6 +61,7 @@ export const BitField = memo(function BitField({
   const row = useContext(RowScroller);
   const sheet = useContext(SheetScroller);
   const [painter] = useState(() => new BitFieldPainter());
+  const [press] = useState(() => new PressAndHold());
   const palette = useBitFieldPalette();
   const names = useNameLabels(sheetId, width, index);
   const digits = formatInteger(word, 2, width).padStart(width, '0');
@@ -121,13 +125,26 @@ export const BitField = memo(function BitField({
     return range && { type: 'integer' as const, bits: width, index, range };
   };
 
+  useEffect(() => {
+    const element = canvas.current!;
+    // A finger that chooses bits scrolls nothing, and presses nothing where it is lifted.
+    const keepFromEngine = (event: TouchEvent) => {
+      if (press.wasHeld) event.preventDefault();
+    };
+    for (const type of ['touchmove', 'touchend'] as const) {
+      element.addEventListener(type, keepFromEngine, { passive: false });
+    }
+    return () => press.end();
+  }, [press]);
   useLayoutEffect(() => void bitCursors.set(canvas.current!, moveCursor));
 
   const bitUnder = ({ nativeEvent }: PointerEvent) => bitAt(layout, nativeEvent.offsetX, nativeEvent.offsetY);
   const onPointerDown = (event: PointerEvent<HTMLCanvasElement>) => {
-    if (event.button !== 0 || event.pointerType === 'touch') return;
-    event.currentTarget.setPointerCapture(event.pointerId);
+    if (event.button !== 0) return;
     const bit = bitUnder(event);
+    press.begin(event, () => holdAt(bit));
+    if (event.pointerType === 'touch') return;
+    event.currentTarget.setPointerCapture(event.pointerId);
     leaveField();
     if (event.shiftKey) return beginRange(event, bit);
     stroke.current = { value: !isSet(bit), last: bit };
@@ -139,16 +156,34 @@ export const BitField = memo(function BitField({
   const beginRange = (event: PointerEvent<HTMLCanvasElement>, bit: number) => {
     // The browser would select the texts from where the focus was.
     event.preventDefault();
+    startRange(bit);
+    choose(sheetBit(bit), sheetBit(bit));
+  };
+  const startRange = (bit: number) => {
     cursor.current = bit;
-    event.currentTarget.focus({ preventScroll: true });
+    canvas.current!.focus({ preventScroll: true });
     painter.mark({ cursor: bit, hovered: bit });
     rangeStart.current = sheetBit(bit);
-    choose(sheetBit(bit), sheetBit(bit));
+  };
+  /** A long press begins a range, or is about the one that it is in. What a pen flipped at first is flipped back. */
+  const holdAt = (bit: number) => {
+    if (stroke.current) {
+      setBit(bit, !stroke.current.value);
+      forgetSince(currentGesture());
+      stroke.current = undefined;
+    }
+    leaveField();
+    startRange(bit);
+    const at = sheetBit(bit);
+    const range = currentRange();
+    if (!range || !holds(range, { hi: at, lo: at })) choose(at, at);
   };
   const onPointerMove = (event: PointerEvent) => {
     const bit = bitUnder(event);
+    press.move(event);
     if ((event.buttons & 1) === 0) rangeStart.current = undefined;
     if (rangeStart.current !== undefined) {
+      if (bit === cursor.current) return;
       cursor.current = bit;
       painter.mark({ cursor: bit, hovered: bit });
       return choose(rangeStart.current, sheetBit(bit));
@@ -169,8 +204,22 @@ export const BitField = memo(function BitField({
     else showBit(undefined);
   };
   const endPress = () => {
+    press.end();
     stroke.current = undefined;
     rangeStart.current = undefined;
+  };
+  const onPointerUp = (event: PointerEvent) => {
+    const isMenu = press.wasHeld && rangeStart.current === sheetBit(bitUnder(event));
+    endPress();
+    if (!isMenu) return;
+    read(cursor.current);
+    askForMenu(event);
+  };
+  // Some engines ask for the menu while a finger still rests.
+  const onContextMenu = (event: React.MouseEvent) => {
+    if (!press.hold() && rangeStart.current === undefined) return;
+    event.preventDefault();
+    event.stopPropagation();
   };
   /** Chooses the byte, or the part of the float. The two presses before it flipped the bit and flipped it back. */
   const onDoubleClick = (event: React.MouseEvent) => {
@@ -185,7 +234,7 @@ export const BitField = memo(function BitField({
   // A finger that scrolls must not toggle, so a touch counts once it ends as a press.
   const onClick = (event: React.MouseEvent<HTMLCanvasElement>) => {
     const { pointerType, offsetX, offsetY } = event.nativeEvent as globalThis.PointerEvent;
-    if (pointerType !== 'touch') return;
+    if (pointerType !== 'touch' || press.wasHeld) return;
     const bit = bitAt(layout, offsetX, offsetY);
     setBit(bit, !isSet(bit));
   };
@@ -228,8 +277,9 @@ export const BitField = memo(function BitField({
         onPointerDown={onPointerDown}
         onPointerMove={onPointerMove}
         onPointerLeave={onPointerLeave}
-        onPointerUp={endPress}
+        onPointerUp={onPointerUp}
         onPointerCancel={endPress}
+        onContextMenu={onContextMenu}
         onDoubleClick={onDoubleClick}
         onClick={onClick}
         onKeyDown={onKeyDown}
@@ -240,6 +290,12 @@ export const BitField = memo(function BitField({
     </>
   );
 });
+
+/** Opens the menu of the bits, as the right button of a mouse does. */
+function askForMenu({ currentTarget, clientX, clientY }: PointerEvent): void {
+  const options = { bubbles: true, cancelable: true, clientX, clientY };
+  currentTarget.dispatchEvent(new MouseEvent('contextmenu', options));
+}
 
 /** What is outlined of a word of a sheet. */
 function outlinesOf(sheetId: string | null, width: number, index: number): WordOutlines {
