@@ -49,6 +49,24 @@ test('a screen reader finds rows, words and fields, and how many words a row out
   ]);
 });
 
+test('a screen reader hears once what an operation made of a word', async ({ open, sandbox }) => {
+  const program = await open([sandbox.write('mine.words.tessary', documentText({ int: '0x5', intResolution: 32 }))]);
+  await finds(program, 'status bar', ''); // a reader reads the page before it is told of changes
+  await program.desktop.listen(async (heard) => {
+    const said = async (text: string) => {
+      await until(`"${text}"`, () => heard().some((each) => each[1] === text));
+      expect(heard().filter((each) => each[1] === text)).toEqual([['status bar', text]]);
+    };
+    await focus(program, 'Int 32 word 1', '[data-operation="shift-left"]');
+    program.desktop.press('space');
+    await said('Shift left: Int 32 word 1 is 10');
+    program.desktop.press('space');
+    await said('Shift left: Int 32 word 1 is 20');
+    program.desktop.press('ctrl+z');
+    await said('Undid shift left, Int 32 word 1');
+  });
+});
+
 test('a screen reader finds bits one by one, and what an operation made of a word', async ({ open, sandbox }) => {
   const program = await open([sandbox.write('mine.words.tessary', documentText({ int: '0x5', intResolution: 32 }))]);
   await focus(program, 'Int 32 word 1', 'canvas');
@@ -63,5 +81,5 @@ test('a screen reader finds bits one by one, and what an operation made of a wor
   program.desktop.press('space');
   const reports = () => heard(program).filter(({ text }) => text === 'Shift left: Int 32 word 1 is 8');
   await until('the report', () => reports().length > 0);
-  expect(reports().map(({ role }) => role)).toEqual(['status bar']);
+  expect(reports().map(({ role }) => role)).toEqual(['status bar', 'section']);
 });

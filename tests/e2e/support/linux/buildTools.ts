@@ -8,6 +8,7 @@ export default function buildTools() {
   mkdirSync(tools, { recursive: true });
   build('close_window', 'x11');
   build('accessible_tree', 'atspi-2', 'gobject-2.0');
+  build('accessible_events', 'atspi-2', 'gobject-2.0');
   build('drag_source', 'gtk+-3.0');
   compile('fake_clock', 'fake_clock.so', '-shared', '-fPIC');
   compile('failing_flush', 'failing_flush.so', '-shared', '-fPIC');

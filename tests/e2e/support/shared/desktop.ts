@@ -90,6 +90,29 @@ export class Desktop {
       });
   }
 
+  /**
+   * Listens as a screen reader does. `act` may ask what was heard so far of live regions: their role, and the text.
+   */
+  async listen(act: (heard: () => [role?: string, text?: string][]) => Promise<void>) {
+    const listener = spawn(`${tools}/accessible_events`, {
+      env: this.environment,
+      stdio: ['ignore', 'pipe', 'ignore'],
+    });
+    let printed = '';
+    listener.stdout.setEncoding('utf8').on('data', (text: string) => (printed += text));
+    const lines = () => printed.split('\n').slice(0, -1);
+    try {
+      await until('a screen reader to listen', () => lines()[0] === 'ready');
+      await act(() =>
+        lines()
+          .slice(1)
+          .map((line) => line.split('\t') as [string, string]),
+      );
+    } finally {
+      listener.kill();
+    }
+  }
+
   /** What `xprop` or `xwininfo` say about a window. */
   describe(tool: 'xprop' | 'xwininfo', window: DesktopWindow, ...options: string[]): string {
     return this.#run(tool, '-id', window.id, ...options);

@@ -28,7 +28,7 @@ export function BitStatus() {
   return (
     <div className={cc([styles.line, range && styles.tall])}>
       <div id={READOUT_ID} className={styles.status} role="status" aria-atomic={!range}>
-        {text || (isPending && t('words.altered'))}
+        {text ? <Report key={text} text={text} /> : isPending && t('words.altered')}
         {isFree && range && <RangeReading range={range} />}
         {isFree && bit && (
           <>
@@ -58,4 +58,9 @@ function RangeReading({ range }: { range: BitRange }) {
   useSheetStore((sheet) => sheet.int);
   useSheetStore((sheet) => sheet.focusedBlock);
   return <span className={styles.range}>{rangeReading(range)}</span>;
+}
+
+/** A block, and a new one for each text: WebKitGTK sends screen readers nothing of a text that changes, or of what is inline. */
+function Report({ text }: { text: string }) {
+  return <div className={styles.report}>{text}</div>;
 }
