@@ -44,15 +44,6 @@ replace_in_definitions([[new ThreadPool(CPPHTTPLIB_THREAD_POOL_COUNT,
                               CPPHTTPLIB_THREAD_POOL_MAX_COUNT)]] [[new ConnectionQueue]])
 replace_in_definitions([[accept4(svr_sock_, nullptr, nullptr, SOCK_CLOEXEC)]] [[ConnectionQueue::accept(svr_sock_)]])
 replace_in_definitions([[WSAAccept(svr_sock_, nullptr, nullptr, nullptr, 0)]] [[ConnectionQueue::accept(svr_sock_)]])
-replace_in_definitions([[::WSAPoll(fds, nfds, timeout)]] [[pollConnection(fds, nfds, timeout)]])
-replace_in_definitions([[
-  detail::shutdown_socket(sock);
-  detail::close_socket(sock);
-  return ret;
-}]] [[
-  ConnectionQueue::close(sock);
-  return ret;
-}]])
 
 # The libraries share a folder of headers, and the whole header is in it. A plain include directory is searched before all
 # system ones, so the split header is found whatever else a unit uses; the pragma makes it a system header again.
@@ -60,7 +51,7 @@ set(generated ${PROJECT_BINARY_DIR}/generated/httplib)
 set(system_header "#ifdef __GNUC__\n#pragma GCC system_header\n#endif\n")
 write_if_changed(${generated}/httplib.h "${system_header}${declarations}${tail}")
 write_if_changed(${generated}/httplib.cpp
-  "#include \"httplib.h\"\n#include \"server/connection_queue.h\"\n#include \"server/connection_socket.h\"\nnamespace httplib {${definitions}}\n")
+  "#include \"httplib.h\"\n#include \"server/connection_queue.h\"\nnamespace httplib {${definitions}}\n")
 
 add_library(tessary_httplib_header INTERFACE)
 target_include_directories(tessary_httplib_header INTERFACE ${generated})

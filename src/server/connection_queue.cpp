@@ -3,18 +3,21 @@
 #include <algorithm>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "server/connection_socket.h"
 #include "server/worker_thread.h"
 
 // Kept from the start: where later threads cannot be made, these answer.
 static constexpr std::size_t reserve = 4;
-// A thread beyond the reserve ends when nothing came for this long.
+// A thread beyond the reserve ends when nobody called it for this long.
 static constexpr std::chrono::seconds idleTime{2};
+// How long a connection stays open without a request.
+static constexpr std::chrono::seconds keptTime{CPPHTTPLIB_KEEPALIVE_TIMEOUT_SECOND};
+static constexpr std::chrono::seconds betweenLooks{1};
 
-// The queue that this thread accepts or serves for, and the connection that it serves.
-static thread_local ConnectionQueue* ownQueue = nullptr;
-static thread_local socket_t ownSocket = INVALID_SOCKET;
+thread_local ConnectionQueue* ConnectionQueue::ownQueue = nullptr;
+thread_local ConnectionQueue::Connection* ConnectionQueue::ownConnection = nullptr;
 
 static bool hasWholeRequest(socket_t socket) { return peekAt(socket).find("\r\n\r\n") != std::string::npos; }
 
@@ -38,53 +41,49 @@ socket_t ConnectionQueue::accept(socket_t listening) {
 bool ConnectionQueue::enqueue(std::function<void()> serve) {
     const std::lock_guard guard(mutex_);
     const socket_t socket = std::exchange(accepted_, INVALID_SOCKET);
-    joinFinished();
-    if (!hasThreadForOneMore()) makeRoom();
+    if (Clock::now() - lookedAfter_ > betweenLooks) lookAfterConnections();
+    if (connections_.size() >= connectionLimit) closeIdleFor(Clock::duration::zero());
     if (closed_ || workers_.empty() || connections_.size() >= connectionLimit) return false;
-    connections_[socket] = {};
-    jobs_.push_back({socket, std::move(serve)});
-    wake_.notify_one();
+    const auto connection = connections_.try_emplace(socket).first;
+    connection->second.serve = std::move(serve);
+    watch(connection);
+    callThread();
     return true;
 }
 
 void ConnectionQueue::shutdown() {
     std::unique_lock lock(mutex_);
     closed_ = true;
-    for (auto& [socket, connection] : connections_) end(socket, connection);
-    wake_.notify_all();
+    endServedFor(Clock::duration::zero());
+    ready_.wake();
+    called_.notify_all();
     std::list<pthread_t> workers = std::exchange(workers_, {});
     workers.splice(workers.end(), finished_);
     lock.unlock();
     for (const pthread_t worker : workers) pthread_join(worker, nullptr);
+    for (const auto& [socket, connection] : std::exchange(connections_, {})) closeSocket(socket);
 }
 
 void ConnectionQueue::on_idle() {
     const std::lock_guard guard(mutex_);
-    joinFinished();
-    endOlderThan(patience);
-    if (!jobs_.empty()) makeRoom();
+    lookAfterConnections();
 }
+
+std::size_t ConnectionQueue::requestNumber() { return ownConnection == nullptr ? 1 : ownConnection->requests; }
 
 void ConnectionQueue::noteAnswer() {
-    if (ownQueue == nullptr) return;
-    const std::lock_guard guard(ownQueue->mutex_);
-    const auto found = ownQueue->connections_.find(ownSocket);
-    if (found == ownQueue->connections_.end()) return;
-    found->second.since = Clock::now();
-    found->second.answered = true;
-    if (!ownQueue->jobs_.empty()) endAfterAnswer(ownSocket, found->second);
+    if (ownConnection != nullptr) ownConnection->since = Clock::now();
 }
 
-bool ConnectionQueue::hasEnded() {
-    if (ownQueue == nullptr) return false;
-    const std::lock_guard guard(ownQueue->mutex_);
-    const auto found = ownQueue->connections_.find(ownSocket);
-    return found != ownQueue->connections_.end() && found->second.ending;
-}
+bool ConnectionQueue::hasEnded() { return ownConnection != nullptr && ownConnection->state == State::ended; }
 
 void ConnectionQueue::close(socket_t socket) {
-    // Forgotten first: once it is closed, its number may be another's.
-    if (ownQueue != nullptr) ownQueue->forget(socket);
+    if (ownQueue != nullptr) {
+        // Forgotten first: once it is closed, its number may be another's.
+        const std::lock_guard guard(ownQueue->mutex_);
+        ownConnection = nullptr;
+        ownQueue->connections_.erase(socket);
+    }
     shutdownSocket(socket);
     closeSocket(socket);
 }
@@ -97,43 +96,88 @@ void* ConnectionQueue::runWorker(void* queue) {
 
 void ConnectionQueue::work() {
     std::unique_lock lock(mutex_);
-    Job job;
-    while (takeJob(lock, job)) {
-        lock.unlock();
-        ownSocket = job.socket;
-        job.serve();
-        job = {};
-        lock.lock();
-    }
+    isCalled_ = false;
+    while (const auto connection = takeRequest(lock)) serve(lock, *connection);
     // After the end of the queue, whoever ended it joins this thread.
     const auto self = std::find_if(workers_.begin(), workers_.end(),
                                    [](pthread_t worker) { return pthread_equal(worker, pthread_self()) != 0; });
     if (self != workers_.end()) finished_.splice(finished_.end(), workers_, self);
 }
 
-void ConnectionQueue::awaitJob(std::unique_lock<std::mutex>& lock) {
-    const auto isWanted = [this] { return !jobs_.empty() || closed_; };
-    while (workers_.size() > reserve) {
-        if (wake_.wait_for(lock, idleTime, isWanted) || workers_.size() > reserve) return;
+std::optional<ConnectionQueue::Connections::iterator> ConnectionQueue::takeRequest(std::unique_lock<std::mutex>& lock) {
+    while (!closed_) {
+        if (const auto next = nextWaiting()) {
+            callThread();
+            return next;
+        }
+        if (!isWatched_ && ready_.canWait()) {
+            waitForRequests(lock);
+        } else if (!waitForCall(lock)) {
+            break;
+        }
     }
-    // No clock wakes the reserve: a program that nobody asks anything stays idle.
-    wake_.wait(lock, isWanted);
+    return std::nullopt;
 }
 
-bool ConnectionQueue::takeJob(std::unique_lock<std::mutex>& lock, Job& job) {
-    ++idle_;
-    awaitJob(lock);
-    --idle_;
-    if (jobs_.empty()) return false;
+std::optional<ConnectionQueue::Connections::iterator> ConnectionQueue::nextWaiting() {
+    if (waiting_.empty()) return std::nullopt;
+    auto next = waiting_.begin();
     // Who has sent all of a request does not wait behind those who take their time.
-    auto next = std::find_if(jobs_.begin(), jobs_.end(), [](const Job& each) { return hasWholeRequest(each.socket); });
-    if (next == jobs_.end()) next = jobs_.begin();
-    job = std::move(*next);
-    jobs_.erase(next);
-    Connection& connection = connections_[job.socket];
-    connection.hasThread = true;
-    connection.since = Clock::now();
-    return true;
+    if (isShort_) next = std::find_if(next, waiting_.end(), hasWholeRequest);
+    if (next == waiting_.end()) next = waiting_.begin();
+    const auto connection = connections_.find(*next);
+    waiting_.erase(next);
+    connection->second.state = State::served;
+    connection->second.since = Clock::now();
+    ++connection->second.requests;
+    return connection;
+}
+
+void ConnectionQueue::waitForRequests(std::unique_lock<std::mutex>& lock) {
+    isWatched_ = true;
+    lock.unlock();
+    const std::vector<socket_t>& ready = ready_.wait();
+    lock.lock();
+    isWatched_ = false;
+    for (const socket_t socket : ready) {
+        const auto found = connections_.find(socket);
+        if (found == connections_.end() || found->second.state != State::idle) continue;
+        found->second.state = State::waiting;
+        waiting_.push_back(socket);
+    }
+}
+
+bool ConnectionQueue::waitForCall(std::unique_lock<std::mutex>& lock) {
+    ++idleWorkers_;
+    while (!isCalled_ && !closed_) {
+        // No clock wakes the reserve: a program that nobody asks anything stays idle.
+        if (workers_.size() <= reserve) {
+            called_.wait(lock);
+        } else if (called_.wait_for(lock, idleTime) == std::cv_status::timeout && workers_.size() > reserve) {
+            break;
+        }
+    }
+    --idleWorkers_;
+    return std::exchange(isCalled_, false);
+}
+
+void ConnectionQueue::serve(std::unique_lock<std::mutex>& lock, Connections::iterator connection) {
+    // Closing the connection ends its own copy.
+    const std::function<void()> serve = connection->second.serve;
+    ownConnection = &connection->second;
+    lock.unlock();
+    serve();
+    lock.lock();
+    if (std::exchange(ownConnection, nullptr) != nullptr && !closed_) watch(connection);
+}
+
+void ConnectionQueue::watch(Connections::iterator connection) {
+    auto& [socket, about] = *connection;
+    about.state = State::idle;
+    about.since = Clock::now();
+    if (ready_.watch(socket)) return;
+    about.state = State::waiting;
+    waiting_.push_back(socket);
 }
 
 bool ConnectionQueue::startWorker() {
@@ -142,39 +186,50 @@ bool ConnectionQueue::startWorker() {
     return worker.has_value();
 }
 
-bool ConnectionQueue::hasThreadForOneMore() {
-    return jobs_.size() < idle_ || (workers_.size() < threadLimit && startWorker());
+void ConnectionQueue::callThread() {
+    const bool isWatched = isWatched_ || !ready_.canWait();
+    if (isCalled_ || (waiting_.empty() && isWatched)) return;
+    if (idleWorkers_ > 0) called_.notify_one();
+    isCalled_ = idleWorkers_ > 0 || (workers_.size() < threadLimit && startWorker());
+    isShort_ = !isCalled_;
+    if (isShort_) endServedFor(grace);
+}
+
+void ConnectionQueue::lookAfterConnections() {
+    lookedAfter_ = Clock::now();
+    joinFinished();
+    endServedFor(patience);
+    closeIdleFor(keptTime);
+    callThread();
 }
 
 void ConnectionQueue::joinFinished() {
     for (const pthread_t worker : std::exchange(finished_, {})) pthread_join(worker, nullptr);
 }
 
-void ConnectionQueue::forget(socket_t socket) {
-    const std::lock_guard guard(mutex_);
-    connections_.erase(socket);
-}
-
-void ConnectionQueue::endAfterAnswer(socket_t socket, Connection& connection) {
-    if (!connection.ending) stopReading(socket);
-    connection.ending = true;
-}
-
-void ConnectionQueue::end(socket_t socket, Connection& connection) {
-    if (!connection.ended) shutdownSocket(socket);
-    connection.ending = connection.ended = true;
-}
-
-void ConnectionQueue::endOlderThan(Clock::duration age) {
+void ConnectionQueue::endServedFor(Clock::duration age) {
     const Clock::time_point now = Clock::now();
     for (auto& [socket, connection] : connections_) {
-        if (connection.hasThread && now - connection.since > age) end(socket, connection);
+        if (connection.state != State::served || now - connection.since.load() < age) continue;
+        connection.state = State::ended;
+        shutdownSocket(socket);
     }
 }
 
-void ConnectionQueue::makeRoom() {
-    for (auto& [socket, connection] : connections_) {
-        if (connection.answered) endAfterAnswer(socket, connection);
+void ConnectionQueue::closeIdleFor(Clock::duration age) {
+    const Clock::time_point now = Clock::now();
+    for (auto each = connections_.begin(); each != connections_.end();) {
+        const auto& [socket, connection] = *each;
+        const Clock::duration idle = now - connection.since.load();
+        // One that has had no answer yet is given its time.
+        const bool isOver = connection.state == State::idle && idle >= (connection.requests > 0 ? age : keptTime);
+        if (!isOver || !peekAt(socket).empty()) {
+            ++each;
+            continue;
+        }
+        ready_.forget(socket);
+        shutdownSocket(socket);
+        closeSocket(socket);
+        each = connections_.erase(each);
     }
-    endOlderThan(grace);
 }

@@ -2,6 +2,7 @@
 #pragma once
 #include <httplib.h>
 
+#include <chrono>
 #include <string>
 
 /// A listening socket shares its address with nobody: a program that could bind there as well would be given some of
@@ -14,15 +15,16 @@ void makeExclusive(socket_t listening);
 /// What has come and was not read yet, up to some kilobytes. It stays there to be read.
 [[nodiscard]] std::string peekAt(socket_t socket);
 
-/// What is sent from now on is not read any more; what is written still goes out.
-void stopReading(socket_t socket);
+/// Receives or sends as much as is possible without waiting; negative when nothing is.
+[[nodiscard]] ssize_t receiveAtOnce(socket_t socket, char* bytes, std::size_t size);
+[[nodiscard]] ssize_t sendAtOnce(socket_t socket, const char* bytes, std::size_t size);
+/// Whether the thread's last `receiveAtOnce` or `sendAtOnce` was negative for now alone.
+[[nodiscard]] bool isNotReady();
+
+enum class Direction { in, out };
+/// Waits until bytes can come in or go out, or the connection has ended. False when `patience` was not enough.
+[[nodiscard]] bool waitFor(socket_t socket, Direction direction, std::chrono::milliseconds patience);
 
 /// No more goes in or out.
 void shutdownSocket(socket_t socket);
 void closeSocket(socket_t socket);
-
-#ifdef _WIN32
-/// WSAPoll that fails soon after the queue has ended the connection that the calling thread serves: on this system a
-/// thread that waits for a socket does not notice that it was shut down.
-[[nodiscard]] int pollConnection(WSAPOLLFD* sockets, ULONG count, int milliseconds);
-#endif

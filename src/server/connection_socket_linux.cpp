@@ -1,3 +1,4 @@
+#include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -30,7 +31,21 @@ std::string peekAt(socket_t socket) {
     return bytes;
 }
 
-void stopReading(socket_t socket) { shutdown(socket, SHUT_RD); }
+ssize_t receiveAtOnce(socket_t socket, char* bytes, std::size_t size) {
+    return recv(socket, bytes, size, MSG_DONTWAIT);
+}
+
+ssize_t sendAtOnce(socket_t socket, const char* bytes, std::size_t size) {
+    return send(socket, bytes, size, MSG_DONTWAIT | MSG_NOSIGNAL);
+}
+
+bool isNotReady() { return errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR; }
+
+bool waitFor(socket_t socket, Direction direction, std::chrono::milliseconds patience) {
+    pollfd asked{socket, static_cast<short>(direction == Direction::in ? POLLIN : POLLOUT), 0};
+    const int ready = poll(&asked, 1, static_cast<int>(patience.count()));
+    return ready > 0 || (ready < 0 && errno == EINTR);
+}
 
 void shutdownSocket(socket_t socket) { shutdown(socket, SHUT_RDWR); }
 

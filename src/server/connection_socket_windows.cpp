@@ -15,11 +15,17 @@ static bool mayPass(int error) {
            error == WSAEWOULDBLOCK;
 }
 
+static SOCKET doesNotBlock(SOCKET socket) {
+    u_long on = 1;
+    ioctlsocket(socket, static_cast<long>(FIONBIO), &on);
+    return socket;
+}
+
 socket_t acceptSocket(socket_t listening) {
     static constexpr std::chrono::milliseconds betweenTries{10};
     while (true) {
         const SOCKET socket = WSAAccept(listening, nullptr, nullptr, nullptr, 0);
-        if (socket != INVALID_SOCKET) return socket;
+        if (socket != INVALID_SOCKET) return doesNotBlock(socket);
         if (!mayPass(WSAGetLastError())) return INVALID_SOCKET;
         std::this_thread::sleep_for(betweenTries);
     }
@@ -35,16 +41,26 @@ std::string peekAt(socket_t socket) {
     return bytes;
 }
 
-int pollConnection(WSAPOLLFD* sockets, ULONG count, int milliseconds) {
-    static constexpr int slice = 50;
-    for (int waited = 0;; waited += slice) {
-        const int ready = WSAPoll(sockets, count, std::min(slice, std::max(0, milliseconds - waited)));
-        if (ready != 0 || waited + slice >= milliseconds) return ready;
-        if (ConnectionQueue::hasEnded()) return SOCKET_ERROR;
-    }
+ssize_t receiveAtOnce(socket_t socket, char* bytes, std::size_t size) {
+    return recv(socket, bytes, static_cast<int>(size), 0);
 }
 
-void stopReading(socket_t socket) { shutdown(socket, SD_RECEIVE); }
+ssize_t sendAtOnce(socket_t socket, const char* bytes, std::size_t size) {
+    return send(socket, bytes, static_cast<int>(size), 0);
+}
+
+bool isNotReady() { return WSAGetLastError() == WSAEWOULDBLOCK; }
+
+// A thread that waits for a socket does not notice that it was shut down.
+bool waitFor(socket_t socket, Direction direction, std::chrono::milliseconds patience) {
+    static constexpr std::chrono::milliseconds slice{50};
+    WSAPOLLFD asked{socket, static_cast<SHORT>(direction == Direction::in ? POLLIN : POLLOUT), 0};
+    for (; patience.count() > 0 && !ConnectionQueue::hasEnded(); patience -= slice) {
+        const int ready = WSAPoll(&asked, 1, static_cast<INT>(std::min(slice, patience).count()));
+        if (ready != 0) return ready > 0;
+    }
+    return false;
+}
 
 void shutdownSocket(socket_t socket) { shutdown(socket, SD_BOTH); }
 

@@ -5,7 +5,7 @@
 #include "server/connection_socket.h"
 #include "server/static_assets.h"
 
-httplib::Server server;
+RequestServer server;
 std::thread serverThread;
 std::int32_t serverPort = 0;
 bool devMode = false;

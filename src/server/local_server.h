@@ -1,14 +1,14 @@
 // The program's HTTP server on the loopback interface, from start-up until the window closed. All four functions are
 // called on the main thread, in the order below.
 #pragma once
-#include <httplib.h>
-
 #include <cstdint>
 #include <filesystem>
 #include <string>
 #include <thread>
 
-extern httplib::Server server;
+#include "server/request_server.h"
+
+extern RequestServer server;
 extern std::thread serverThread;
 extern std::int32_t serverPort;  ///< the bound port; -1 when binding failed
 extern bool devMode;             ///< show the page from the page's own development server instead

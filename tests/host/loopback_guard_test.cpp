@@ -14,6 +14,7 @@ class OtherServer {
 public:
     explicit OtherServer(const char* address, int port = 0) {
         server_.set_keep_alive_timeout(1);
+        server_.new_task_queue = [] { return new httplib::ThreadPool(2); };
         server_.Get("/", [](const httplib::Request&, httplib::Response& response) {
             response.set_content("other", "text/plain");
         });

@@ -1,0 +1,13 @@
+#include "server/request_server.h"
+
+#include "server/connection_queue.h"
+#include "server/connection_stream.h"
+
+bool RequestServer::process_and_close_socket(socket_t connection) {
+    ConnectionStream stream(connection);
+    const bool isLast = ConnectionQueue::requestNumber() >= keep_alive_max_count_;
+    bool isOver = false;
+    const bool isAnswered = process_request(stream, {}, 0, {}, 0, isLast, isOver, nullptr);
+    if (!isAnswered || isOver || isLast) ConnectionQueue::close(connection);
+    return isAnswered;
+}
