@@ -34,8 +34,10 @@ test('a number typed after New is in view in every row', async ({ open }) => {
     const seen: Record<string, [beyond: number, room: number]> = {};
     for (const row of document.querySelectorAll('[data-scroller="sheet"] > [role="group"]')) {
       row.scrollIntoView({ block: 'nearest' });
+      const scrollerOfRow = () => row.querySelector('[data-scroller="row"]');
+      while (!scrollerOfRow()) await new Promise(requestAnimationFrame); // a row is made when it is in view
       await new Promise((resolve) => requestAnimationFrame(() => setTimeout(resolve)));
-      const scroller = row.querySelector('[data-scroller="row"]')!.getBoundingClientRect();
+      const scroller = scrollerOfRow()!.getBoundingClientRect();
       const word = row.querySelector('[data-word="0"]')!.getBoundingClientRect();
       seen[row.ariaLabel!] = [Math.round(word.right - scroller.right), scroller.width];
     }
