@@ -217,28 +217,47 @@ async function moveRangeEnd(page: Page): Promise<void> {
   check('move the end of a range at 1024 bits', middle <= FRAME, text);
 }
 
+/** Notes how long the page blocks, of all tasks that take 50 ms or more. */
+async function checkTasks(page: Page, name: string, act: () => Promise<unknown>): Promise<void> {
+  const observer = await page.evaluateHandle(() => {
+    const tasks: number[] = [];
+    const each = new PerformanceObserver((list) => tasks.push(...list.getEntries().map(({ duration }) => duration)));
+    each.observe({ type: 'longtask' });
+    return { each, tasks };
+  });
+  await act();
+  const longest = await observer.evaluate(async ({ each, tasks }) => {
+    await new Promise((resolve) => setTimeout(resolve, 100));
+    each.disconnect();
+    return Math.max(0, ...tasks);
+  });
+  check(name, longest <= LONG_TASK, longest ? `longest task ${longest} ms` : 'no long task');
+}
+
+/** A number of a million digits comes into a field, is refused, and goes. */
+async function refuseMillion(page: Page): Promise<void> {
+  await page.evaluate(() => document.querySelector<HTMLElement>('[aria-label="Base 16"]')!.focus());
+  await page.keyboard.press('Control+a');
+  const isRefused = () => page.getByRole('alert').first().waitFor();
+  const entering = 'put a million digits into a field';
+  await checkTasks(page, entering, () => page.keyboard.insertText('7'.repeat(1_000_000)));
+  await checkTasks(page, 'refuse a million digits', () => page.keyboard.press('Enter').then(isRefused));
+  await checkTasks(page, 'restore the field', () => page.keyboard.press('Escape'));
+}
+
 /** Scrolls the row of bytes from one end to the other in 90 frames. */
 async function scroll(page: Page): Promise<void> {
   await page.evaluate(() => (document.querySelector('[data-scroller="sheet"]')!.scrollTop = 1e6));
   await page.locator('[role="group"][aria-label="Int 8"] [data-word]').first().waitFor();
-  const longest = await page.evaluate(async () => {
-    const row = document.querySelector('[role="group"][aria-label="Int 8"] [data-scroller="row"]')!;
-    const tasks: number[] = [];
-    const observer = new PerformanceObserver((list) => tasks.push(...list.getEntries().map((each) => each.duration)));
-    observer.observe({ type: 'longtask' });
-    const frame = () => new Promise((resolve) => requestAnimationFrame(resolve));
-    for (let step = 0; step <= 90; step++) {
-      row.scrollLeft = ((row.scrollWidth - row.clientWidth) * step) / 90;
-      await frame();
-    }
-    await new Promise((resolve) => setTimeout(resolve, 100));
-    observer.disconnect();
-    return Math.max(0, ...tasks);
-  });
-  check(
-    'scroll the row of bytes from end to end',
-    longest <= LONG_TASK,
-    longest ? `longest task ${longest} ms` : 'no long task',
+  await checkTasks(page, 'scroll the row of bytes from end to end', () =>
+    page.evaluate(async () => {
+      const row = document.querySelector('[role="group"][aria-label="Int 8"] [data-scroller="row"]')!;
+      const frame = () => new Promise((resolve) => requestAnimationFrame(resolve));
+      for (let step = 0; step <= 90; step++) {
+        row.scrollLeft = ((row.scrollWidth - row.clientWidth) * step) / 90;
+        await frame();
+      }
+    }),
   );
   await page.evaluate(() => (document.querySelector('[data-scroller="sheet"]')!.scrollTop = 0));
 }
@@ -293,6 +312,7 @@ try {
   for (const figure of figures) await compare(app, floor, figure);
   await app.bringToFront();
   await moveRangeEnd(app);
+  await refuseMillion(app);
   await scroll(app);
   await heap(app);
   scriptSize();

@@ -74,4 +74,72 @@ test.describe('a refused text', () => {
     await enterText(word.base(16), `${'0'.repeat(1e6)}ff`);
     await expect(tool.word(64, 1).value).toHaveValue('255');
   });
+
+  test('of a million digits shows both ends and is kept whole', async ({ page, enter, context }) => {
+    await context.grantPermissions(['clipboard-read', 'clipboard-write']);
+    const copied = () => page.evaluate(() => navigator.clipboard.readText());
+    const put = (text: string) => page.evaluate((content) => navigator.clipboard.writeText(content), text);
+    const tool = new WordsTool(page);
+    await tool.open(enter, { int: 5 });
+    const field = tool.word(64, 1).base(16);
+    const keys = page.keyboard;
+    const isKept = async (text: string) => {
+      await keys.press('Control+a');
+      await keys.press('Control+c');
+      await expect.poll(async () => (await copied()) === text).toBe(true);
+    };
+    const zeros = '0'.repeat(1e6);
+    await field.press('Control+a');
+    await put(`${zeros}ab`);
+    await keys.press('Control+v');
+    await expect(field).toHaveValue(`${'0'.repeat(24)}…(999954)…${'0'.repeat(22)}ab`);
+
+    // Typed and pasted at both of its ends, cut, and taken back.
+    await keys.press('End');
+    await keys.type('cd');
+    await isKept(`${zeros}abcd`);
+    await put('1');
+    await keys.press('Home');
+    await keys.press('Control+v');
+    await put(`${zeros}\n77`);
+    await keys.press('End');
+    await keys.press('Control+v');
+    const whole = `1${zeros}abcd${zeros}77`;
+    await isKept(whole);
+    await keys.press('Control+a');
+    await keys.press('Control+x');
+    await expect(field).toHaveValue('');
+    await keys.press('Control+z');
+    await isKept(whole);
+
+    // Another text of the same length has a mark of its own, so that undo finds each again.
+    await put(`${zeros.slice(100)}${'1'.repeat(102)}`);
+    await keys.press('Control+a');
+    await keys.press('Control+v');
+    await isKept(`${zeros.slice(100)}${'1'.repeat(102)}`);
+    await keys.press('Control+z');
+    await isKept(whole);
+
+    await keys.press('Enter');
+    await expect(tool.warning).toHaveText(/^Value 10{23}…0{6}77 is out of range/);
+    await expect(field).toHaveAccessibleDescription(/^Value 10{23}…0{6}77 is out of range/);
+    await keys.press('Control+a');
+    await put(`${zeros}ab`);
+    await keys.press('Control+v');
+    await expect(field).not.toHaveAttribute('aria-invalid');
+    await keys.press('End');
+    await keys.type('cd');
+    await keys.press('Enter');
+    await expect(field).toHaveValue('ABCD');
+    await expect(tool.word(64, 1).value).toHaveValue('43981');
+
+    await keys.press('Control+a');
+    await keys.press('Control+v');
+    await keys.press('Escape');
+    await expect(field).toHaveValue('ABCD');
+    await keys.press('Control+a');
+    await keys.press('Control+v');
+    await keys.press('Tab');
+    await expect(field).toHaveValue('ABCD');
+  });
 });

@@ -6,6 +6,7 @@ import { OPAQUE_BITS, type Reading, wordOf } from '../model/text/reading';
 import { readText } from '../model/text/readText';
 import { useSheetStore } from '../stores/sheetStore';
 import { isTextField } from '../ui/alteredText';
+import { fullText, insertText } from '../ui/longText';
 import { showStatus } from '../ui/statusMessage';
 import { type BitsTarget, mainText, valueOf, widthOf, writeWord } from './focusedWord';
 import { pasteNames } from './rangeNaming';
@@ -140,19 +141,15 @@ export function editField(field: HTMLElement, edit: 'cut' | 'copy' | 'paste'): v
   if (edit === 'paste') {
     void readClipboard().then((text) => {
       if (text === undefined) showStatus(i18next.t('panels.pasteByKey'));
-      else insertText(field, text);
+      else {
+        field.focus();
+        insertText(field, text);
+      }
     });
     return;
   }
-  const selected = value.slice(selectionStart ?? 0, selectionEnd ?? 0);
+  const selected = fullText(field, value.slice(selectionStart ?? 0, selectionEnd ?? 0));
   if (selected === '') return;
   void navigator.clipboard.writeText(selected).catch(() => undefined);
   if (edit === 'cut') insertText(field, '');
-}
-
-/** Puts a text in the place of the selection, so that the browser's undo takes it back. */
-function insertText(field: HTMLElement, text: string): void {
-  field.focus();
-  // eslint-disable-next-line @typescript-eslint/no-deprecated -- nothing else enters the browser's own history
-  document.execCommand(text === '' ? 'delete' : 'insertText', false, text);
 }

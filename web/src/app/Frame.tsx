@@ -9,6 +9,7 @@ import { useDocumentDrop } from '../components/useDocumentDrop';
 import { isVsCode } from '../host/hostFlags';
 import { ProblemPage } from '../pages/ProblemPage';
 import { useHeldEnter } from '../ui/heldEnter';
+import { useLongTexts } from '../ui/longText';
 import { FadingOutlet } from './FadingOutlet';
 import styles from './Frame.module.css';
 import { Rail } from './Rail';
@@ -17,6 +18,7 @@ import { useLeaveGuards } from './useLeaveGuards';
 /** The full window: the rail at the left, the route's content beside it. An editor brings a rail of its own. */
 export function Frame() {
   useHeldEnter();
+  useLongTexts();
   useDocumentKeys();
   useDocumentDrop();
   useLeaveGuards();

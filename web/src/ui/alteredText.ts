@@ -1,6 +1,6 @@
 import { proxy } from 'valtio';
 
-type TextElement = HTMLInputElement | HTMLTextAreaElement;
+export type TextElement = HTMLInputElement | HTMLTextAreaElement;
 
 export function isTextField(element: unknown): element is TextElement {
   return element instanceof HTMLInputElement || element instanceof HTMLTextAreaElement;

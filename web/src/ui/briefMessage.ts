@@ -5,10 +5,13 @@ const RUN_END = 8;
 /** About six lines of a notification. */
 const LONGEST_MESSAGE = 280;
 
-const LONG_RUNS = new RegExp(`\\S{${LONGEST_RUN + 1},}`, 'g');
-
 /** A message as short as a notification has room for: of long numbers their first and last digits stay. */
 export function briefMessage(message: string): string {
-  const brief = message.replace(LONG_RUNS, (run) => `${run.slice(0, RUN_BEGIN)}…${run.slice(-RUN_END)}`);
+  const brief = message.split(' ').map(briefRun).join(' ');
   return brief.length > LONGEST_MESSAGE ? `${brief.slice(0, LONGEST_MESSAGE - 1)}…` : brief;
+}
+
+/** Not by a pattern, which an engine takes 60 ms to try on a million digits the first time. */
+function briefRun(run: string): string {
+  return run.length > LONGEST_RUN && !run.includes('\n') ? `${run.slice(0, RUN_BEGIN)}…${run.slice(-RUN_END)}` : run;
 }

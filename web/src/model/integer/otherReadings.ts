@@ -12,6 +12,9 @@ export interface Reading {
 const PREFIXED_BASES: Readonly<Record<string, number>> = { '0b': 2, '0o': 8, '0x': 16 };
 /** What digits without a prefix are usually meant in. */
 const USUAL_BASES = [10, 16];
+/** No sheet has room for more digits, in whatever base. */
+const LONGEST = 1024;
+const INSIGNIFICANT = /^-?(0[box])?0*/i;
 
 /**
  * Finds where a text would fit that was refused: in another base of the same word, by its prefix or its digits, and in a
@@ -27,6 +30,7 @@ export function otherReadings(
   signed: boolean,
   wider: readonly number[],
 ): Reading[] {
+  if (text.trim().replace(INSIGNIFICANT, '').length > LONGEST) return [];
   const prefixed = PREFIXED_BASES[text.trim().slice(0, 2).toLowerCase()];
   const others = (prefixed === undefined ? USUAL_BASES : [prefixed]).filter((each) => each !== base);
   const here = firstThatFits(

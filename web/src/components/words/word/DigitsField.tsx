@@ -11,7 +11,9 @@ import {
 } from 'react';
 import { runCommand } from '../../../commands/command';
 import { FIELD_COMMANDS } from '../../../commands/fieldCommands';
-import { isAltered, noteTyping, showText } from '../../../ui/alteredText';
+import { isAltered, noteTyping, showText, type TextElement } from '../../../ui/alteredText';
+import { briefMessage } from '../../../ui/briefMessage';
+import { fullText } from '../../../ui/longText';
 import type { Offer } from '../../../ui/NoticeActions';
 import { showWarning } from '../../../ui/notifications';
 import { makeTabStop } from '../../../ui/tabStop';
@@ -47,8 +49,6 @@ interface DigitsFieldProps {
   onCommit: (text: string) => Refusal | undefined;
 }
 
-type TextElement = HTMLInputElement | HTMLTextAreaElement;
-
 /** Keys that act in a field that cannot be edited. */
 const ALWAYS_ACTING = new Set(['ArrowLeft', 'ArrowRight', 'Tab', 'Home', 'End']);
 
@@ -83,7 +83,7 @@ export function DigitsField(props: DigitsFieldProps) {
     const isTaken = runCommand(FIELD_COMMANDS, event, {
       isAltered: () => isAltered(field),
       commit: () => {
-        const refusal = onCommit(field.value);
+        const refusal = onCommit(fullText(field));
         if (refusal) return refuse(refusal, field);
         selection.current = [field.selectionStart, field.selectionEnd];
         renew(field);
@@ -104,7 +104,8 @@ export function DigitsField(props: DigitsFieldProps) {
     showText(field, restored);
     setRefused(undefined);
   };
-  const refuse = ({ reason, offers = [] }: Refusal, field: TextElement) => {
+  const refuse = ({ reason: whole, offers = [] }: Refusal, field: TextElement) => {
+    const reason = briefMessage(whole);
     const taken = offers.map(({ label, run }) => ({
       label,
       run() {
