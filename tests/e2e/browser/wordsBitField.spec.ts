@@ -1,6 +1,6 @@
 import type { Locator } from '@playwright/test';
 import { expect, test } from '../support/browser/fixtures';
-import { WordsTool } from '../support/browser/words';
+import { enterText, WordsTool } from '../support/browser/words';
 
 test.use({ viewport: { width: 1280, height: 800 } });
 
@@ -8,6 +8,38 @@ test.use({ viewport: { width: 1280, height: 800 } });
 async function placeOf(field: Locator, bits: number, bit: number): Promise<{ x: number; y: number }> {
   const { width } = (await field.boundingBox())!;
   return { x: (width / bits) * (bits - 1 - bit + 0.5), y: 10 };
+}
+
+/** The middles of the digits in a line of a text field, as they are seen. */
+function printedIn(field: Locator, line: 'first' | 'last'): Promise<number[]> {
+  return field.screenshot().then((picture) =>
+    field.evaluate(
+      async (element, [bytes, isFirst]) => {
+        const image = await createImageBitmap(new Blob([new Uint8Array(bytes)]));
+        const { width, height } = image;
+        const context = new OffscreenCanvas(width, height).getContext('2d')!;
+        context.drawImage(image, 0, 0);
+        const { lineHeight, paddingBottom } = getComputedStyle(element);
+        const lineSize = parseFloat(lineHeight);
+        const top = isFirst ? parseFloat(paddingBottom) : height - parseFloat(paddingBottom) - lineSize;
+        // Beside what marks an altered text, and between the field's edges.
+        const [left, right] = [6, width - 3];
+        const { data } = context.getImageData(0, Math.round(top) + 3, width, lineSize - 6);
+        const isInk = (x: number) =>
+          Array.from({ length: lineSize - 6 }, (_, y) => data[4 * (y * width + x)]!).some((red) => red > 160);
+        const middles: number[] = [];
+        for (let x = left, start = -1; x < right; x++) {
+          if (isInk(x) && start < 0) start = x;
+          if (start >= 0 && !isInk(x + 1)) {
+            middles.push((start + x + 1) / 2);
+            start = -1;
+          }
+        }
+        return middles;
+      },
+      [[...picture], line === 'first'] as const,
+    ),
+  );
 }
 
 test.describe('bit fields', () => {
@@ -119,6 +151,37 @@ test.describe('bit fields', () => {
     await bits.click({ position: { x: 50, y: height - 12 } });
     await expect(base).toHaveValue('80000000000000008000000000000001');
   });
+
+  for (const width of [1280, 800, 320]) {
+    test(`digits of base 2 stand over their bits in a window ${width} pixels wide`, async ({ page, enter }) => {
+      await page.setViewportSize({ width, height: 800 });
+      const tool = new WordsTool(page);
+      await tool.open(enter, { int: 0, intResolution: 128 });
+      const { base, bits, value } = { ...tool.word(128, 1), base: tool.word(128, 1).base(2) };
+      const box = (await bits.boundingBox())!;
+      /** Presses the bit below, or above, what is printed first or last in a line of the text. */
+      const press = async (line: 'first' | 'last', digit: 'first' | 'last') => {
+        const printed = await printedIn(base, line);
+        const x = digit === 'first' ? printed[0]! : printed.at(-1)!;
+        const left = (await base.boundingBox())!.x - box.x;
+        await bits.click({ position: { x: left + x, y: line === 'first' ? 10 : box.height - 14 } });
+      };
+      await enterText(base, '10000001'); // far shorter than a line
+      await value.focus();
+      await press('last', 'first');
+      await expect(base).toHaveValue('1');
+      await value.focus();
+      await press('last', 'last');
+      await expect(base).toHaveValue('0');
+      await enterText(base, `1${'0'.repeat(126)}1`);
+      await value.focus();
+      await press('first', 'first');
+      await expect(base).toHaveValue('1');
+      await base.fill('11'); // also while it is typed
+      await press('last', 'first');
+      await expect(value).toHaveValue('3');
+    });
+  }
 
   test('a float converter adds the parts of the float and their colors', async ({ page, enter }) => {
     const tool = new WordsTool(page);

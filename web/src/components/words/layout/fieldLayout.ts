@@ -1,5 +1,6 @@
 import { WIDEST_FLOAT } from '../../../model/float/floatFormats';
 import type { Converter } from '../../../model/sheet/converters';
+import type { BitFieldLayout } from './bitFieldLayout';
 
 export const FIELD_FONT_SIZE = 12;
 export const FIELD_LINE_HEIGHT = 18;
@@ -20,8 +21,17 @@ export interface FieldPlace {
   readonly fullWidth: boolean;
   /** Lines of text that its longest content takes. */
   readonly lines: number;
-  /** Digits in a line, where it is as long as a line of bits. */
-  readonly digitsPerLine?: number;
+  /** Where the digits stand that are over their bits: the text's columns are the bits'. */
+  readonly columns?: DigitColumns | undefined;
+}
+
+export interface DigitColumns {
+  /** In a line. */
+  readonly count: number;
+  /** From the left of the fields to the first one, in pixels. */
+  readonly left: number;
+  /** From one to the next. */
+  readonly pitch: number;
 }
 
 export interface FieldLayout {
@@ -40,31 +50,34 @@ export function convertersFor(converters: readonly Converter[], bits: number): C
  * would be left alone beside a gap does too.
  * @param boxWidth - pixels for both columns
  * @param charWidth - pixels of one digit
- * @param bitsPerLine - of the word's bits, where they take several lines: a text in base 2 wraps as they do
+ * @param bitField - the word's bits: where they take several lines, a text in base 2 does as they do
  */
 export function layoutFields(
   bits: number,
   converters: readonly Converter[],
   boxWidth: number,
   charWidth: number,
-  bitsPerLine?: number,
+  bitField: BitFieldLayout,
 ): FieldLayout {
   const half = (boxWidth - FIELD_GAP) / 2;
   const lengths = [decimalLength(bits), ...converters.map((converter) => longestText(converter, bits))];
   const fields = lengths.map((length, position) => {
     const label = position === 0 ? 0 : FIELD_LABEL_WIDTH;
-    const fits = length * charWidth + label + FIELD_SIDES <= half;
+    const columns = bitField.vertical && length === bits ? columnsOver(bitField) : undefined;
+    const fits = !columns && length * charWidth + label + FIELD_SIDES <= half;
     const inLine = Math.max(1, Math.floor((boxWidth - label - FIELD_SIDES) / charWidth));
-    const isWrapped = bitsPerLine !== undefined && length === bits && inLine >= bitsPerLine && !fits;
-    const perLine = isWrapped ? bitsPerLine : inLine;
     return {
       fullWidth: !fits,
-      lines: fits || bits < WRAPPING_FROM ? 1 : Math.ceil(length / perLine),
-      ...(isWrapped && { digitsPerLine: perLine }),
+      lines: fits || bits < WRAPPING_FROM ? 1 : Math.ceil(length / (columns?.count ?? inLine)),
+      columns,
     };
   });
   const places = stretchLonelyFields(fields);
   return { places, height: heightOf(places) };
+}
+
+function columnsOver({ bitsPerLine, left, byteWidth }: BitFieldLayout): DigitColumns {
+  return { count: bitsPerLine, left, pitch: byteWidth / 8 };
 }
 
 function stretchLonelyFields(fields: readonly FieldPlace[]): FieldPlace[] {

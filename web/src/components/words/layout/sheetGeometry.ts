@@ -125,13 +125,7 @@ function rowGeometry(definition: NumberDefinition, count: number, top: number, s
   const converters = convertersFor(shared.active, bits);
   const labelled = converters.some(({ kind }) => kind === 'float') && floatFormatFor(bits) !== undefined;
   const bitField = bitFieldLayout(bits, blockWidth, boxWidth, labelled, shared.nameLanes);
-  const fields = layoutFields(
-    bits,
-    converters,
-    boxWidth,
-    shared.charWidth,
-    bitField.vertical ? bitField.bitsPerLine : undefined,
-  );
+  const fields = layoutFields(bits, converters, boxWidth, shared.charWidth, bitField);
   const headerLines = headerLinesFor(bits, count, boxWidth);
   const header = headerLines * HEADER_HEIGHT;
   const body = type === 'color32' ? colorHeight(boxWidth) : header + fields.height + bitField.height;

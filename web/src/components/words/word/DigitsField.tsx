@@ -18,7 +18,7 @@ import type { Offer } from '../../../ui/NoticeActions';
 import { showWarning } from '../../../ui/notifications';
 import { makeTabStop } from '../../../ui/tabStop';
 import { noteTypedField } from '../lastTypedField';
-import type { FieldPlace } from '../layout/fieldLayout';
+import type { DigitColumns, FieldPlace } from '../layout/fieldLayout';
 import styles from './DigitsField.module.css';
 
 /** Why a text was not taken over, and what could be done with it instead. */
@@ -67,6 +67,7 @@ export function DigitsField(props: DigitsFieldProps) {
 
   // Another element takes over, too, when the text no longer fits one line, and back.
   useLayoutEffect(() => showText(element.current!, shown), [shown, content, source, isMultiline, commits]);
+  useLayoutEffect(() => alignDigits(element.current!, place));
   // After all words show their new texts: a focus needs the layout, which would be computed once more.
   useEffect(() => {
     if (!selection.current) return;
@@ -102,6 +103,7 @@ export function DigitsField(props: DigitsFieldProps) {
   };
   const show = (field: TextElement) => {
     showText(field, restored);
+    alignDigits(field, place);
     setRefused(undefined);
   };
   const refuse = ({ reason: whole, offers = [] }: Refusal, field: TextElement) => {
@@ -131,6 +133,7 @@ export function DigitsField(props: DigitsFieldProps) {
       noteTypedField(focusKey);
       setRefused(undefined);
       if (isMultiline) joinLines(currentTarget);
+      alignDigits(currentTarget, place);
       noteTyping(currentTarget);
     },
     onFocus({ currentTarget }: FocusEvent<TextElement>) {
@@ -139,16 +142,13 @@ export function DigitsField(props: DigitsFieldProps) {
     onBlur: ({ currentTarget }: FocusEvent<TextElement>) => show(currentTarget),
   };
   return (
-    <label className={cc([styles.field, place.fullWidth && styles.fullWidth])}>
+    <label
+      className={cc([styles.field, place.fullWidth && styles.fullWidth, place.columns && styles.columns])}
+      style={place.columns && columnLengths(place.columns)}
+    >
       {label !== undefined && <span className={styles.label}>{label}</span>}
       {isMultiline ? (
-        <textarea
-          {...shared}
-          key={commits}
-          ref={element as React.RefObject<HTMLTextAreaElement>}
-          rows={place.lines}
-          style={widthOf(place)}
-        />
+        <textarea {...shared} key={commits} ref={element as React.RefObject<HTMLTextAreaElement>} rows={place.lines} />
       ) : (
         <input {...shared} key={commits} ref={element as React.RefObject<HTMLInputElement>} />
       )}
@@ -184,7 +184,16 @@ function joinLines(field: TextElement): void {
   if (/[\r\n]/.test(field.value)) field.value = field.value.replace(/[\r\n]+/g, '');
 }
 
-/** As wide as the digits of its lines, where they are to wrap as the bits do. */
-function widthOf({ digitsPerLine }: FieldPlace): CSSProperties | undefined {
-  return digitsPerLine ? { maxWidth: `calc(${digitsPerLine}.5ch + 2 * var(--field-padding-x))` } : undefined;
+function columnLengths({ count, left, pitch }: DigitColumns): CSSProperties {
+  return { '--columns': count, '--columns-left': `${left}px`, '--pitch': `${pitch}px` } as CSSProperties;
+}
+
+/** Puts the last digit over the last bit, however few there are: the first line begins where its first digit's bit is. */
+function alignDigits(field: TextElement, { columns, lines }: FieldPlace): void {
+  if (!columns || field instanceof HTMLInputElement) return;
+  const { count, pitch } = columns;
+  const length = Math.max(1, field.value.length);
+  field.rows = Math.min(lines, Math.ceil(length / count));
+  field.style.textIndent = `${((count - (length % count)) % count) * pitch}px`;
+  field.style.paddingTop = `calc(var(--field-padding-y) + ${lines - field.rows} * var(--field-line-height))`;
 }
