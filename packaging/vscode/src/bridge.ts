@@ -1,9 +1,11 @@
 /*
  * Runs in the web view before the page's own script: makes the editor the host that the page knows.
  */
-import type { ExtensionMessage, PageMessage } from './messages';
+import type { ExtensionMessage, PageMessage, PageUpdate } from './messages';
 
 const api = acquireVsCodeApi!(); // handed out only once
+/** The number of the last document that the page was sent. */
+let seen = 0;
 /** Updates that the page posted and the extension has not taken yet. */
 let underWay = 0;
 /** Keys for the editor that wait for them. */
@@ -14,15 +16,20 @@ const post = (message: PageMessage): void => {
   api.postMessage(message);
 };
 
-window.acquireVsCodeApi = () => ({ ...api, postMessage: (message) => post(message as PageMessage) });
+window.acquireVsCodeApi = () => ({ ...api, postMessage: (message) => post({ ...(message as PageUpdate), seen }) });
 window.openExternalUrl = (url) => post({ type: 'openExternalUrl', url });
 
 /** The page posts what it holds back when it loses the focus. */
 const flush = (): unknown => window.dispatchEvent(new Event('blur'));
 
+/** And what it still holds back while it rests after a document when it goes. Another document would end that unposted. */
+const postAll = (): unknown => window.dispatchEvent(new Event('pagehide'));
+
 window.addEventListener('message', ({ data }: MessageEvent<ExtensionMessage>) => {
   switch (data.type) {
     case 'document':
+      postAll();
+      seen = data.number;
       window.dispatchEvent(new CustomEvent('vscode-session-data', { detail: { data: data.data } }));
       break;
     case 'flush':

@@ -1,6 +1,7 @@
 import { type JSONPath, modify, type Node, parseTree } from 'jsonc-parser';
 import type { SheetData, WordsDocumentData } from '../../../web/src/document/schema';
 import { printDocument } from './document';
+import { hasUniqueIds, idsOf, isSame } from './documentMerge';
 
 /** One replacement in a text. Places and lengths count UTF-16 units. */
 export interface TextEdit {
@@ -21,7 +22,7 @@ export function editsFor(text: string, before: WordsDocumentData, now: WordsDocu
   const sheets = root && valueOf(root, 'sheets');
   if (!sheets || !hasUniqueIds(before)) return [wholeText(text, now)];
   const parts = partsOf(text, sheets, before, now);
-  if (!isSameOrder(before, now)) return [narrowed(text, sheetList(text, sheets, parts))];
+  if (!isSame(idsOf(before), idsOf(now))) return [narrowed(text, sheetList(text, sheets, parts))];
   return parts.flatMap(({ edits }) => edits);
 }
 
@@ -56,7 +57,7 @@ function partsOf(text: string, sheets: Node, before: WordsDocumentData, now: Wor
 function editsInSheet(text: string, node: Node, place: number, before: SheetData, now: SheetData): TextEdit[] {
   const fields = Object.keys({ ...before, ...now }) as (keyof SheetData)[];
   const edits = fields.flatMap((field) => {
-    if (JSON.stringify(before[field]) === JSON.stringify(now[field])) return [];
+    if (isSame(before[field], now[field])) return [];
     const value = valueOf(node, field);
     if (value && now[field] !== undefined) return [replacement(text, value, now[field])];
     return otherProperty(text, ['sheets', place, field], now[field]);
@@ -117,15 +118,6 @@ function narrowed(text: string, { offset, length, text: now }: TextEdit): TextEd
 /** The value of a property; of properties with the same name the last one counts. */
 function valueOf(object: Node, name: string): Node | undefined {
   return object.children?.findLast(({ children }) => children?.[0]?.value === name)?.children?.[1];
-}
-
-function hasUniqueIds({ sheets }: WordsDocumentData): boolean {
-  return new Set(sheets.map(({ id }) => id)).size === sheets.length;
-}
-
-function isSameOrder(before: WordsDocumentData, now: WordsDocumentData): boolean {
-  const ids = ({ sheets }: WordsDocumentData) => JSON.stringify(sheets.map(({ id }) => id));
-  return ids(before) === ids(now);
 }
 
 function printAt(text: string, offset: number, value: unknown): string {

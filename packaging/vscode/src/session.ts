@@ -2,8 +2,9 @@ import { env, Range, type TextDocument, Uri, type Webview, window, workspace, Wo
 import type { WordsDocumentData } from '../../../web/src/document/schema';
 import { isWordsDocument } from '../../../web/src/document/wordsDocument';
 import { readDocument } from './document';
-import { editsFor, withEdits } from './documentEdits';
-import type { ExtensionMessage, PageMessage } from './messages';
+import { editsFor, type TextEdit, withEdits } from './documentEdits';
+import { merged } from './documentMerge';
+import type { ExtensionMessage, PageMessage, PageUpdate } from './messages';
 import { offerText } from './offerText';
 import { placeAt, unified } from './textPlaces';
 
@@ -11,13 +12,20 @@ import { placeAt, unified } from './textPlaces';
 const PAGE_REST = 600;
 /** How long a save waits for a page that does not answer, in milliseconds. */
 const PATIENCE = 1000;
+/** How often an edit is tried that others come before. */
+const MERGE_TRIES = 10;
 
 /** One web view and the text document that it shows. Lives as long as the view. */
 export class Session {
   /** The text that the page was sent, or that came of its last edit; undefined before the page asks for it. */
   #shown: string | undefined;
-  /** What the page shows, as it would post it; undefined while that is no document. */
-  #page: WordsDocumentData | undefined;
+  /** The number of the document that the page was sent last. */
+  #number = 0;
+  /**
+   * What the page shows, as it would post it, by the number of the document that it was sent. Older ones than the last
+   * are kept for edits that were under way when another document was sent.
+   */
+  readonly #pages = new Map<number, WordsDocumentData>();
   #delivered = 0;
   #edits = Promise.resolve();
   #onFlushed: (() => void) | undefined;
@@ -46,7 +54,7 @@ export class Session {
     if (message.type === 'ready') this.#deliver();
     else if (message.type === 'flushed') this.#onFlushed?.();
     else if (message.type === 'openExternalUrl') void openLink(message.url);
-    else this.#edits = this.#edits.then(() => this.#edit(message.data)).catch(console.error);
+    else this.#edits = this.#edits.then(() => this.#edit(message)).catch(console.error);
   }
 
   #post(message: ExtensionMessage): void {
@@ -58,8 +66,9 @@ export class Session {
     const reading = readDocument(text);
     this.#shown = text;
     this.#delivered = Date.now();
-    this.#page = reading.kind === 'words' ? reading.shown : undefined;
-    this.#post({ type: 'document', data: { rawContent: text } });
+    this.#number++;
+    if (reading.kind === 'words') this.#pages.set(this.#number, reading.shown);
+    this.#post({ type: 'document', number: this.#number, data: { rawContent: text } });
     if (reading.kind !== 'words') void offerText(this.document.uri, reading);
   }
 
@@ -68,25 +77,47 @@ export class Session {
     if (this.#shown !== undefined && this.#text !== this.#shown) this.#deliver();
   }
 
-  async #edit(now: WordsDocumentData): Promise<void> {
+  async #edit({ data, seen }: PageUpdate): Promise<void> {
     try {
-      if (this.#page && isWordsDocument(now)) await this.#write(this.#page, now);
+      const before = this.#pages.get(seen);
+      if (before && isWordsDocument(data)) await this.#take(seen, before, data);
       else void offerText(this.document.uri, readDocument(this.#text), 'Nothing was changed: ');
     } finally {
       this.#post({ type: 'taken' });
     }
   }
 
-  async #write(before: WordsDocumentData, now: WordsDocumentData): Promise<void> {
-    const text = this.#text;
-    const edits = editsFor(text, before, now);
-    this.#page = now;
-    this.#shown = withEdits(text, edits);
+  async #take(seen: number, before: WordsDocumentData, now: WordsDocumentData): Promise<void> {
+    for (const number of this.#pages.keys()) if (number < seen) this.#pages.delete(number);
+    this.#pages.set(seen, now);
+    if (seen === this.#number) {
+      const text = this.#text;
+      const edits = editsFor(text, before, now);
+      this.#shown = withEdits(text, edits);
+      if (await this.#apply(text, edits)) return;
+    }
+    await this.#merge(before, now);
+    this.#follow();
+  }
+
+  /** Puts the page's edit into a text that another editor, undo, revert or the disk changed at the same time. */
+  async #merge(before: WordsDocumentData, now: WordsDocumentData): Promise<void> {
+    for (let tries = 0; tries < MERGE_TRIES; tries++) {
+      const text = this.#text;
+      const reading = readDocument(text);
+      if (reading.kind !== 'words') return;
+      if (await this.#apply(text, editsFor(text, reading.shown, merged(before, now, reading.shown)))) return;
+    }
+  }
+
+  /** @returns whether the text was still the one that the edits are for */
+  async #apply(text: string, edits: readonly TextEdit[]): Promise<boolean> {
+    if (edits.length === 0) return true;
     const change = new WorkspaceEdit();
     for (const { offset, length, text: inserted } of edits) {
       change.replace(this.document.uri, new Range(placeAt(text, offset), placeAt(text, offset + length)), inserted);
     }
-    if (edits.length > 0 && !(await workspace.applyEdit(change))) this.#deliver();
+    return workspace.applyEdit(change);
   }
 
   /** Waits until the page's last edit is in the text. */

@@ -58,6 +58,7 @@ test('a file that is deleted under its editor keeps its unsaved edit, and a save
   const view = await editor.openWords(NAME, documentText({ int: '0xff' }));
   await view.enter('254');
   await editor.expectDirty(NAME, true);
+  await editor.watchesFolder();
   rmSync(join(editor.folder, NAME));
   await expect(editor.tab(NAME).locator('.strikethrough')).toBeVisible();
   await expect(view.value()).toHaveValue('254');

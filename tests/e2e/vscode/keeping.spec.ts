@@ -38,6 +38,7 @@ test('a reload of the window keeps unsaved changes', async ({ editor, page, serv
 
 test('a change on the disk is shown', async ({ editor }) => {
   const view = await editor.openWords(NAME, documentText({ int: '0xff' }));
+  await editor.watchesFolder();
   editor.write(NAME, documentText({ int: '0x7' }));
   await expect(view.value()).toHaveValue('7');
   await editor.expectDirty(NAME, false);

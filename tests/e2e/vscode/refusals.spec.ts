@@ -21,6 +21,7 @@ for (const { what, text, told } of [
 
 test('a file that turns invalid under an open editor is never overwritten', async ({ editor }) => {
   const view = await editor.openWords(NAME, documentText({ int: '0xff' }));
+  await editor.watchesFolder();
   editor.write(NAME, MERGE);
   await expect(editor.notice('holds the marks of an unresolved merge')).toBeVisible();
   await expect(view.frame.getByRole('alert')).toBeVisible();

@@ -2,7 +2,13 @@ import { proxy } from 'valtio';
 import { type Loading, withLoading } from '../document/loading';
 import { parseToolDocumentInSteps } from '../document/parseToolDocument';
 import type { WordsDocumentData } from '../document/schema';
-import { connectToEditor, isPostedLast } from '../host/editorExtension';
+import {
+  connectToEditor,
+  isPostedLast,
+  resumeDocumentUpdates,
+  suspendDocumentUpdates,
+  UPDATE_DELAY,
+} from '../host/editorExtension';
 import { i18next } from '../i18n';
 import { useSheetsStore } from '../stores/sheetsStore';
 import type { Navigate } from './documentActions';
@@ -28,9 +34,12 @@ export function followEditor(navigate: Navigate): void {
 
 /** @returns what is wrong with the document, or null */
 async function open(document: unknown, navigate: Navigate, loading: Loading): Promise<string | null> {
+  suspendDocumentUpdates(); // whatever is posted from now on would be taken for an edit of this document
   const parsed = await parseToolDocumentInSteps(document, loading, false);
+  const isNew = parsed.success && !isShown(parsed.data);
+  if (isNew) await useSheetsStore.getState().loadWordsDocument(parsed.data, undefined, loading);
+  else resumeDocumentUpdates(false, UPDATE_DELAY);
   if (!parsed.success) return parsed.error;
-  if (!isShown(parsed.data)) await useSheetsStore.getState().loadWordsDocument(parsed.data, undefined, loading);
   await navigate(parsed.navigationRoute);
   return null;
 }

@@ -142,6 +142,20 @@ describe('in an editor extension', () => {
     expect(values()).toEqual(['0xfe']);
   });
 
+  test('an edit made while the editor’s document is being read is not posted as an edit of that', async () => {
+    const store = await loadPage();
+    const { id } = store.getState().addSheet();
+    window.dispatchEvent(new Event('blur'));
+    posted.mockClear();
+    send(sent);
+    await Promise.resolve();
+    store.getState().updateSheet(id, { int: 3n });
+    for (const leaving of ['blur', 'pagehide']) window.dispatchEvent(new Event(leaving));
+    await vi.waitFor(() => expect([...store.getState().sheets.keys()]).toEqual(['sent']));
+    window.dispatchEvent(new Event('pagehide'));
+    expect(updates()).toEqual([]);
+  });
+
   test('a document without edits is not posted back', async () => {
     const store = await loadPage();
     vi.useFakeTimers();

@@ -3,7 +3,7 @@ import type { WordsDocumentData } from '../document/schema';
 import { vsCodeApi } from './hostFlags';
 
 /** Rest after an edit before it is posted to the editor, in milliseconds. */
-const UPDATE_DELAY = 300;
+export const UPDATE_DELAY = 300;
 /** Rest after a document came from the editor before edits are posted again, in milliseconds. */
 const RESUME_DELAY = 500;
 
@@ -12,6 +12,8 @@ let waiting: (() => WordsDocumentData) | undefined;
 /** The text of what was posted last; undefined when the editor has sent another document since. */
 let lastPosted: string | undefined;
 let isSuspended = false;
+/** Whether the document that the page shows is no longer the one that the editor sent last. */
+let isBeingReplaced = false;
 let resumeTimer: ReturnType<typeof setTimeout> | undefined;
 
 const postSoon = debounce(() => !isSuspended && postWaiting(), UPDATE_DELAY);
@@ -26,21 +28,23 @@ export function postDocumentUpdate(getData: () => WordsDocumentData): void {
 /** Stops updates, also one that is waiting: the document is being replaced by the editor's own. */
 export function suspendDocumentUpdates(): void {
   clearTimeout(resumeTimer);
-  isSuspended = true;
+  isSuspended = isBeingReplaced = true;
   postSoon.cancel();
 }
 
 /**
  * Lets updates through again after a rest, beginning with what was edited meanwhile.
  * @param isReplaced - whether the document was replaced; edits of the old one are void then
+ * @param delay - the rest in milliseconds
  */
-export function resumeDocumentUpdates(isReplaced: boolean): void {
+export function resumeDocumentUpdates(isReplaced: boolean, delay = RESUME_DELAY): void {
   if (isReplaced) waiting = lastPosted = undefined;
+  isBeingReplaced = false;
   clearTimeout(resumeTimer);
   resumeTimer = setTimeout(() => {
     isSuspended = false;
     postWaiting();
-  }, RESUME_DELAY);
+  }, delay);
 }
 
 /** Whether a document from the editor is what the page posted last, so that there is nothing to load. */
@@ -72,7 +76,7 @@ function postBeforeLeaving(): void {
 }
 
 function postWaiting(): void {
-  if (!waiting) return;
+  if (!waiting || isBeingReplaced) return;
   const data = waiting();
   waiting = undefined;
   postSoon.cancel();

@@ -21,6 +21,19 @@ export class EditorWindow {
     await this.page.evaluate(() => new Promise((resolve) => requestIdleCallback(resolve)));
   }
 
+  /**
+   * Waits until the window notices what other programs write. It begins to watch its folder some seconds after it is
+   * shown, and never learns of what was written before.
+   */
+  async watchesFolder(): Promise<void> {
+    let tries = 0;
+    await expect(async () => {
+      const name = `noticed-${tries++}`;
+      this.write(name, '');
+      await this.page.getByRole('treeitem', { name, exact: true }).waitFor({ timeout: 2000 });
+    }).toPass();
+  }
+
   /** Puts a file into the folder, as another program. */
   write(name: string, text: string): void {
     writeFileSync(join(this.folder, name), text);
