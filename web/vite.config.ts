@@ -5,6 +5,7 @@ import { defineConfig } from 'vite';
 import { VitePWA } from 'vite-plugin-pwa';
 import { fontPlugin } from './build/fontPlugin.ts';
 import { iconPlugin } from './build/iconPlugin.ts';
+import { leftOutPlugin } from './build/leftOutPlugin.ts';
 import { packagesPlugin } from './build/packagesPlugin.ts';
 import { pureRouterPlugin } from './build/pureRouterPlugin.ts';
 import { shortNamesPlugin } from './build/shortNamesPlugin.ts';
@@ -31,11 +32,12 @@ const cachedToo = ['registerSW.js', '**/*.{ico,png,svg}'];
 export default defineConfig({
   base: movable ? './' : '/',
   resolve: { alias: { 'html-entities': decodeEntities, 'react-router': routerFile } },
-  define: { SAMPLE_DOCUMENT: JSON.stringify(readFileSync(sampleFile, 'utf8')) },
+  define: { SAMPLE_DOCUMENT: JSON.stringify(JSON.stringify(JSON.parse(readFileSync(sampleFile, 'utf8')))) },
   plugins: [
     react(),
     fontPlugin(),
     iconPlugin(iconFile),
+    leftOutPlugin(),
     standInsPlugin(),
     pureRouterPlugin(),
     shortNamesPlugin(),

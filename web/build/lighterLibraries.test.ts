@@ -1,5 +1,7 @@
 import { readFileSync } from 'node:fs';
+import { runInNewContext } from 'node:vm';
 import { describe, expect, test } from 'vitest';
+import { withoutLeftOut } from './leftOutPlugin.ts';
 import { withoutEffects } from './pureRouterPlugin.ts';
 import { withShortNames } from './shortNamesPlugin.ts';
 
@@ -30,3 +32,43 @@ describe('the router without effects', () => {
     );
   });
 });
+
+describe('what is left out of a library', () => {
+  test('functions fail with their names, and other ones stay as they are', () => {
+    const code = 'function used() { return 1; }\nfunction unused(a) { return a; }\n';
+    const short = withoutLeftOut(code, { file: 'a.js', functions: ['unused'] });
+    expect(short).toContain('function used() { return 1; }');
+    expect(() => evaluate(`${short}; unused(1)`)).toThrow('unused is left out of the bundle');
+  });
+
+  test('methods are missing from their classes and prototypes', () => {
+    const code =
+      'class A { a() { return 1; } b() {} }\nfunction B() {}\nB.prototype.c = function () {};\nB.d = 2;\nB.prototype.e = A.e = () => 3;\n';
+    const short = withoutLeftOut(code, { file: 'a.js', methods: ['A.b'], prototypes: ['B'] });
+    expect(evaluate(`${short}; [new A().a(), 'b' in new A(), 'c' in new B(), B.d, A.e()]`)).toEqual([
+      1,
+      false,
+      false,
+      2,
+      3,
+    ]);
+  });
+
+  test('a file of definitions keeps the exports that are used, and does nothing at its top', () => {
+    const code = 'function a() {}\nvar b = new a();\nb.c = 1;\nexport { a as A, b as B };\n';
+    expect(withoutLeftOut(code, { file: 'a.js', exportsKept: ['A'] })).toBe(
+      'function a() {}\nvar b = /* @__PURE__ */ new a();\n\nexport { a as A };\n',
+    );
+  });
+
+  test('the build stops where a library has no such name any more', () => {
+    expect(() => withoutLeftOut('function a() {}', { file: 'a.js', functions: ['a', 'b'], methods: ['C.d'] })).toThrow(
+      'a.js has no b, C.d to leave out.',
+    );
+  });
+});
+
+/** The value of the last of some statements. */
+function evaluate(code: string): unknown {
+  return runInNewContext(code) as unknown;
+}

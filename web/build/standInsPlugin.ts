@@ -19,6 +19,17 @@ export const STAND_INS: readonly StandIn[] = [
   },
   // The wheel in buttons with `loading`, 6 kB.
   { part: '../CircularProgress', of: '@mui/joy', code: 'export default () => null;' },
+  // For `withTheme`, 3 kB with what it needs.
+  { part: 'hoist-non-react-statics', of: '@emotion/react', code: 'export default (target) => target;' },
+  // Which attributes HTML knows, 4 kB: the component library decides itself what it hands on.
+  { part: '@emotion/is-prop-valid', of: '@emotion/styled', code: 'export default () => true;' },
+  // Of the Markdown library its lexer: elements come from React.
+  {
+    part: 'marked',
+    of: 'marked-react',
+    code: `import { Lexer, getDefaults } from 'marked';
+      export class Marked { defaults = getDefaults(); lexer = Lexer.lex; }`,
+  },
 ];
 
 const PREFIX = '\0stand-in:';
