@@ -5,9 +5,9 @@
 #include <chrono>
 #include <string>
 
-/// A listening socket shares its address with nobody: a program that could bind there as well would be given some of
-/// the page's requests, and its answers would be shown in the window.
-void makeExclusive(socket_t listening);
+/// A socket shares its address with nobody, before it is bound: a program that could bind there as well would be given
+/// some of the page's requests, and its answers would be shown in the window. False where the system refuses.
+bool makeExclusive(socket_t socket);
 
 /// Waits for a connection. A failure that may pass is waited out; INVALID_SOCKET when the socket is closed.
 [[nodiscard]] socket_t acceptSocket(socket_t listening);

@@ -9,7 +9,7 @@
 #include "server/connection_socket.h"
 
 // Sockets are exclusive unless an option says otherwise.
-void makeExclusive(socket_t) {}
+bool makeExclusive(socket_t) { return true; }
 
 static bool mayPass(int error) { return error != EBADF && error != EINVAL && error != ENOTSOCK && error != EOPNOTSUPP; }
 

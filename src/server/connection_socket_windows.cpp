@@ -5,9 +5,9 @@
 #include "server/connection_queue.h"
 #include "server/connection_socket.h"
 
-void makeExclusive(socket_t listening) {
+bool makeExclusive(socket_t socket) {
     const BOOL on = TRUE;
-    setsockopt(listening, SOL_SOCKET, SO_EXCLUSIVEADDRUSE, reinterpret_cast<const char*>(&on), sizeof on);
+    return setsockopt(socket, SOL_SOCKET, SO_EXCLUSIVEADDRUSE, reinterpret_cast<const char*>(&on), sizeof on) == 0;
 }
 
 static bool mayPass(int error) {

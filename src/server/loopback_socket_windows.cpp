@@ -1,11 +1,6 @@
+#include "server/connection_socket.h"
 #include "server/loopback_address.h"
 #include "server/loopback_socket.h"
-
-// Elsewhere an address in use is one that cannot be had again; here that must be asked for.
-static bool makeExclusive(SOCKET socket) {
-    const BOOL on = TRUE;
-    return setsockopt(socket, SOL_SOCKET, SO_EXCLUSIVEADDRUSE, reinterpret_cast<const char*>(&on), sizeof on) == 0;
-}
 
 // The second is the answer when the other socket is exclusive too, or another user's (Winsock's documentation of bind).
 static bool meansInUse(int error) { return error == WSAEADDRINUSE || error == WSAEACCES; }

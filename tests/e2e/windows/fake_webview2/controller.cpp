@@ -8,7 +8,7 @@
 
 static constexpr GUID controllerHandlerId{0x6C4819F3, 0xC9B7, 0x4260, {0x81, 0x27, 0xC9, 0xF5, 0xBD, 0xE7, 0xF6, 0x8C}};
 
-static HWND window;
+static HWND parentWindow;
 
 static HRESULT STDMETHODCALLTYPE setBounds(ComObject*, RECT bounds) {
     tellDriver("bounds", std::to_string(bounds.right - bounds.left) + " " + std::to_string(bounds.bottom - bounds.top));
@@ -32,7 +32,7 @@ static ComObject& controller() {
 }
 
 static HRESULT STDMETHODCALLTYPE createController(ComObject*, HWND parent, IUnknown* completed) {
-    window = parent;
+    parentWindow = parent;
     tellDriver("create-controller");
     const Handler handler = handlerOf(completed, controllerHandlerId);
     if (!handler) return E_NOINTERFACE;
@@ -46,4 +46,4 @@ ComObject& environment() {
     return made;
 }
 
-HWND programWindow() { return window; }
+HWND programWindow() { return parentWindow; }
