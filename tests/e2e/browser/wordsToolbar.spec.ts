@@ -3,6 +3,28 @@ import { enterText, WordsTool } from '../support/browser/words';
 
 test.use({ viewport: { width: 1280, height: 800 } });
 
+test('lists and menus open below what they belong to, in a narrow window, too', async ({ page, enter }) => {
+  const tool = new WordsTool(page);
+  await tool.open(enter, {});
+  for (const width of [1280, 400]) {
+    await page.setViewportSize({ width, height: 800 });
+    for (const button of [tool.resolution, tool.formats, tool.converters]) {
+      await button.click();
+      const opener = (await button.boundingBox())!;
+      const list = (await page.getByRole('listbox').boundingBox())!;
+      expect(list.y).toBeGreaterThanOrEqual(opener.y + opener.height);
+      expect(list.y).toBeLessThan(opener.y + opener.height + 40);
+      await page.keyboard.press('Escape');
+    }
+  }
+  const more = tool.word(8, 1).group.getByRole('button', { name: 'More operations' });
+  await more.click();
+  const [opener, menu] = [(await more.boundingBox())!, (await page.getByRole('menu').boundingBox())!];
+  expect(Math.min(Math.abs(menu.y - opener.y - opener.height), Math.abs(opener.y - menu.y - menu.height))).toBeLessThan(
+    20,
+  );
+});
+
 test.describe('the resolution', () => {
   test('offers six widths; a smaller one drops the high bits for good', async ({ page, enter, expectAccessible }) => {
     const tool = new WordsTool(page);

@@ -83,9 +83,9 @@ function focusNextStop(popup: HTMLElement, event: KeyboardEvent): boolean {
 }
 
 /** Below or above its place where it fits; else it covers the place, unless it may shrink beside it. */
-function place(popup: HTMLElement, { left, ...edges }: PopupPlace, shrinks: boolean): void {
+function place(popup: HTMLElement, at: PopupPlace, shrinks: boolean): void {
   // The place may be scrolled out of view.
-  const [top, bottom] = [inWindow(edges.top), inWindow(edges.bottom)];
+  const [top, bottom] = [inWindow(at.top), inWindow(at.bottom)];
   const { style } = popup;
   style.maxHeight = '';
   const { width, height } = popup.getBoundingClientRect();
@@ -99,7 +99,7 @@ function place(popup: HTMLElement, { left, ...edges }: PopupPlace, shrinks: bool
   const isAbove = !isBelow && shown <= above;
   const covering = Math.max(EDGE, Math.min(top, innerHeight - EDGE - shown));
   if (isShrunk) style.maxHeight = `${room}px`;
-  style.left = `${Math.max(EDGE, Math.min(left, innerWidth - width - EDGE))}px`;
+  style.left = `${Math.max(EDGE, Math.min(at.left, innerWidth - width - EDGE))}px`;
   style.bottom = isAbove ? `${innerHeight - top + GAP}px` : '';
   style.top = isAbove ? '' : `${isBelow ? bottom + GAP : covering}px`;
 }

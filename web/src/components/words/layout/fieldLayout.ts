@@ -63,12 +63,12 @@ export function layoutFields(
   const lengths = [decimalLength(bits), ...converters.map((converter) => longestText(converter, bits))];
   const fields = lengths.map((length, position) => {
     const label = position === 0 ? 0 : FIELD_LABEL_WIDTH;
-    const columns = bitField.vertical && length === bits ? columnsOver(bitField) : undefined;
-    const fits = !columns && length * charWidth + label + FIELD_SIDES <= half;
     const inLine = Math.max(1, Math.floor((boxWidth - label - FIELD_SIDES) / charWidth));
+    const columns = length === bits ? columnsFor(bitField, boxWidth, inLine, charWidth) : undefined;
+    const fits = !columns && length * charWidth + label + FIELD_SIDES <= half;
     return {
       fullWidth: !fits,
-      lines: fits || bits < WRAPPING_FROM ? 1 : Math.ceil(length / (columns?.count ?? inLine)),
+      lines: fits || (bits < WRAPPING_FROM && !columns) ? 1 : Math.ceil(length / (columns?.count ?? inLine)),
       columns,
     };
   });
@@ -76,8 +76,18 @@ export function layoutFields(
   return { places, height: heightOf(places) };
 }
 
-function columnsOver({ bitsPerLine, left, byteWidth }: BitFieldLayout): DigitColumns {
-  return { count: bitsPerLine, left, pitch: byteWidth / 8 };
+/** The bits' columns where they take several lines, else whole bytes at the right where the text does. */
+function columnsFor(
+  bitField: BitFieldLayout,
+  boxWidth: number,
+  inLine: number,
+  charWidth: number,
+): DigitColumns | undefined {
+  const { bits, vertical, bitsPerLine, left, byteWidth } = bitField;
+  if (vertical) return { count: bitsPerLine, left, pitch: byteWidth / 8 };
+  if (bits <= inLine) return undefined;
+  const count = 2 ** Math.floor(Math.log2(inLine));
+  return { count, left: boxWidth - FIELD_PADDING_X - count * charWidth, pitch: charWidth };
 }
 
 function stretchLonelyFields(fields: readonly FieldPlace[]): FieldPlace[] {

@@ -47,6 +47,14 @@ test('every field is as high as its longest text needs', () => {
   ]);
 });
 
+test('a text in base 2 has lines of whole bytes where it is wider than the window', () => {
+  const [widest, half, quarter] = geometry(64, 260).rows;
+  const columnsOf = (row: typeof widest) => row!.fields.places.map(({ lines, columns }) => [lines, columns?.count]);
+  expect(columnsOf(widest)[1]).toEqual([4, 16]);
+  expect(columnsOf(half)[1]).toEqual([2, 16]);
+  expect(columnsOf(quarter)[1]).toEqual([1, undefined]);
+});
+
 test('a float view needs a format of its width', () => {
   const { rows } = geometry(512, 1200, { converters: ['FLOAT'] });
   expect(rows.map(({ bits, converters }) => [bits, converters.length])).toEqual([
