@@ -18,7 +18,7 @@ interface Waiting {
   reject: (error: Error) => void;
 }
 
-/** Debian's Chromium without a window. It is spoken to over a pipe in the DevTools protocol: JSON texts, each ended by a NUL. */
+/** Debian's Chromium without its windows, which take processor time. It is spoken to over a pipe in the DevTools protocol: JSON texts, each ended by a NUL. */
 export class Chromium {
   readonly #process: ChildProcess;
   readonly #profile: string;
@@ -30,10 +30,10 @@ export class Chromium {
 
   constructor() {
     this.#profile = mkdtempSync(join(tmpdir(), 'tessary-chromium-'));
-    const switches = ['--headless=new', '--no-sandbox', '--disable-gpu', '--disable-dev-shm-usage', '--no-first-run'];
+    const switches = ['--no-sandbox', '--disable-gpu', '--disable-dev-shm-usage', '--no-first-run'];
     const quiet = ['--disable-background-networking', '--disable-component-update', '--disable-sync', '--disable-quic'];
     const pipe = ['--remote-debugging-pipe', `--user-data-dir=${this.#profile}`];
-    this.#process = spawn('chromium', [...switches, ...quiet, ...pipe], {
+    this.#process = spawn('chromium-headless-shell', [...switches, ...quiet, ...pipe], {
       stdio: ['ignore', 'ignore', 'ignore', 'pipe', 'pipe'],
       detached: true,
     });
