@@ -114,6 +114,7 @@ test.describe('a refused text', () => {
     await enterText(tool.word(64, 1).value, digest);
     await expect(tool.warning.getByRole('button', { name: 'Read as base 16, widen to 256' })).toBeVisible();
     await page.keyboard.press('Alt+Enter');
+    await expect(tool.warning).toHaveCount(0);
     await expect(tool.resolution).toContainText('256');
     await expect(tool.word(256, 1).base(16)).toHaveValue(digest.toUpperCase());
     await page.keyboard.press('Control+z');

@@ -97,8 +97,6 @@ test.describe('pasting into a word', () => {
     await tool.word(256, 1).bits.focus();
     await page.keyboard.press('Control+v');
     await expect(form(page)).toContainText('33 bytes, room for 32');
-    await page.keyboard.press('Enter');
-    await expect(form(page)).toBeVisible();
     await page.getByRole('button', { name: 'Widen to 512' }).click();
     await page.getByRole('button', { name: 'Apply' }).click();
     await expect(tool.word(512, 1).value).toHaveValue(`${(1n << 264n) - 1n}`);
@@ -106,6 +104,21 @@ test.describe('pasting into a word', () => {
     await page.keyboard.press('Control+z');
     await expect(tool.word(256, 1).value).toHaveValue('5');
     await expect(tool.status).toHaveText('Undid paste, Int 512 word 1');
+  });
+
+  test('widens with Enter, shows what comes of it, and applies it with another', async ({ page, enter }) => {
+    const tool = new WordsTool(page);
+    await tool.open(enter, { int: 5 });
+    await put(page, '2001:db8::1');
+    await tool.word(64, 1).bits.focus();
+    await page.keyboard.press('Control+v');
+    await expect(form(page)).toContainText('126 bits, room for 64');
+    await page.keyboard.press('Enter');
+    await expect(form(page)).toContainText('20010db8');
+    await expect(tool.resolution).toContainText('64');
+    await page.keyboard.press('Enter');
+    await expect(tool.resolution).toContainText('128');
+    await expect(tool.word(128, 1).base(16)).toHaveValue('20010DB8000000000000000000000001');
   });
 
   test('offers a wider word of the same sheet', async ({ page, enter }) => {

@@ -6,19 +6,22 @@ test.use({ viewport: { width: 1280, height: 800 } });
 test.describe('by keyboard alone', () => {
   test('Alt and arrows go from word to word, in the same kind of field', async ({ page, enter }) => {
     const tool = new WordsTool(page);
-    await tool.open(enter, {});
+    await tool.open(enter, { int: 0x12345678 });
     await tool.word(64, 1).base(16).focus();
     await page.keyboard.press('Alt+ArrowDown');
-    await expect(tool.word(32, 2).base(16)).toBeFocused();
+    await expect(tool.word(32, 1).base(16)).toBeFocused();
     await page.keyboard.press('Alt+ArrowDown');
-    await expect(tool.word(16, 4).base(16)).toBeFocused();
-    await page.keyboard.press('Alt+ArrowRight');
-    await expect(tool.word(16, 3).base(16)).toBeFocused();
-    await expect(tool.word(16, 3).group).toHaveClass(/focused/);
-    await page.keyboard.press('Alt+ArrowUp');
-    await expect(tool.word(32, 2).base(16)).toBeFocused();
+    await expect(tool.word(16, 1).base(16)).toBeFocused();
     await page.keyboard.press('Alt+ArrowLeft');
-    await expect(tool.word(32, 2).base(16)).toBeFocused();
+    await expect(tool.word(16, 2).base(16)).toBeFocused();
+    await expect(tool.word(16, 2).group).toHaveClass(/focused/);
+    await page.keyboard.type('ab'); // in place of what was there
+    await page.keyboard.press('Enter');
+    await expect(tool.word(16, 2).base(16)).toHaveValue('AB');
+    await page.keyboard.press('Alt+ArrowUp');
+    await expect(tool.word(32, 1).base(16)).toBeFocused();
+    await page.keyboard.press('Alt+ArrowRight');
+    await expect(tool.word(32, 1).base(16)).toBeFocused();
     await expect(page).toHaveURL(/\/tools\/words$/);
   });
 
@@ -27,13 +30,13 @@ test.describe('by keyboard alone', () => {
     await tool.open(enter, { int: 5, intResolution: 1024 });
     await tool.word(1024, 1).value.focus();
     for (let row = 0; row < 7; row++) await page.keyboard.press('Alt+ArrowDown');
-    await expect(tool.word(8, 128).value).toBeFocused();
-    await expect(tool.word(8, 128).value).toBeInViewport();
-    for (let step = 0; step < 127; step++) await page.keyboard.press('Alt+ArrowRight');
     await expect(tool.word(8, 1).value).toBeFocused();
     await expect(tool.word(8, 1).value).toBeInViewport();
+    for (let step = 0; step < 127; step++) await page.keyboard.press('Alt+ArrowLeft');
+    await expect(tool.word(8, 128).value).toBeFocused();
+    await expect(tool.word(8, 128).value).toBeInViewport();
     await page.keyboard.press('Alt+ArrowDown');
-    await expect(tool.color(1).getByRole('textbox', { name: 'Color', exact: true })).toBeFocused();
+    await expect(tool.color(32).getByRole('textbox', { name: 'Color', exact: true })).toBeFocused();
   });
 
   test('Tab stops at the header, the fields and the bits of a word; arrow keys reach the rest', async ({

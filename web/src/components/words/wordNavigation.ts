@@ -18,7 +18,7 @@ export function wordOfBlock({ id }: Element): ChangedWord {
 
 /**
  * The word next to a word in a direction; the more significant one is at the left. Above is the word that holds it,
- * below the leftmost of those that it holds.
+ * below the least significant of those that it holds.
  */
 export function neighbour(
   rows: readonly Pick<RowGeometry, 'key' | 'bits' | 'count'>[],
@@ -35,15 +35,16 @@ export function neighbour(
   }
   const target = rows[position + (direction === 'down' ? 1 : -1)];
   if (!target) return undefined;
-  const topBit = (index + 1) * row.bits - 1;
-  return { rowKey: target.key, index: Math.floor(topBit / target.bits) };
+  return { rowKey: target.key, index: Math.floor((index * row.bits) / target.bits) };
 }
 
-/** Gives a word the focus, in the same kind of control where it has one. It is mounted first if it was not. */
+/** Gives a word the focus, in the same kind of control where it has one, a text selected. It is mounted first if it was not. */
 export function focusWord(row: RowGeometry, index: number, focusKey: string): void {
   flushSync(() => useSheetStore.getState().focus(row.type, row.bits, index));
   const block = document.getElementById(blockId(row.key, index));
-  if (block) controlOf(block, focusKey)?.focus();
+  const control = block && controlOf(block, focusKey);
+  control?.focus();
+  if (isTextField(control)) control.select();
 }
 
 /**

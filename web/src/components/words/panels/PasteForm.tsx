@@ -60,7 +60,11 @@ export function PasteForm({ word, initial }: FormProps) {
       pasteNames(text);
       return;
     }
-    if (value === undefined) return field.current!.focus();
+    if (value === undefined) {
+      if (wider !== undefined) takeWidth(wider);
+      if (widened !== undefined) widen(widened);
+      return field.current!.focus();
+    }
     closePanel(false);
     const isWider = resolution !== int.resolution;
     flushSync(() => applyPaste({ type, ...target }, value, reading!, isWider ? resolution : undefined));
@@ -70,7 +74,7 @@ export function PasteForm({ word, initial }: FormProps) {
   const onKeyDown = (event: KeyboardEvent) => {
     if (event.key !== 'Enter' || event.shiftKey || event.target instanceof HTMLButtonElement) return;
     event.preventDefault();
-    if (!event.nativeEvent.isComposing) apply();
+    if (!event.nativeEvent.isComposing && !event.repeat) apply();
   };
   const edit = (next: string) => {
     setText(next);

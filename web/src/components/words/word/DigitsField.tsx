@@ -15,7 +15,7 @@ import { isAltered, noteTyping, showText, type TextElement } from '../../../ui/a
 import { briefMessage } from '../../../ui/briefMessage';
 import { fullText } from '../../../ui/longText';
 import type { Offer } from '../../../ui/NoticeActions';
-import { showWarning } from '../../../ui/notifications';
+import { closeNotices, showWarning } from '../../../ui/notifications';
 import { makeTabStop } from '../../../ui/tabStop';
 import { noteTypedField } from '../lastTypedField';
 import type { DigitColumns, FieldPlace } from '../layout/fieldLayout';
@@ -111,6 +111,7 @@ export function DigitsField(props: DigitsFieldProps) {
     const taken = offers.map(({ label, run }) => ({
       label,
       run() {
+        closeNotices();
         run();
         selection.current = [null, null];
         renew(field);
