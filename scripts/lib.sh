@@ -45,3 +45,22 @@ if have ccache; then export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAU
 
 # Build jobs: as many as there are cores.
 jobs=$(nproc)
+
+# sharded PROGRAM...: passes a program's GoogleTest tests in as many processes as there are cores, as many of them wait more
+# than they work. Prints what each has to say once it has ended.
+sharded() (
+  reports=$(mktemp -d)
+  # shellcheck disable=SC2046
+  trap 'kill $(jobs -pr) 2>/dev/null || true; rm -rf "$reports"' EXIT
+  running=()
+  for ((shard = 0; shard < jobs; shard++)); do
+    GTEST_TOTAL_SHARDS=$jobs GTEST_SHARD_INDEX=$shard "$@" >"$reports/$shard" 2>&1 &
+    running+=($!)
+  done
+  failed=0
+  for shard in "${!running[@]}"; do
+    wait "${running[$shard]}" || failed=1
+    cat "$reports/$shard"
+  done
+  exit $failed
+)
