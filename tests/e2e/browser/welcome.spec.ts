@@ -21,6 +21,16 @@ test.describe('the welcome page', () => {
     }
   });
 
+  test('is dark where another page at this address chose a light mode', async ({ page, enter }) => {
+    await page.addInitScript(() => {
+      localStorage.setItem('joy-mode', 'light');
+      localStorage.setItem('joy-color-scheme-light', 'light');
+    });
+    await enter();
+    await expect(page.getByRole('link', { name: 'Open Words Tool' })).toHaveCSS('color', 'rgb(255, 255, 255)');
+    await expect(page.locator('html')).toHaveAttribute('data-joy-color-scheme', 'dark');
+  });
+
   test('has an accessible privacy policy that Escape closes', async ({ page, enter, expectAccessible }) => {
     await enter();
     await page.getByRole('link', { name: 'Privacy policy' }).click();

@@ -11,7 +11,14 @@ import { tokenProperties } from '../ui/tokens';
 /** Everything that the routes need around them: theme and notifications. */
 export function App({ children }: { children: ReactNode }) {
   return (
-    <CssVarsProvider theme={theme} defaultMode="dark" disableTransitionOnChange>
+    // With a key of its own: another program's page at the same port may have chosen a scheme that this one does not have.
+    <CssVarsProvider
+      theme={theme}
+      defaultMode="dark"
+      defaultColorScheme="dark"
+      colorSchemeStorageKey="tessary-color-scheme"
+      disableTransitionOnChange
+    >
       <CssBaseline />
       <GlobalStyles styles={{ ':root': tokenProperties }} />
       <SnackbarProvider

@@ -22,3 +22,6 @@ export const theme = extendTheme({
     },
   },
 });
+
+// There is no light mode: its variables would be made, written as a style sheet and read by the browser for nothing.
+delete (theme.colorSchemes as Partial<typeof theme.colorSchemes>).light;
