@@ -194,7 +194,8 @@ function alignDigits(field: TextElement, { columns, lines }: FieldPlace): void {
   if (!columns || field instanceof HTMLInputElement) return;
   const { count, pitch } = columns;
   const length = Math.max(1, field.value.length);
-  field.rows = Math.min(lines, Math.ceil(length / count));
+  const rows = Math.min(lines, Math.ceil(length / count));
+  if (field.rows !== rows) field.rows = rows; // the same number would have the field laid out anew, too
   field.style.textIndent = `${((count - (length % count)) % count) * pitch}px`;
-  field.style.paddingTop = `calc(var(--field-padding-y) + ${lines - field.rows} * var(--field-line-height))`;
+  field.style.paddingTop = `calc(var(--field-padding-y) + ${lines - rows} * var(--field-line-height))`;
 }
