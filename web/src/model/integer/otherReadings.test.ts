@@ -23,6 +23,13 @@ test.each([
   { name: 'nothing', text: '', base: 10, readings: [] },
   { name: 'no number in any base', text: 'hello!', base: 10, readings: [] },
   { name: 'a number too wide for every sheet', text: '9'.repeat(400), base: 10, readings: [] },
+  { name: 'more digits than any sheet has bits', text: '1'.repeat(1025), base: 10, readings: [] },
+  {
+    name: 'few digits behind many zeros',
+    text: `0x${'0'.repeat(2000)}ff`,
+    base: 10,
+    readings: [{ base: 16, width: 64, value: 255n }],
+  },
 ])('other readings of $name', ({ text, base, readings }) => {
   expect(otherReadings(text, base, 64, false, WIDER)).toEqual(readings);
 });
