@@ -31,6 +31,7 @@ export class EditorServer {
       [editorServer, ...options, '--disable-workspace-trust', '--server-data-dir', home],
       {
         stdio: ['ignore', 'pipe', 'pipe'],
+        detached: true, // a group of its own, with the processes that it starts for its windows
         env: { PATH: process.env.PATH, HOME: home, LANG: 'C.UTF-8' },
       },
     );
@@ -54,8 +55,9 @@ export class EditorServer {
 
   async stop(): Promise<void> {
     if (this.process.exitCode === null) {
-      this.process.kill();
-      await once(this.process, 'exit');
+      const ended = once(this.process, 'exit');
+      process.kill(-this.process.pid!);
+      await ended;
     }
     rmSync(this.home, { recursive: true, force: true, maxRetries: 5 });
   }
