@@ -126,9 +126,9 @@ export function SheetView({ onOverflow }: SheetViewProps) {
   );
 }
 
-/** A sheet begins with the least significant bits of its widest word, whose lines may need more than the view has. */
+/** A sheet begins with the least significant bits of its widest word, whose lines of bits may need more than the view has. */
 function verticalStart({ rows: [widest] }: SheetGeometry, viewHeight: number): number {
-  return widest ? Math.max(0, ROW_GAP + widest.height - viewHeight) : 0;
+  return widest?.bitField.vertical ? Math.max(0, ROW_GAP + widest.height - viewHeight) : 0;
 }
 
 /** The word of a row below or above the focused one that the keyboard comes to first. */
