@@ -14,13 +14,14 @@ static constexpr std::size_t reserve = 4;
 static constexpr std::chrono::seconds idleTime{2};
 // How long a connection stays open without a request.
 static constexpr std::chrono::seconds keptTime{CPPHTTPLIB_KEEPALIVE_TIMEOUT_SECOND};
+static constexpr std::chrono::seconds betweenLooks{1};
 
 thread_local ConnectionQueue* ConnectionQueue::ownQueue = nullptr;
 thread_local ConnectionQueue::Connection* ConnectionQueue::ownConnection = nullptr;
 
 static bool hasWholeRequest(socket_t socket) { return peekAt(socket).find("\r\n\r\n") != std::string::npos; }
 
-ConnectionQueue::ConnectionQueue(SetWait setWait) : setWait_(std::move(setWait)) {
+ConnectionQueue::ConnectionQueue() {
     ownQueue = this;
     const std::lock_guard guard(mutex_);
     while (workers_.size() < reserve && startWorker()) continue;
@@ -38,7 +39,6 @@ socket_t ConnectionQueue::accept(socket_t listening) {
 }
 
 bool ConnectionQueue::enqueue(std::function<void()> serve) {
-    waitFor(betweenLooks);
     const std::lock_guard guard(mutex_);
     const socket_t socket = std::exchange(accepted_, INVALID_SOCKET);
     if (Clock::now() - lookedAfter_ > betweenLooks) lookAfterConnections();
@@ -67,12 +67,6 @@ void ConnectionQueue::shutdown() {
 void ConnectionQueue::on_idle() {
     const std::lock_guard guard(mutex_);
     lookAfterConnections();
-    // No clock wakes a server that nobody asks anything, as long as a thread waits for requests.
-    if (connections_.empty() && finished_.empty() && isWatched_) waitFor(longestWaitToAccept());
-}
-
-void ConnectionQueue::waitFor(std::chrono::seconds time) const {
-    if (setWait_) setWait_(time);
 }
 
 std::size_t ConnectionQueue::requestNumber() { return ownConnection == nullptr ? 1 : ownConnection->requests; }

@@ -29,13 +29,8 @@ public:
     static constexpr std::chrono::milliseconds patience{5000};
     static constexpr std::chrono::milliseconds grace{250};
 
-    /// How often there is something to look after, while there are connections.
-    static constexpr std::chrono::seconds betweenLooks{1};
-    /// Sets how long the thread that accepts waits for a connection before it calls `on_idle`. Called on that thread.
-    using SetWait = std::function<void(std::chrono::seconds)>;
-
     /// Starts the threads that are kept in reserve. To be made, fed and shut down on the thread that accepts.
-    explicit ConnectionQueue(SetWait setWait = {});
+    ConnectionQueue();
     ConnectionQueue(const ConnectionQueue&) = delete;
     ConnectionQueue& operator=(const ConnectionQueue&) = delete;
     ~ConnectionQueue() override;
@@ -89,7 +84,6 @@ private:
     /// Makes sure that a thread is there for what waits, or for what comes; where there is none, others make room.
     void callThread();
     void lookAfterConnections();
-    void waitFor(std::chrono::seconds time) const;
     void joinFinished();
     void endServedFor(Clock::duration age);
     void closeIdleFor(Clock::duration age);
@@ -98,7 +92,6 @@ private:
     static thread_local ConnectionQueue* ownQueue;
     static thread_local Connection* ownConnection;
 
-    SetWait setWait_;
     std::mutex mutex_;
     std::condition_variable called_;
     Connections connections_;

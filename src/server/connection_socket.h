@@ -12,10 +12,6 @@ bool makeExclusive(socket_t socket);
 /// Waits for a connection. A failure that may pass is waited out; INVALID_SOCKET when the socket is closed.
 [[nodiscard]] socket_t acceptSocket(socket_t listening);
 
-/// How long the library may wait for a connection without looking whether it is to stop, while nothing else is to be
-/// done.
-[[nodiscard]] std::chrono::seconds longestWaitToAccept();
-
 /// What has come and was not read yet, up to some kilobytes. It stays there to be read.
 [[nodiscard]] std::string peekAt(socket_t socket);
 

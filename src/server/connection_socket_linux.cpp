@@ -24,10 +24,6 @@ socket_t acceptSocket(socket_t listening) {
     }
 }
 
-// Shutting the socket down ends the wait. The library reads the socket's number and waits for it in two steps: should a
-// stop ever come between them, it is noticed at the end of the wait.
-std::chrono::seconds longestWaitToAccept() { return std::chrono::minutes{1}; }
-
 std::string peekAt(socket_t socket) {
     std::string bytes(1 << 13, '\0');
     const ssize_t count = recv(socket, bytes.data(), bytes.size(), MSG_PEEK | MSG_DONTWAIT);

@@ -31,9 +31,6 @@ socket_t acceptSocket(socket_t listening) {
     }
 }
 
-// That closing the socket ends the wait is not promised.
-std::chrono::seconds longestWaitToAccept() { return std::chrono::seconds{1}; }
-
 std::string peekAt(socket_t socket) {
     // Without anything there, reading would block.
     u_long available = 0;

@@ -3,13 +3,6 @@
 #include "server/connection_queue.h"
 #include "server/connection_stream.h"
 
-RequestServer::RequestServer() {
-    // The library deletes it.
-    new_task_queue = [this] {
-        return new ConnectionQueue([this](std::chrono::seconds time) { set_idle_interval(time); });
-    };
-}
-
 bool RequestServer::process_and_close_socket(socket_t connection) {
     ConnectionStream stream(connection);
     const bool isLast = ConnectionQueue::requestNumber() >= keep_alive_max_count_;

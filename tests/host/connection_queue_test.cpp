@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "app/process_limits.h"
-#include "server/connection_socket.h"
 #include "server/request_server.h"
 
 using namespace std::chrono_literals;
@@ -178,36 +177,4 @@ TEST_F(QueueOfTheServer, AnswersEachOfManyShortConnections) {
     }
     for (std::thread& client : clients) client.join();
     EXPECT_EQ(answered, 800);
-}
-
-TEST(ConnectionQueue, LetsTheServerRestWhileItHasNoConnections) {
-    std::atomic<std::chrono::seconds> wait = 0s;
-    RequestServer server;
-    server.Get(
-        "/", [](const httplib::Request&, httplib::Response& response) { response.set_content("here", "text/plain"); });
-    server.new_task_queue = [&] {
-        return new ConnectionQueue([&](std::chrono::seconds time) {
-            server.set_idle_interval(time);
-            wait = time;
-        });
-    };
-    const int port = server.bind_to_any_port("127.0.0.1");
-    std::thread thread([&] { server.listen_after_bind(); });
-    const auto waitsFor = [&](std::chrono::seconds time) {
-        const auto longest = std::chrono::steady_clock::now() + 20s;
-        while (wait.load() != time && std::chrono::steady_clock::now() < longest) std::this_thread::sleep_for(10ms);
-        return wait.load() == time;
-    };
-    EXPECT_TRUE(waitsFor(longestWaitToAccept()));
-    {
-        const Connection connection(port, wholeRequest);
-        EXPECT_TRUE(connection.isAnswered());
-        EXPECT_EQ(wait.load(), ConnectionQueue::betweenLooks);
-    }
-    EXPECT_TRUE(waitsFor(longestWaitToAccept()));
-    // A stop ends a long wait, too.
-    const auto begin = std::chrono::steady_clock::now();
-    server.stop();
-    thread.join();
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, longestWaitToAccept() / 2 + 5s);
 }
