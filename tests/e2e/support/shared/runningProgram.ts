@@ -69,8 +69,8 @@ export abstract class RunningProgram<Page extends ScriptablePage = ScriptablePag
     return this.page.evaluate(() => (document.body as HTMLElement | null)?.innerText ?? '');
   }
 
-  async shows(text: string) {
-    await until(`"${text}" in the window`, async () => (await this.text()).includes(text));
+  async shows(text: string, milliseconds?: number) {
+    await until(`"${text}" in the window`, async () => (await this.text()).includes(text), milliseconds);
   }
 }
 
