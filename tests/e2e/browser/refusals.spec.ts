@@ -107,6 +107,18 @@ test.describe('a refused text', () => {
     await expect(tool.warning).toHaveCount(0);
   });
 
+  test('is read as a float, where it is one, by Alt and Enter', async ({ page, enter }) => {
+    const tool = new WordsTool(page);
+    await tool.open(enter, { int: 5 });
+    await enterText(tool.word(64, 1).value, '3.14');
+    await expect(tool.warning.getByRole('button')).toContainText(['Read as float']);
+    await page.keyboard.press('Alt+Enter');
+    await expect(tool.word(64, 1).base(16)).toHaveValue('40091EB851EB851F');
+    await expect(tool.warning).toHaveCount(0);
+    await page.keyboard.press('Control+z');
+    await expect(tool.word(64, 1).value).toHaveValue('5');
+  });
+
   test('is given a wider sheet by Alt and Enter; one undo takes both back', async ({ page, enter }) => {
     const tool = new WordsTool(page);
     await tool.open(enter, { int: 5 });

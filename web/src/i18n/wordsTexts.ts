@@ -36,6 +36,7 @@ export const wordsTexts = {
   altered: 'Enter applies, Esc restores',
   offers: {
     read: 'Read as base {{base}}',
+    readFloat: 'Read as float',
     widen: 'Widen to {{bits}}',
     readWider: 'Read as base {{base}}, widen to {{bits}}',
   },

@@ -51,6 +51,20 @@ export function readFloat(text: string): FloatText | undefined {
   };
 }
 
+const MARKED_AS_FLOAT = /[.ep]|inf|nan/i;
+
+/**
+ * What a text that is no integer is as a float of the same width: the bits of the nearest one.
+ * @param width - bits in the word
+ * @returns undefined where the text could be an integer, is no number, or is too large, or where there is no such float
+ */
+export function nearestFloat(text: string, width: number): bigint | undefined {
+  const trimmed = text.trim();
+  const float = MARKED_AS_FLOAT.test(trimmed) ? readFloat(trimmed) : undefined;
+  const encoded = float && encodeFloatText(float, width);
+  return encoded?.ok ? encoded.value : undefined;
+}
+
 /** The bits of the float that is nearest. @param width - bits in the word */
 export function encodeFloatText(float: FloatText, width: number): Result<bigint> {
   const format = floatFormatFor(width);

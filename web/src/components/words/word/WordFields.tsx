@@ -9,6 +9,7 @@ import { parseInteger } from '../../../model/integer/parseInteger';
 import type { Result } from '../../../model/result';
 import type { Converter } from '../../../model/sheet/converters';
 import { PICKER_RESOLUTIONS } from '../../../model/sheet/resolutions';
+import { nearestFloat } from '../../../model/text/floatText';
 import { inOneStep } from '../../../stores/history';
 import { useSheetStore } from '../../../stores/sheetStore';
 import type { Offer } from '../../../ui/NoticeActions';
@@ -47,7 +48,11 @@ export function WordFields({ row, texts, index, word, signed, sheetId }: WordFie
     if (!refusal) return undefined;
     const wider = row.count === 1 ? PICKER_RESOLUTIONS.filter((each) => each > bits) : [];
     const readings = otherReadings(text, base, bits, signed, wider);
-    return { ...refusal, offers: readings.map((reading) => offerOf(reading, base, bits, index, sheetId)) };
+    const offers = readings.map((reading) => offerOf(offerLabel(reading, base, bits), reading, bits, index, sheetId));
+    const float = nearestFloat(text, bits);
+    if (float === undefined) return { ...refusal, offers };
+    const asFloat = offerOf(i18next.t('words.offers.readFloat'), { value: float, width: bits }, bits, index, sheetId);
+    return { ...refusal, offers: [...offers, asFloat] };
   };
 
   const field = (converter: Converter, position: number) => {
@@ -96,13 +101,22 @@ export function WordFields({ row, texts, index, word, signed, sheetId }: WordFie
   );
 }
 
-/** What a refused text could be instead, as a button. */
-function offerOf(reading: Reading, base: number, bits: number, index: number, sheetId: string | null): Offer {
-  const { value, width } = reading;
-  const isOtherBase = reading.base !== base;
+function offerLabel({ base, width }: Reading, refusedBase: number, bits: number): string {
+  const isOtherBase = base !== refusedBase;
   const key = width === bits ? 'read' : isOtherBase ? 'readWider' : 'widen';
+  return i18next.t(`words.offers.${key}`, { base, bits: width });
+}
+
+/** What a refused text could be instead, as a button. */
+function offerOf(
+  label: string,
+  { value, width }: Pick<Reading, 'value' | 'width'>,
+  bits: number,
+  index: number,
+  sheetId: string | null,
+): Offer {
   return {
-    label: i18next.t(`words.offers.${key}`, { base: reading.base, bits: width }),
+    label,
     run() {
       const { id, setIntResolution, updateWord } = useSheetStore.getState();
       if (id !== sheetId) return; // it is offered until the notification goes
