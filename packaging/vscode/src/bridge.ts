@@ -19,21 +19,18 @@ const post = (message: PageMessage): void => {
 window.acquireVsCodeApi = () => ({ ...api, postMessage: (message) => post({ ...(message as PageUpdate), seen }) });
 window.openExternalUrl = (url) => post({ type: 'openExternalUrl', url });
 
-/** The page posts what it holds back when it loses the focus. */
-const flush = (): unknown => window.dispatchEvent(new Event('blur'));
-
-/** And what it still holds back while it rests after a document when it goes. Another document would end that unposted. */
+/** The page posts what it holds back when it goes, also while it rests after a document. */
 const postAll = (): unknown => window.dispatchEvent(new Event('pagehide'));
 
 window.addEventListener('message', ({ data }: MessageEvent<ExtensionMessage>) => {
   switch (data.type) {
     case 'document':
-      postAll();
+      postAll(); // the document would end what is held back
       seen = data.number;
       window.dispatchEvent(new CustomEvent('vscode-session-data', { detail: { data: data.data } }));
       break;
     case 'flush':
-      flush();
+      postAll();
       post({ type: 'flushed' });
       break;
     case 'taken':
@@ -42,6 +39,9 @@ window.addEventListener('message', ({ data }: MessageEvent<ExtensionMessage>) =>
   }
 });
 
+/** A pointer may close the editor next. */
+window.addEventListener('blur', postAll);
+
 /*
  * The editor listens at the window. A key that the page has used is not the editor's too; another one, such as the key
  * that closes the editor, reaches it after the last edit, which would be lost otherwise.
@@ -49,7 +49,7 @@ window.addEventListener('message', ({ data }: MessageEvent<ExtensionMessage>) =>
 document.addEventListener('keydown', (event) => {
   if (event.defaultPrevented) return event.stopPropagation();
   if (!event.isTrusted || !isForEditor(event)) return;
-  flush();
+  postAll();
   if (underWay === 0) return;
   event.preventDefault();
   event.stopPropagation();

@@ -8,8 +8,6 @@ import type { ExtensionMessage, PageMessage, PageUpdate } from './messages';
 import { offerText } from './offerText';
 import { placeAt, unified } from './textPlaces';
 
-/** For so long the page keeps its edits to itself after it was sent a document, in milliseconds. */
-const PAGE_REST = 600;
 /** How long a save waits for a page that does not answer, in milliseconds. */
 const PATIENCE = 1000;
 /** How often an edit is tried that others come before. */
@@ -26,7 +24,6 @@ export class Session {
    * are kept for edits that were under way when another document was sent.
    */
   readonly #pages = new Map<number, WordsDocumentData>();
-  #delivered = 0;
   #edits = Promise.resolve();
   #onFlushed: (() => void) | undefined;
   readonly #listeners;
@@ -65,7 +62,6 @@ export class Session {
     const text = this.#text;
     const reading = readDocument(text);
     this.#shown = text;
-    this.#delivered = Date.now();
     this.#number++;
     if (reading.kind === 'words') this.#pages.set(this.#number, reading.shown);
     this.#post({ type: 'document', number: this.#number, data: { rawContent: text } });
@@ -122,7 +118,6 @@ export class Session {
 
   /** Waits until the page's last edit is in the text. */
   async #settle(): Promise<[]> {
-    await new Promise((resolve) => setTimeout(resolve, this.#delivered + PAGE_REST - Date.now()));
     await new Promise<void>((resolve) => {
       this.#onFlushed = resolve;
       setTimeout(resolve, PATIENCE);
