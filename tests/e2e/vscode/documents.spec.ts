@@ -1,5 +1,3 @@
-import { mkdirSync } from 'node:fs';
-import { join } from 'node:path';
 import { documentText } from '../support/shared/documents';
 import { expect, test } from '../support/vscode/fixtures';
 
@@ -34,7 +32,7 @@ test('undo and redo are those of the editor', async ({ editor, page }) => {
 test('two documents are compared as texts, and nothing is written', async ({ editor, page }) => {
   const texts = { [NAME]: documentText({ int: '0xff' }), 'other.words.tessary': documentText({ int: '0xf0' }) };
   for (const [name, text] of Object.entries(texts)) editor.write(name, text);
-  await editor.enter();
+  await editor.open(NAME);
   await page.getByRole('treeitem', { name: NAME }).click({ button: 'right' });
   await page.getByRole('menuitem', { name: 'Select for Compare' }).click();
   await page.getByRole('treeitem', { name: 'other.words.tessary' }).click({ button: 'right' });
@@ -43,19 +41,4 @@ test('two documents are compared as texts, and nothing is written', async ({ edi
   for (const [side, line] of Object.entries({ original: '"int": "0xff"', modified: '"int": "0xf0"' }))
     await expect(page.locator(`.editor.${side} .view-line`).filter({ hasText: line })).toBeVisible();
   for (const [name, text] of Object.entries(texts)) expect(editor.read(name)).toBe(text);
-});
-
-test('in a light editor of high contrast the page keeps its own colors, from edge to edge', async ({
-  editor,
-  page,
-}) => {
-  mkdirSync(join(editor.folder, '.vscode'));
-  editor.write('.vscode/settings.json', JSON.stringify({ 'workbench.colorTheme': 'Default High Contrast Light' }));
-  const view = await editor.openWords(NAME, documentText({ int: '0xff' }));
-  await expect(page.locator('.monaco-workbench.hc-light')).toBeVisible();
-  await expect(view.body).toHaveClass(/vscode-high-contrast-light/);
-  await expect(view.body).toHaveCSS('background-color', 'rgb(15, 18, 20)');
-  await expect(view.body).toHaveCSS('padding', '0px');
-  const button = view.frame.getByRole('button', { name: 'Resolution' }).first();
-  await expect(button).toHaveCSS('color', /^rgb\((1[5-9]|2\d)\d, /); // light, on its dark ground
 });

@@ -6,13 +6,13 @@ import { expect, test } from '../support/vscode/fixtures';
 const NAME = 'numbers.words.tessary';
 
 test('a new document is saved under the name that is given', async ({ editor, page }) => {
-  await editor.enter();
   await editor.run('Tessary: New Words Document');
   await editor.words().enter('5');
   await page.keyboard.press('Control+S');
   const place = page.locator('.quick-input-widget input').first();
   await expect(place).toHaveValue(/Untitled-1\.words\.tessary$/);
   await place.fill(join(editor.folder, NAME));
+  await expect(page.locator('.quick-input-list').getByRole('option')).toHaveText(['..']); // all of the story's folder
   await place.press('Enter');
   await expect.poll(() => editor.read(NAME)).toContain('"int": "0x5"');
   await editor.expectDirty(NAME, false);
@@ -32,9 +32,7 @@ test('a save that fails loses nothing', async ({ editor, page }) => {
   const folder = join(editor.folder, 'data');
   mkdirSync(folder);
   editor.write(`data/${NAME}`, documentText({ int: '0xff' }));
-  await editor.enter();
-  await editor.unfold('data');
-  await editor.open(NAME);
+  await editor.open(`data/${NAME}`);
   const view = editor.words();
   await view.shown();
   await view.enter('254');

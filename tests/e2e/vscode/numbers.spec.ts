@@ -4,7 +4,6 @@ const SOURCE = 'uint32_t mask =\n0xdeadbeef;\nuint8_t key[] = {0x01, 0x02, 0x03,
 
 test('a literal at the cursor opens as a new document', async ({ editor, page }) => {
   editor.write('a.c', SOURCE);
-  await editor.enter();
   await editor.open('a.c');
   await page.locator('.view-line').getByText('0xdeadbeef').click();
   await editor.run('Tessary: Show Selection as Words');
@@ -13,7 +12,6 @@ test('a literal at the cursor opens as a new document', async ({ editor, page })
 
 test('a selected list of bytes opens in the order that is chosen', async ({ editor, page }) => {
   editor.write('a.c', SOURCE);
-  await editor.enter();
   await editor.open('a.c');
   await page.locator('.view-line').filter({ hasText: 'key' }).click({ clickCount: 3 });
   await editor.run('Tessary: Show Selection as Words');
@@ -26,7 +24,6 @@ test('a selected list of bytes opens in the order that is chosen', async ({ edit
 
 test('a long number shows what it is, with a link to open it', async ({ editor, page }) => {
   editor.write('a.c', SOURCE);
-  await editor.enter();
   await editor.open('a.c');
   await page.locator('.view-line').getByText('0xdeadbeef').hover();
   const hover = page.locator('.monaco-hover').filter({ hasText: 'Hexadecimal' });
@@ -37,7 +34,6 @@ test('a long number shows what it is, with a link to open it', async ({ editor, 
 
 test('the menu of the right button opens what is selected', async ({ editor, page }) => {
   editor.write('a.c', SOURCE);
-  await editor.enter();
   await editor.open('a.c');
   await page.locator('.view-line').getByText('0xdeadbeef').dblclick();
   await page.locator('.view-line').getByText('0xdeadbeef').click({ button: 'right' });
@@ -47,7 +43,6 @@ test('the menu of the right button opens what is selected', async ({ editor, pag
 });
 
 test('a new document has one sheet, and is not on the disk yet', async ({ editor }) => {
-  await editor.enter();
   await editor.run('Tessary: New Words Document');
   await expect(editor.words().value()).toHaveValue('0');
   await editor.words().enter('5');

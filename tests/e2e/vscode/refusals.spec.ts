@@ -11,7 +11,6 @@ for (const { what, text, told } of [
 ]) {
   test(`a file with ${what} is told, opens as text and stays as it is`, async ({ editor, page }) => {
     editor.write(NAME, text);
-    await editor.enter();
     await editor.open(NAME);
     await editor.notice(told).getByRole('button', { name: 'Open as Text' }).click();
     await expect(page.locator('.editor-instance .monaco-editor')).toBeVisible();

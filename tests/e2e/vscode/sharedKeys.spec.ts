@@ -2,7 +2,7 @@ import { readFileSync } from 'node:fs';
 import { documentText } from '../support/shared/documents';
 import { root } from '../support/shared/paths';
 import { defaultKeys, EditorKeyLog } from '../support/vscode/editorKeys';
-import { expect, test } from '../support/vscode/fixtures';
+import { expect, ownWindowTest as test } from '../support/vscode/fixtures';
 import { enterPlace, isUsedByPage, keyPlaces } from '../support/vscode/keyPlaces';
 import { pageKeys } from '../support/vscode/pageKeys';
 

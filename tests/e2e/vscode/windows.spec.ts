@@ -1,37 +1,39 @@
-import { mkdirSync } from 'node:fs';
+import { readdirSync, readFileSync } from 'node:fs';
 import { join } from 'node:path';
 import { documentText } from '../support/shared/documents';
 import { EditorWindow } from '../support/vscode/editorWindow';
-import { expect, test } from '../support/vscode/fixtures';
+import { expect, ownWindowTest as test } from '../support/vscode/fixtures';
 
 const NAME = 'numbers.words.tessary';
 
-test('two editors that are typed into in quick turn end with the same document, and so does the file', async ({
-  editor,
-  page,
-}) => {
-  const view = await editor.openWords(NAME, documentText({ int: '0x0' }));
-  await editor.run('View: Split Editor Right');
-  const other = editor.words(1);
-  await expect(other.value()).toHaveValue('0');
-  for (const text of ['11', '33', '55']) {
-    await view.enter(text);
-    await other.enter(String(Number(text) + 11));
-  }
-  // A document may arrive between the digits of a number, so this is about where all end, not about which number it is.
-  await expect(async () => {
-    await page.keyboard.press('Control+S');
-    await editor.expectDirty(NAME, false);
-    const saved = /^\{\n {2}"tool": "words",\n[^]*"int": "(.*)"[^]*\n\}$/.exec(editor.read(NAME))?.[1];
-    const shown = [await view.value().inputValue(), await other.value().inputValue()];
-    expect(shown).toEqual(Array(2).fill(String(BigInt(saved ?? -1))));
-  }).toPass();
+/** Whether the editor has kept a copy of an unsaved file of a folder below its home, where other windows' copies are as well. */
+function hasBackup(home: string, folder: string, part: string): boolean {
+  return readdirSync(home, { recursive: true, withFileTypes: true })
+    .filter((entry) => entry.isFile() && entry.parentPath.includes('/Backups/'))
+    .map(({ parentPath, name }) => readFileSync(join(parentPath, name), 'utf8'))
+    .some((text) => text.split('\n')[0]!.includes(folder) && text.includes(part));
+}
+
+test('a reload of the window keeps unsaved changes', async ({ editor, page, server }) => {
+  await editor.enter();
+  const view = await editor.openWords(NAME, documentText({ int: '0xff' }));
+  await view.enter('254');
+  await editor.expectDirty(NAME, true);
+  await expect.poll(() => hasBackup(server.home, editor.folder, '"int": "0xfe"')).toBe(true);
+  await page.reload();
+  await expect(editor.words().value()).toHaveValue('254');
+  await editor.expectDirty(NAME, true);
+  expect(editor.read(NAME)).toContain('"int": "0xff"');
+  await editor.words().value().focus();
+  await page.keyboard.press('Control+S');
+  await expect.poll(() => editor.read(NAME)).toContain('"int": "0xfe"');
 });
 
 test('two windows on a folder: a save in one is shown in the other, and overwritten by no older text unasked', async ({
   editor,
   context,
 }) => {
+  await editor.enter();
   const view = await editor.openWords(NAME, documentText({ int: '0xff' }));
   const second = new EditorWindow(await context.newPage(), editor.folder, editor.address);
   await second.enter();
@@ -62,6 +64,7 @@ test('a window that is loaded again in the midst of a save leaves a whole docume
     intResolution: 1024,
   }));
   const text = documentText(...sheets);
+  await editor.enter();
   const view = await editor.openWords(NAME, text);
   await view.enter('254', 1024);
   await page.keyboard.press('Control+S');
@@ -70,27 +73,4 @@ test('a window that is loaded again in the midst of a save leaves a whole docume
   await editor.words().shown();
   const saved = text.replace(sheets[0]!.int, '0xfe');
   await expect.poll(() => [text, saved].includes(editor.read(NAME))).toBe(true);
-});
-
-test('a tab that is closed while its page loads opens again', async ({ editor, page }) => {
-  editor.write(NAME, documentText({ int: '0xff' }));
-  await editor.enter();
-  await editor.open(NAME);
-  await editor.run('View: Close Editor');
-  await expect(editor.tab(NAME)).toHaveCount(0);
-  await editor.open(NAME);
-  await expect(editor.words().value()).toHaveValue('255');
-  await expect(page.locator('.notification-toast')).toHaveCount(0);
-});
-
-test('who wants documents as text has them as text, and the Words editor by its name', async ({ editor, page }) => {
-  mkdirSync(join(editor.folder, '.vscode'));
-  editor.write('.vscode/settings.json', JSON.stringify({ 'workbench.editorAssociations': { '*.tessary': 'default' } }));
-  editor.write(NAME, documentText({ int: '0xff' }));
-  await editor.enter();
-  await editor.open(NAME);
-  await expect(page.locator('.editor-instance .monaco-editor')).toBeVisible();
-  await editor.run('View: Reopen Editor With...');
-  await page.getByRole('option', { name: /^Tessary Words/ }).click();
-  await expect(editor.words().value()).toHaveValue('255');
 });

@@ -1,14 +1,13 @@
 import { execFileSync } from 'node:child_process';
-import { mkdirSync, readFileSync } from 'node:fs';
-import { join } from 'node:path';
+import { readFileSync } from 'node:fs';
 import { root, sampleDocument } from '../../support/shared/paths';
-import { expect, test } from '../../support/vscode/fixtures';
+import { expect, ownWindowTest as test } from '../../support/vscode/fixtures';
 
 test('the picture of the extension: a document in the editor', async ({ editor, page }) => {
   await page.setViewportSize({ width: 1000, height: 620 });
   // What names the folder of this run and says nothing of the document.
-  mkdirSync(join(editor.folder, '.vscode'));
-  editor.write('.vscode/settings.json', JSON.stringify({ 'window.commandCenter': false, 'window.title': 'Tessary' }));
+  editor.set({ 'window.commandCenter': false, 'window.title': 'Tessary' });
+  await editor.enter();
   const view = await editor.openWords('sample.words.tessary', readFileSync(sampleDocument, 'utf8'));
   await editor.run('View: Close Primary Side Bar');
   await expect(page.locator('.part.sidebar')).toBeHidden();

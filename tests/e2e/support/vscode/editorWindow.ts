@@ -1,6 +1,6 @@
 import { expect, type FrameLocator, type Locator, type Page } from '@playwright/test';
-import { existsSync, readFileSync, writeFileSync } from 'node:fs';
-import { join } from 'node:path';
+import { existsSync, mkdirSync, readFileSync, writeFileSync } from 'node:fs';
+import { basename, join } from 'node:path';
 
 /** One window of the editor on a folder, as its users find their way in it. */
 export class EditorWindow {
@@ -39,36 +39,40 @@ export class EditorWindow {
     writeFileSync(join(this.folder, name), text);
   }
 
+  /** Puts settings for windows on the folder into it. */
+  set(settings: Record<string, unknown>): void {
+    mkdirSync(join(this.folder, '.vscode'));
+    this.write('.vscode/settings.json', JSON.stringify(settings));
+  }
+
   /** A file of the folder as it is on the disk; empty where there is none. */
   read(name: string): string {
     const file = join(this.folder, name);
     return existsSync(file) ? readFileSync(file, 'utf8') : '';
   }
 
-  /** Opens a file of the folder by its name in the list of files. */
+  /** Opens a file of the folder by its name. */
   async open(name: string): Promise<void> {
-    await this.page.getByRole('treeitem', { name }).first().dblclick();
-    await this.tab(name).waitFor();
-  }
-
-  /** Shows what is in a folder of the list of files. */
-  async unfold(folder: string): Promise<void> {
-    const item = this.page.getByRole('treeitem', { name: folder }).first();
-    await item.click();
-    await this.page.keyboard.press('ArrowRight');
+    await this.page.keyboard.press('Control+P');
+    const input = this.page.locator('.quick-input-widget input').first();
+    await input.fill(join(this.folder, name));
+    await this.page
+      .locator('.quick-input-list')
+      .getByRole('option', { name: basename(name) })
+      .first()
+      .click();
+    await this.tab(basename(name)).waitFor();
   }
 
   /** Shows a file again where another editor or none came into its place. */
   async bringBack(name: string): Promise<void> {
     if ((await this.tab(name).and(this.page.locator('[aria-selected="true"]')).count()) > 0) return;
-    await this.page.keyboard.press('Control+Shift+E');
     await this.open(name);
   }
 
-  /** Opens a window on a folder with one file, and that file in the Words editor. */
+  /** Puts a file into the folder and opens it in the Words editor. */
   async openWords(name: string, text: string): Promise<WordsView> {
     this.write(name, text);
-    await this.enter();
     await this.open(name);
     const view = this.words();
     await view.shown();
