@@ -48,10 +48,15 @@ const edits: (() => void)[] = [];
 
 /** A text that several views may show. An edit that was made for an older version of it is refused. */
 export class FakeDocument {
-  readonly uri = { path: '/numbers.tessary' };
+  readonly isUntitled = false;
+  readonly uri;
   #version = 0;
 
-  constructor(private text: string) {
+  constructor(
+    private text: string,
+    scheme = 'file',
+  ) {
+    this.uri = { scheme, path: '/numbers.tessary' };
     documents.set(this.uri, this);
   }
 
@@ -100,7 +105,12 @@ export class FakeWebview {
   }
 }
 
+export const FilePermission = { Readonly: 1 };
 export const workspace = {
+  fs: {
+    isWritableFileSystem: (scheme: string) => ({ file: true, git: false })[scheme],
+    stat: () => Promise.resolve({}),
+  },
   onDidChangeTextDocument: changes.event,
   onWillSaveTextDocument: new Emitter().event,
   applyEdit({ document, replacements }: WorkspaceEdit): Promise<boolean> {
@@ -119,7 +129,14 @@ export const workspace = {
     });
   },
 };
-export const window = { showWarningMessage: () => Promise.resolve(undefined) };
+/** The warnings that were shown. */
+export const warnings: string[] = [];
+export const window = {
+  showWarningMessage(text: string) {
+    warnings.push(text);
+    return Promise.resolve(undefined);
+  },
+};
 export const commands = {};
 export const env = {};
 export const Uri = {};

@@ -3,7 +3,7 @@ import { expect, test } from 'vitest';
 import type { TextDocument, Webview } from 'vscode';
 import type { SheetData, WordsDocumentData } from '../../../web/src/document/schema';
 import { readDocument } from './document';
-import { FakeDocument, FakeWebview, takeEdit } from './fakeEditor';
+import { FakeDocument, FakeWebview, takeEdit, warnings } from './fakeEditor';
 import type { ExtensionMessage, PageMessage } from './messages';
 import { Session } from './session';
 import { documentText, sheetText } from './testing';
@@ -107,4 +107,19 @@ test('an edit that is under way while the disk changes another sheet is in the t
     ['right', '0x2'],
   ]);
   expect(page.shown).toEqual(shownOf(document.getText()));
+});
+
+test.each([
+  { what: 'an older commit', scheme: 'git' },
+  { what: 'another extension', scheme: 'made-up' },
+])('an edit of a read-only document of $what is refused, and the page shows its text again', async ({ scheme }) => {
+  warnings.length = 0;
+  const document = new FakeDocument(TEXT, scheme);
+  const page = new Page(document);
+  await settle([page]);
+  page.edit('left', { int: '0x1' });
+  await settle([page]);
+  expect(warnings).toEqual(['numbers.tessary is read-only. Nothing was changed.']);
+  expect(document.getText()).toBe(TEXT);
+  expect(page.shown).toEqual(shownOf(TEXT));
 });

@@ -6,6 +6,7 @@ import { editsFor, type TextEdit, withEdits } from './documentEdits';
 import { merged } from './documentMerge';
 import type { ExtensionMessage, PageMessage, PageUpdate } from './messages';
 import { offerText } from './offerText';
+import { isReadOnly, reportReadOnly } from './readOnly';
 import { placeAt, unified } from './textPlaces';
 
 /** How long a save waits for a page that does not answer, in milliseconds. */
@@ -27,11 +28,13 @@ export class Session {
   #edits = Promise.resolve();
   #onFlushed: (() => void) | undefined;
   readonly #listeners;
+  readonly #isReadOnly: Promise<boolean>;
 
   constructor(
     readonly document: TextDocument,
     readonly webview: Webview,
   ) {
+    this.#isReadOnly = isReadOnly(document);
     this.#listeners = [
       webview.onDidReceiveMessage((message: PageMessage) => this.#receive(message)),
       workspace.onDidChangeTextDocument((event) => event.document === document && this.#follow()),
@@ -75,12 +78,18 @@ export class Session {
 
   async #edit({ data, seen }: PageUpdate): Promise<void> {
     try {
+      if (await this.#isReadOnly) return this.#refuse();
       const before = this.#pages.get(seen);
       if (before && isWordsDocument(data)) await this.#take(seen, before, data);
       else void offerText(this.document.uri, readDocument(this.#text), 'Nothing was changed: ');
     } finally {
       this.#post({ type: 'taken' });
     }
+  }
+
+  #refuse(): void {
+    this.#deliver();
+    reportReadOnly(this.document);
   }
 
   async #take(seen: number, before: WordsDocumentData, now: WordsDocumentData): Promise<void> {

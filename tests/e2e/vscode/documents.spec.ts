@@ -33,10 +33,8 @@ test('two documents are compared as texts, and nothing is written', async ({ edi
   const texts = { [NAME]: documentText({ int: '0xff' }), 'other.words.tessary': documentText({ int: '0xf0' }) };
   for (const [name, text] of Object.entries(texts)) editor.write(name, text);
   await editor.open(NAME);
-  await page.getByRole('treeitem', { name: NAME }).click({ button: 'right' });
-  await page.getByRole('menuitem', { name: 'Select for Compare' }).click();
-  await page.getByRole('treeitem', { name: 'other.words.tessary' }).click({ button: 'right' });
-  await page.getByRole('menuitem', { name: 'Compare with Selected' }).click();
+  await editor.runFromMenu(page.getByRole('treeitem', { name: NAME }), 'Select for Compare');
+  await editor.runFromMenu(page.getByRole('treeitem', { name: 'other.words.tessary' }), 'Compare with Selected');
   await expect(page.locator('.diffOverview')).toBeVisible();
   for (const [side, line] of Object.entries({ original: '"int": "0xff"', modified: '"int": "0xf0"' }))
     await expect(page.locator(`.editor.${side} .view-line`).filter({ hasText: line })).toBeVisible();

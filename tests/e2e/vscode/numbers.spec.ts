@@ -36,8 +36,7 @@ test('the menu of the right button opens what is selected', async ({ editor, pag
   editor.write('a.c', SOURCE);
   await editor.open('a.c');
   await page.locator('.view-line').getByText('0xdeadbeef').dblclick();
-  await page.locator('.view-line').getByText('0xdeadbeef').click({ button: 'right' });
-  await page.getByRole('menuitem', { name: 'Show Selection as Words' }).click();
+  await editor.runFromMenu(page.locator('.view-line').getByText('0xdeadbeef'), 'Show Selection as Words');
   await expect(editor.words().sheets).toHaveText(['0xdeadbeef']);
   await expect(editor.words().value(32)).toHaveValue('3735928559');
 });

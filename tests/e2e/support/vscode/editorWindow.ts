@@ -87,6 +87,17 @@ export class EditorWindow {
     await this.page.locator('.quick-input-list').getByRole('option', { name: command }).first().click();
   }
 
+  /** Runs a command by its name in the menu of the right button. */
+  async runFromMenu(place: Locator, command: string): Promise<void> {
+    await place.click({ button: 'right' });
+    const item = this.page.getByRole('menuitem', { name: command, exact: true });
+    await item.waitFor();
+    await expect(async () => {
+      if (await item.isVisible()) await item.click({ timeout: 1000 }); // the editor ignores a click that comes too soon
+      await expect(item).toBeHidden({ timeout: 1000 });
+    }).toPass();
+  }
+
   tab(name: string): Locator {
     return this.page.getByRole('tab', { name });
   }

@@ -8,6 +8,7 @@ import { editorServer, extensionPackage } from './paths';
 const SETTINGS = {
   'chat.disableAIFeatures': true,
   'files.autoSave': 'off', // in a browser the editor saves by itself after a second
+  'git.enabled': false, // but for the story of it
   'telemetry.telemetryLevel': 'off',
   'workbench.secondarySideBar.defaultVisibility': 'hidden',
   'workbench.startupEditor': 'none',
