@@ -34,6 +34,6 @@ export default defineConfig({
   },
   projects: [
     { name: 'support', testDir: 'support' },
-    { name: 'browser', testDir: 'browser' },
+    { name: 'browser', testDir: 'browser', use: { serviceWorkers: 'block' } }, // what is kept for one costs time in every story
   ],
 });

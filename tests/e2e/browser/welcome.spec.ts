@@ -73,11 +73,15 @@ test.describe('the welcome page', () => {
   });
 });
 
-test('the page registers no service worker and holds no inline script', async ({ page, enter }) => {
-  await enter();
-  await expect(page.getByRole('heading', { name: 'Tessary', level: 1 })).toBeVisible();
-  expect(await page.evaluate(async () => (await navigator.serviceWorker.getRegistrations()).length)).toBe(0);
-  await expect(page.locator('script:not([src])')).toHaveCount(0);
+test.describe('in a browser that allows service workers', () => {
+  test.use({ serviceWorkers: 'allow' });
+
+  test('the page registers no service worker and holds no inline script', async ({ page, enter }) => {
+    await enter();
+    await expect(page.getByRole('heading', { name: 'Tessary', level: 1 })).toBeVisible();
+    expect(await page.evaluate(async () => (await navigator.serviceWorker.getRegistrations()).length)).toBe(0);
+    await expect(page.locator('script:not([src])')).toHaveCount(0);
+  });
 });
 
 test("the content policy refuses scripts that are not the page's own", async ({ page, enter, problems }) => {

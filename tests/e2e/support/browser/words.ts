@@ -35,25 +35,16 @@ export class WordsTool {
   }
 
   row(label: string) {
-    return this.page.getByRole('group', { name: label, exact: true });
+    return named(this.page, label);
   }
 
   /** @param number - counted from 1 at the least significant end */
   word(bits: number, number: number) {
-    return new WordBlock(
-      this.page,
-      this.row(`Int ${bits}`).getByRole('group', {
-        name: `Int ${bits} word ${number}`,
-        exact: true,
-      }),
-    );
+    return new WordBlock(this.page, named(this.page, `Int ${bits} word ${number}`));
   }
 
   color(number: number) {
-    return this.page.getByRole('group', {
-      name: `Color 32 word ${number}`,
-      exact: true,
-    });
+    return named(this.page, `Color 32 word ${number}`);
   }
 
   async choose(picker: Locator, ...options: string[]) {
@@ -100,6 +91,11 @@ export class WordBlock {
     await this.group.getByRole('button', { name: 'More operations' }).click();
     await this.page.getByRole('menu').locator(`[data-operation="${id}"]`).click();
   }
+}
+
+/** A group by its whole name. Searching by role asks for the style of every element of the page, which takes far longer. */
+function named(page: Page, label: string) {
+  return page.locator(`[role="group"][aria-label="${label}"]`);
 }
 
 /** Writes a text into a field and presses Enter. */
