@@ -12,7 +12,7 @@ test('a new document is saved under the name that is given', async ({ editor, pa
   const place = page.locator('.quick-input-widget input').first();
   await expect(place).toHaveValue(/Untitled-1\.words\.tessary$/);
   await place.fill(join(editor.folder, NAME));
-  await expect(page.locator('.quick-input-list').getByRole('option')).toHaveText(['..']); // all of the story's folder
+  await expect(page.locator('.quick-input-list').getByRole('option')).toHaveCount(1); // nothing is in the story's folder
   await place.press('Enter');
   await expect.poll(() => editor.read(NAME)).toContain('"int": "0x5"');
   await editor.expectDirty(NAME, false);

@@ -29,8 +29,7 @@ test('in a light editor of high contrast the page keeps its own colors, from edg
 test('who wants documents as text has them as text, and the Words editor by its name', async ({ editor, page }) => {
   editor.set({ 'workbench.editorAssociations': { '*.tessary': 'default' } });
   editor.write(NAME, documentText({ int: '0xff' }));
-  await editor.enter();
-  await editor.open(NAME);
+  await editor.enter(editor.addressWith(NAME));
   await expect(page.locator('.editor-instance .monaco-editor')).toBeVisible();
   await editor.run('View: Reopen Editor With...');
   await page.getByRole('option', { name: /^Tessary Words/ }).click();

@@ -14,6 +14,16 @@ function hasBackup(home: string, folder: string, part: string): boolean {
     .some((text) => text.split('\n')[0]!.includes(folder) && text.includes(part));
 }
 
+test('the first window after the installation shows the document that it begins with in the Words editor', async ({
+  editor,
+}) => {
+  editor.write(NAME, documentText({ int: '0xff' }));
+  await editor.enter(editor.addressWith(NAME));
+  await expect(editor.words().value()).toHaveValue('255');
+  await expect(editor.tab(NAME)).toHaveCount(1);
+  await editor.expectDirty(NAME, false);
+});
+
 test('a reload of the window keeps unsaved changes', async ({ editor, page, server }) => {
   await editor.enter();
   const view = await editor.openWords(NAME, documentText({ int: '0xff' }));

@@ -13,9 +13,10 @@ export class EditorWindow {
   /**
    * Opens the window on the files that are in the folder, and waits until it knows what its extensions offer. It makes
    * what asks them for editors in its first idle moment only, and shows files as text before that.
+   * @param address - of the window
    */
-  async enter(): Promise<void> {
-    await this.page.goto(this.address);
+  async enter(address = this.address): Promise<void> {
+    await this.page.goto(address);
     await this.page.locator('.monaco-workbench').waitFor();
     await this.page.waitForFunction(() => performance.getEntriesByName('code/didLoadExtensions').length > 0);
     await this.page.evaluate(() => new Promise((resolve) => requestIdleCallback(resolve)));
@@ -77,6 +78,13 @@ export class EditorWindow {
     const view = this.words();
     await view.shown();
     return view;
+  }
+
+  /** The address of a window that begins with a file of the folder. */
+  addressWith(name: string): string {
+    const { host } = new URL(this.address);
+    const payload = [['openFile', `vscode-remote://${host}${join(this.folder, name)}`]];
+    return `${this.address}&payload=${encodeURIComponent(JSON.stringify(payload))}`;
   }
 
   /** Runs a command by its name in the command palette. */
