@@ -20,6 +20,7 @@ interface RowViewProps {
   row: RowGeometry;
   /** In or near the view; a row far away is an empty group of the same height. */
   isNear: boolean;
+  isInView: boolean;
   entry: RowEntry | undefined;
   viewWidth: number;
   pixelRatio: number;
@@ -62,7 +63,7 @@ interface RowBlocksProps extends RowViewProps {
 }
 
 function RowBlocks(props: RowBlocksProps) {
-  const { row, entry, viewWidth, pixelRatio, scrollSync, onMove, notation, onNotation } = props;
+  const { row, isInView, entry, viewWidth, pixelRatio, scrollSync, onMove, notation, onNotation } = props;
   const { key, type, bits, count, blockWidth } = row;
   const texts = useMemo(() => rowTexts(row), [row]);
   const scroller = useRef<HTMLDivElement>(null);
@@ -93,20 +94,14 @@ function RowBlocks(props: RowBlocksProps) {
     >
       <div className={styles.content} style={{ width: count * blockWidth }}>
         <RowScroller value={scroller}>
-          {indicesToMount(count, first, last, focusedIndex, entry).map((index) =>
-            type === 'color32' ? (
-              <ColorBlock
-                key={index}
-                row={row}
-                index={index}
-                onMove={onMove}
-                notation={notation}
-                onNotation={onNotation}
-              />
+          {indicesToMount(count, first, last, focusedIndex, entry).map((index) => {
+            const shared = { row, index, isInView, onMove };
+            return type === 'color32' ? (
+              <ColorBlock key={index} {...shared} notation={notation} onNotation={onNotation} />
             ) : (
-              <WordBlock key={index} row={row} index={index} texts={texts} pixelRatio={pixelRatio} onMove={onMove} />
-            ),
-          )}
+              <WordBlock key={index} {...shared} texts={texts} pixelRatio={pixelRatio} />
+            );
+          })}
         </RowScroller>
       </div>
     </div>

@@ -112,6 +112,7 @@ export function SheetView({ onOverflow }: SheetViewProps) {
                 key={row.key}
                 row={row}
                 isNear={isNear(row, top, viewHeight) || isBesideFocus(place)}
+                isInView={isInView(row, top, viewHeight)}
                 entry={isBesideFocus(place) ? entryFrom(place - focusedPlace) : undefined}
                 viewWidth={viewWidth}
                 pixelRatio={pixelRatio}
@@ -143,10 +144,17 @@ function unfocusOutside({ target }: PointerEvent): void {
   if (focusedBlock[0] !== null) unfocus(...focusedBlock);
 }
 
+function isInView(row: RowGeometry, scrolled: number, viewHeight: number): boolean {
+  const top = row.top + ROW_GAP;
+  return top + row.height > scrolled && top < scrolled + viewHeight;
+}
+
 function isNear({ top, height }: RowGeometry, scrolled: number, viewHeight: number): boolean {
   return top + height >= scrolled - MARGIN && top <= scrolled + viewHeight + MARGIN;
 }
 
 function sameRows({ rows }: SheetGeometry, before: number, now: number, viewHeight: number): boolean {
-  return rows.every((row) => isNear(row, before, viewHeight) === isNear(row, now, viewHeight));
+  return [isInView, isNear].every((is) =>
+    rows.every((row) => is(row, before, viewHeight) === is(row, now, viewHeight)),
+  );
 }

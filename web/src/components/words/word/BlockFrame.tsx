@@ -62,4 +62,10 @@ export function BlockFrame({ row, index, onMove, stickyContent, children }: Bloc
   );
 }
 
-export type BlockProps = { row: RowGeometry; index: number; onMove: MoveFocus };
+export interface BlockProps {
+  row: RowGeometry;
+  index: number;
+  /** Some of its row is in the view. */
+  isInView: boolean;
+  onMove: MoveFocus;
+}

@@ -5,7 +5,6 @@ import { COLOR_CHANNELS, colorOfBlock } from '../../../model/color/colorWord';
 import { COLOR_NOTATIONS, type ColorNotation, formatColor } from '../../../model/color/formatColor';
 import { parseColor } from '../../../model/color/parseColor';
 import { parseInteger } from '../../../model/integer/parseInteger';
-import { readWord } from '../../../model/integer/wordLayout';
 import { wordNumber } from '../../../model/sheet/wordLabels';
 import { useSheetStore } from '../../../stores/sheetStore';
 import { Picker } from '../../../ui/Picker';
@@ -13,6 +12,7 @@ import { isNarrowColor } from '../layout/sheetGeometry';
 import { BlockFrame, type BlockProps } from './BlockFrame';
 import styles from './ColorBlock.module.css';
 import { DigitsField, type Refusal } from './DigitsField';
+import { useWord } from './useWord';
 import headerStyles from './WordHeader.module.css';
 
 interface ColorBlockProps extends BlockProps {
@@ -25,10 +25,11 @@ const ONE_LINE = { fullWidth: false, lines: 1 };
 const CHANNEL_BITS = 8;
 
 /** A 32-bit word as a colour: its look, its channels and its text in a notation. */
-export const ColorBlock = memo(function ColorBlock({ row, index, onMove, notation, onNotation }: ColorBlockProps) {
+export const ColorBlock = memo(function ColorBlock(props: ColorBlockProps) {
+  const { row, index, isInView, onMove, notation, onNotation } = props;
   const { bits } = row;
   const sheetId = useSheetStore((sheet) => sheet.id);
-  const word = useSheetStore((sheet) => readWord(sheet.int.value, bits, index));
+  const word = useWord(bits, index, isInView);
   const color = colorOfBlock(word);
   const written = formatColor(color, notation);
 

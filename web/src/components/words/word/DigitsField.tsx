@@ -66,8 +66,10 @@ export function DigitsField(props: DigitsFieldProps) {
   const selection = useRef<readonly [start: number | null, end: number | null]>(undefined);
 
   // Another element takes over, too, when the text no longer fits one line, and back.
-  useLayoutEffect(() => showText(element.current!, shown), [shown, content, source, isMultiline, commits]);
-  useLayoutEffect(() => alignDigits(element.current!, place));
+  useLayoutEffect(() => {
+    showText(element.current!, shown);
+    alignDigits(element.current!, place);
+  }, [shown, content, source, place, commits]);
   // After all words show their new texts: a focus needs the layout, which would be computed once more.
   useEffect(() => {
     if (!selection.current) return;

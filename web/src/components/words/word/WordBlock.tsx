@@ -1,10 +1,10 @@
 import { memo } from 'react';
-import { readWord } from '../../../model/integer/wordLayout';
 import { isSigned } from '../../../model/sheet/signMap';
 import { isFocused, useSheetStore } from '../../../stores/sheetStore';
 import { BitField } from '../bitField/BitField';
 import { BlockFrame, type BlockProps } from './BlockFrame';
 import type { RowTexts } from './rowTexts';
+import { useWord } from './useWord';
 import { WordFields } from './WordFields';
 import { WordHeader } from './WordHeader';
 
@@ -14,10 +14,11 @@ interface WordBlockProps extends BlockProps {
 }
 
 /** One word of a row. Renders again only when its own bits or its own state change. */
-export const WordBlock = memo(function WordBlock({ row, index, texts, pixelRatio, onMove }: WordBlockProps) {
+export const WordBlock = memo(function WordBlock(props: WordBlockProps) {
+  const { row, index, isInView, texts, pixelRatio, onMove } = props;
   const { bits } = row;
   const sheetId = useSheetStore((sheet) => sheet.id);
-  const word = useSheetStore((sheet) => readWord(sheet.int.value, bits, index));
+  const word = useWord(bits, index, isInView);
   const signed = useSheetStore((sheet) => isSigned(sheet.signMap, index, bits));
   const focused = useSheetStore((sheet) => isFocused(sheet, 'integer', bits, index));
 

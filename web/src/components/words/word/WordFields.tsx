@@ -1,4 +1,4 @@
-import { useLayoutEffect, useRef } from 'react';
+import { memo, useLayoutEffect, useRef } from 'react';
 import { i18next } from '../../../i18n';
 import { displayFloat } from '../../../model/float/displayFloat';
 import { floatFormatFor, WIDEST_EDITABLE_FLOAT } from '../../../model/float/floatFormats';
@@ -31,7 +31,7 @@ interface WordFieldsProps {
 const MAIN: Converter = { kind: 'integer', base: 10 };
 
 /** A word's text fields: the main one in base 10, then one per converter. */
-export function WordFields({ row, texts, index, word, signed, sheetId }: WordFieldsProps) {
+export const WordFields = memo(function WordFields({ row, texts, index, word, signed, sheetId }: WordFieldsProps) {
   const { bits } = row;
 
   const group = useRef<HTMLDivElement>(null);
@@ -99,7 +99,7 @@ export function WordFields({ row, texts, index, word, signed, sheetId }: WordFie
       {[MAIN, ...row.converters].map(field)}
     </div>
   );
-}
+});
 
 function offerLabel({ base, width }: Reading, refusedBase: number, bits: number): string {
   const isOtherBase = base !== refusedBase;

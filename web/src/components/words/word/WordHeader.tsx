@@ -1,5 +1,5 @@
 import cc from 'classcat';
-import { type MouseEvent, useRef } from 'react';
+import { memo, type MouseEvent, useRef } from 'react';
 import { i18next } from '../../../i18n';
 import { wordHalfLabel, wordNumber, wordSignLabel } from '../../../model/sheet/wordLabels';
 import { useSheetStore } from '../../../stores/sheetStore';
@@ -16,7 +16,7 @@ interface WordHeaderProps {
 }
 
 /** The line above a word's fields: its number, its sign, its half, and what can be done to it. */
-export function WordHeader({ lines, width, index, signed, focused }: WordHeaderProps) {
+export const WordHeader = memo(function WordHeader({ lines, width, index, signed, focused }: WordHeaderProps) {
   return (
     <div
       data-header
@@ -31,7 +31,7 @@ export function WordHeader({ lines, width, index, signed, focused }: WordHeaderP
       <OperationsBar width={width} index={index} />
     </div>
   );
-}
+});
 
 /** The first press of a word that is not focused only focuses it. */
 function SignButton({ width, index, signed, focused }: Omit<WordHeaderProps, 'lines'>) {

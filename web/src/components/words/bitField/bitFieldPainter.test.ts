@@ -1,0 +1,35 @@
+import { expect, test } from 'vitest';
+import { bitFieldLayout } from '../layout/bitFieldLayout';
+import { BitFieldPainter } from './bitFieldPainter';
+import { DARK_PALETTE } from './bitFieldPalette';
+
+const layout = bitFieldLayout(32, 640, 640, false);
+
+/** A canvas that notes the digits that are written on it. */
+function canvasOf() {
+  const written: string[] = [];
+  const context = {
+    setTransform() {},
+    clearRect() {},
+    fillRect() {},
+    fillText: (text: string) => written.push(text),
+  };
+  const canvas = { width: 0, height: 0, getContext: () => context } as unknown as HTMLCanvasElement;
+  return { canvas, written };
+}
+
+const content = (digits: string) => ({ layout, pixelRatio: 1, palette: DARK_PALETTE, digits });
+const ZEROS = '0'.repeat(32);
+
+test('bits are drawn once after all that changes now, as they are at last', async () => {
+  const painter = new BitFieldPainter();
+  const { canvas, written } = canvasOf();
+  painter.show(canvas, content(ZEROS));
+  await Promise.resolve();
+  written.length = 0;
+  painter.show(canvas, content(`11${ZEROS.slice(2)}`));
+  painter.show(canvas, content(`1${ZEROS.slice(1)}`));
+  expect(written).toEqual([]);
+  await Promise.resolve();
+  expect(written).toEqual(['1']);
+});
