@@ -1,12 +1,21 @@
 import react from '@vitejs/plugin-react';
 import { defineConfig } from 'vitest/config';
 
+const model = 'src/model/**/*.test.ts';
+
 export default defineConfig({
   plugins: [react()],
   test: {
-    include: ['src/**/*.test.{ts,tsx}', 'build/**/*.test.ts'],
     environment: 'node',
     testTimeout: 30_000, // a busy machine loads a whole page in a test
+    projects: [
+      // The model keeps no state, so that its files can share what they have loaded.
+      { extends: true, test: { name: 'model', include: [model], isolate: false } },
+      {
+        extends: true,
+        test: { name: 'page', include: ['src/**/*.test.{ts,tsx}', 'build/**/*.test.ts'], exclude: [model] },
+      },
+    ],
     coverage: {
       include: ['src/**/*.{ts,tsx}'],
       exclude: ['src/**/*.test.{ts,tsx}'],
