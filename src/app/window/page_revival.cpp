@@ -4,7 +4,7 @@
 
 #include "console/log.h"
 
-static constexpr const char* sentence =
+static constexpr const char* endingAgain =
     "Tessary ends because the process that shows its page ended again and again: start Tessary again.";
 
 static constexpr int mostRepeated = 3;
@@ -34,5 +34,5 @@ void PageRevival::revive(bool canLoadAgain, std::function<void()> giveUp) {
         window_.navigate(loading_);
         return watch();
     }
-    window_.report(sentence, std::move(giveUp));
+    window_.report(endingAgain, std::move(giveUp));
 }
