@@ -1,6 +1,6 @@
 /*
- * As much of the editor's programming interface as a session uses, for its tests. Nothing happens by itself: edits wait
- * until the editor is told to take them.
+ * As much of the editor's programming interface as sessions and the first window use, for their tests. Nothing happens
+ * by itself: edits wait until the editor is told to take them.
  */
 import type { PageMessage } from './messages';
 
@@ -129,9 +129,39 @@ export const workspace = {
     });
   },
 };
+export class TabInputText {
+  constructor(readonly uri: { path: string }) {}
+}
+
+interface FakeTab {
+  input: unknown;
+  group: FakeTabGroup;
+  isActive: boolean;
+  isDirty: boolean;
+}
+
+interface FakeTabGroup {
+  viewColumn: number;
+  isActive: boolean;
+  tabs: FakeTab[];
+}
+
+/** As the editor does, it refuses to close a tab that is not there any more. */
+export const tabGroups = {
+  all: [] as FakeTabGroup[],
+  close(tabs: readonly FakeTab[]) {
+    for (const tab of tabs) {
+      if (!tab.group.tabs.includes(tab) || !this.all.includes(tab.group)) throw new Error('no such tab');
+      tab.group.tabs = tab.group.tabs.filter((other) => other !== tab);
+    }
+    return Promise.resolve(true);
+  },
+};
+
 /** The warnings that were shown. */
 export const warnings: string[] = [];
 export const window = {
+  tabGroups,
   showWarningMessage(text: string) {
     warnings.push(text);
     return Promise.resolve(undefined);

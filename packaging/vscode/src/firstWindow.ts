@@ -1,4 +1,4 @@
-import { commands, type Memento, type Tab, type TabGroup, TabInputText, window, workspace } from 'vscode';
+import { commands, type Memento, type Tab, TabInputText, type Uri, window, workspace } from 'vscode';
 
 const DONE = 'firstWindow';
 
@@ -11,25 +11,35 @@ const DONE = 'firstWindow';
 export async function showFirstDocuments(memory: Memento, viewType: string): Promise<void> {
   if (memory.get(DONE)) return;
   await memory.update(DONE, true);
-  if (wantsText()) return;
-  for (const group of window.tabGroups.all) await showGroup(group, viewType);
+  if (isChosen()) return;
+  for (const { tab, uri } of shownAsTexts()) {
+    const { viewColumn } = tab.group;
+    await commands.executeCommand('vscode.openWith', uri, viewType, { viewColumn, preview: tab.isPreview });
+    const left = shownAsTexts().filter(
+      (each) => each.tab.group.viewColumn === viewColumn && each.uri.path === uri.path,
+    );
+    await window.tabGroups.close(left.map((each) => each.tab));
+  }
 }
 
 /** Whether the user's settings say how documents are opened. */
-function wantsText(): boolean {
+function isChosen(): boolean {
   const associations = workspace.getConfiguration('workbench').get<Record<string, string>>('editorAssociations');
   return Object.keys(associations ?? {}).some((pattern) => pattern.endsWith('.tessary'));
 }
 
-async function showGroup({ tabs, viewColumn }: TabGroup, viewType: string): Promise<void> {
-  const shown = tabs.filter(isDocumentAsText).sort((a, b) => Number(a.isActive) - Number(b.isActive));
-  for (const tab of shown) {
-    const { uri } = tab.input as TabInputText;
-    await commands.executeCommand('vscode.openWith', uri, viewType, { viewColumn, preview: tab.isPreview });
-    await window.tabGroups.close(tab);
-  }
+interface TextTab {
+  tab: Tab;
+  uri: Uri;
 }
 
-function isDocumentAsText({ input, isDirty }: Tab): boolean {
-  return input instanceof TabInputText && input.uri.path.endsWith('.tessary') && !isDirty;
+/** The unedited documents that are shown as texts. What is in front comes last, so that it stays there. */
+function shownAsTexts(): TextTab[] {
+  const tabs = window.tabGroups.all.flatMap((group) => group.tabs);
+  const shown = tabs.flatMap((tab) => {
+    const isText = tab.input instanceof TabInputText && tab.input.uri.path.endsWith('.tessary');
+    return isText && !tab.isDirty ? [{ tab, uri: tab.input.uri }] : [];
+  });
+  const inFront = ({ tab }: TextTab) => Number(tab.isActive) + Number(tab.isActive && tab.group.isActive);
+  return shown.sort((a, b) => inFront(a) - inFront(b));
 }
