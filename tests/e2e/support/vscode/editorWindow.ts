@@ -54,14 +54,7 @@ export class EditorWindow {
 
   /** Opens a file of the folder by its name. */
   async open(name: string): Promise<void> {
-    await this.page.keyboard.press('Control+P');
-    const input = this.page.locator('.quick-input-widget input').first();
-    await input.fill(join(this.folder, name));
-    await this.page
-      .locator('.quick-input-list')
-      .getByRole('option', { name: basename(name) })
-      .first()
-      .click();
+    await this.#choose('Control+P', join(this.folder, name), basename(name));
     await this.tab(basename(name)).waitFor();
   }
 
@@ -89,10 +82,21 @@ export class EditorWindow {
 
   /** Runs a command by its name in the command palette. */
   async run(command: string): Promise<void> {
-    await this.page.keyboard.press('F1');
+    await this.#choose('F1', `>${command}`, command);
+  }
+
+  /**
+   * Chooses from the box in which the editor looks for files and commands. A page that comes up at that moment takes the
+   * keyboard, which closes the box, and keys that are pressed before it listens are nobody's.
+   */
+  async #choose(key: string, text: string, option: string): Promise<void> {
     const input = this.page.locator('.quick-input-widget input').first();
-    await input.fill(`>${command}`);
-    await this.page.locator('.quick-input-list').getByRole('option', { name: command }).first().click();
+    const options = this.page.locator('.quick-input-list').getByRole('option', { name: option });
+    await expect(async () => {
+      if (!(await input.isVisible())) await this.page.keyboard.press(key);
+      await input.fill(text, { timeout: 3000 });
+      await options.first().click({ timeout: 5000 });
+    }).toPass();
   }
 
   /** Runs a command by its name in the menu of the right button. */
