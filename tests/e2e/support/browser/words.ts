@@ -14,7 +14,7 @@ export class WordsTool {
   readonly warning: Locator;
 
   constructor(readonly page: Page) {
-    const toolbar = page.getByRole('toolbar', { name: 'Sheet', exact: true });
+    const toolbar = page.locator('[role="toolbar"][aria-label="Sheet"]');
     this.resolution = toolbar.getByRole('button', { name: 'Resolution' });
     this.converters = toolbar.getByRole('button', { name: 'Converters' });
     this.formats = toolbar.getByRole('button', { name: 'Formats' });
@@ -49,15 +49,20 @@ export class WordsTool {
 
   async choose(picker: Locator, ...options: string[]) {
     await picker.click();
-    for (const name of options) await this.page.getByRole('option', { name, exact: true }).click();
-    if (await this.page.getByRole('listbox').isVisible()) await this.page.keyboard.press('Escape');
+    for (const name of options) await this.option(name).click();
+    if (await listBox(this.page).isVisible()) await this.page.keyboard.press('Escape');
+  }
+
+  /** Of the list that is open. */
+  private option(name: string) {
+    return listBox(this.page).getByRole('option', { name, exact: true });
   }
 
   /** Leaves exactly these converters. */
   async setConverters(...identifiers: string[]) {
     await this.converters.click();
     await this.page.getByRole('button', { name: 'Clear', exact: true }).click();
-    for (const name of identifiers) await this.page.getByRole('option', { name, exact: true }).click();
+    for (const name of identifiers) await this.option(name).click();
     await this.page.keyboard.press('Escape');
   }
 }
@@ -96,6 +101,10 @@ export class WordBlock {
 /** A group by its whole name. Searching by role asks for the style of every element of the page, which takes far longer. */
 function named(page: Page, label: string) {
   return page.locator(`[role="group"][aria-label="${label}"]`);
+}
+
+function listBox(page: Page) {
+  return page.locator('[role="listbox"]');
 }
 
 /** Writes a text into a field and presses Enter. */
