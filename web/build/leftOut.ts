@@ -8,8 +8,6 @@ export interface LeftOut {
   readonly methods?: readonly string[];
   /** Functions whose prototypes get no methods. */
   readonly prototypes?: readonly string[];
-  /** The exports of a file of mere definitions that the page uses; without it all. */
-  readonly exportsKept?: readonly string[];
 }
 
 export const LEFT_OUT: readonly LeftOut[] = [
@@ -47,7 +45,6 @@ export const LEFT_OUT: readonly LeftOut[] = [
     file: '/react-router/dist/production/chunk-7RTFRKQW.mjs',
     functions: ['PrefetchPageLinks'],
   },
-  { file: '/marked/lib/marked.esm.js', exportsKept: ['Lexer', 'getDefaults'] },
   {
     file: '/i18next/dist/esm/i18next.js',
     functions: ['keysFromSelector'],

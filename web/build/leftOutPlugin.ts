@@ -25,23 +25,6 @@ function prototypeOf(statement: Statement): string | undefined {
     : undefined;
 }
 
-/** What a file of definitions does at its top goes, so that what only unused exports need goes with them. */
-function cutsForExports(statement: Statement, kept: readonly string[], found: Set<string>): Cut[] {
-  const { type, start, end } = statement;
-  if (type === 'ExpressionStatement') return [{ start, end, by: '' }];
-  if (type === 'VariableDeclaration')
-    return statement.declarations.flatMap(({ init }) =>
-      init?.type === 'NewExpression' ? [{ start: init.start, end: init.start, by: '/* @__PURE__ */ ' }] : [],
-    );
-  if (type !== 'ExportNamedDeclaration') return [];
-  const names = statement.specifiers.flatMap(({ local, exported }) => {
-    if (local.type !== 'Identifier' || exported.type !== 'Identifier' || !kept.includes(exported.name)) return [];
-    found.add(exported.name);
-    return [`${local.name} as ${exported.name}`];
-  });
-  return [{ start, end, by: `export { ${names.join(', ')} };` }];
-}
-
 /** What goes of a statement at the top of a file. Adds what it finds of `leftOut` to `found`. */
 function cutsOf(statement: Statement, leftOut: LeftOut, found: Set<string>): Cut[] {
   if (statement.type === 'FunctionDeclaration' && leftOut.functions?.includes(statement.id!.name)) {
@@ -58,7 +41,6 @@ function cutsOf(statement: Statement, leftOut: LeftOut, found: Set<string>): Cut
       return [{ start: member.start, end: member.end, by: '' }];
     });
   }
-  if (leftOut.exportsKept) return cutsForExports(statement, leftOut.exportsKept, found);
   const owner = prototypeOf(statement);
   if (owner === undefined || !leftOut.prototypes?.includes(owner)) return [];
   found.add(owner);
@@ -72,9 +54,7 @@ function cutsOf(statement: Statement, leftOut: LeftOut, found: Set<string>): Cut
 export function withoutLeftOut(code: string, leftOut: LeftOut): string {
   const found = new Set<string>();
   const cuts = parseSync(leftOut.file, code).program.body.flatMap((statement) => cutsOf(statement, leftOut, found));
-  const all = [leftOut.functions, leftOut.methods, leftOut.prototypes, leftOut.exportsKept].flatMap(
-    (names) => names ?? [],
-  );
+  const all = [leftOut.functions, leftOut.methods, leftOut.prototypes].flatMap((names) => names ?? []);
   const missing = all.filter((name) => !found.has(name));
   if (missing.length > 0) throw new Error(`${leftOut.file} has no ${missing.join(', ')} to leave out.`);
   const kept = cuts.reduceRight((text, { start, end, by }) => text.slice(0, start) + by + text.slice(end), code);

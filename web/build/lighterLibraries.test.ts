@@ -54,13 +54,6 @@ describe('what is left out of a library', () => {
     ]);
   });
 
-  test('a file of definitions keeps the exports that are used, and does nothing at its top', () => {
-    const code = 'function a() {}\nvar b = new a();\nb.c = 1;\nexport { a as A, b as B };\n';
-    expect(withoutLeftOut(code, { file: 'a.js', exportsKept: ['A'] })).toBe(
-      'function a() {}\nvar b = /* @__PURE__ */ new a();\n\nexport { a as A };\n',
-    );
-  });
-
   test('the build stops where a library has no such name any more', () => {
     expect(() => withoutLeftOut('function a() {}', { file: 'a.js', functions: ['a', 'b'], methods: ['C.d'] })).toThrow(
       'a.js has no b, C.d to leave out.',

@@ -1,4 +1,5 @@
 import type { Plugin } from 'vite';
+import { lexedTextsCode } from './lexedTexts.ts';
 
 interface StandIn {
   /** The import that is replaced, as the library writes it. */
@@ -9,6 +10,9 @@ interface StandIn {
   readonly code: string;
 }
 
+/** What the component library checks of its own theme before the page's takes its place; making it takes as long as the page's. */
+const NO_THEME = 'export default { colorSchemes: { light: {}, dark: {} } };';
+
 /** Parts of libraries that the page's use of them never reaches, but which they import. */
 export const STAND_INS: readonly StandIn[] = [
   // Colours for the content of boxes with `invertedColors`, 13 kB.
@@ -17,19 +21,17 @@ export const STAND_INS: readonly StandIn[] = [
     of: '@mui/joy',
     code: 'export const applySolidInversion = () => ({}); export const applySoftInversion = () => ({});',
   },
+  // For what is outside of a theme's provider, as nothing is.
+  { part: './defaultTheme', of: '@mui/joy', code: NO_THEME },
+  { part: '../styles/defaultTheme', of: '@mui/joy', code: NO_THEME },
   // The wheel in buttons with `loading`, 6 kB.
   { part: '../CircularProgress', of: '@mui/joy', code: 'export default () => null;' },
   // For `withTheme`, 3 kB with what it needs.
   { part: 'hoist-non-react-statics', of: '@emotion/react', code: 'export default (target) => target;' },
   // Which attributes HTML knows, 4 kB: the component library decides itself what it hands on.
   { part: '@emotion/is-prop-valid', of: '@emotion/styled', code: 'export default () => true;' },
-  // Of the Markdown library its lexer: elements come from React.
-  {
-    part: 'marked',
-    of: 'marked-react',
-    code: `import { Lexer, getDefaults } from 'marked';
-      export class Marked { defaults = getDefaults(); lexer = Lexer.lex; }`,
-  },
+  // The Markdown library, 29 kB: the page's texts are lexed when it is built.
+  { part: 'marked', of: 'marked-react', code: lexedTextsCode() },
 ];
 
 const PREFIX = '\0stand-in:';
