@@ -1,35 +1,11 @@
 import type { Page } from '@playwright/test';
+import { withColors } from '../support/browser/contrast';
 import { expect, test } from '../support/browser/fixtures';
 import { enterText, WordsTool } from '../support/browser/words';
 
 /** What has the focus, with the contrast of its ring to what the ring lies on and beside; 0 where there is no ring. */
 const ringOfFocus = (page: Page) =>
-  page.evaluate(() => {
-    type Color = readonly number[];
-    const read = (text: string): Color => {
-      const context = document.createElement('canvas').getContext('2d')!;
-      context.fillStyle = text;
-      context.fillRect(0, 0, 1, 1);
-      return [...context.getImageData(0, 0, 1, 1).data].map((each) => each / 255);
-    };
-    const over = (above: Color, below: Color): Color =>
-      below.map((each, channel) => above[channel]! * above[3]! + each * (1 - above[3]!));
-    const luminance = (color: Color) => {
-      const [red, green, blue] = color.map((each) =>
-        each <= 0.04045 ? each / 12.92 : ((each + 0.055) / 1.055) ** 2.4,
-      );
-      return 0.2126 * red! + 0.7152 * green! + 0.0722 * blue!;
-    };
-    const contrast = (one: Color, other: Color) => {
-      const [darker, lighter] = [luminance(one), luminance(other)].sort((a, b) => a - b);
-      return (lighter! + 0.05) / (darker! + 0.05);
-    };
-    const backgroundOf = (element: Element | null): Color => {
-      if (!element) return [0, 0, 0, 1];
-      const pseudo = getComputedStyle(element, '::before');
-      const own = over(read(getComputedStyle(element).backgroundColor), backgroundOf(element.parentElement));
-      return pseudo.content === 'none' ? own : over(read(pseudo.backgroundColor), own);
-    };
+  withColors(page, ({ read, over, contrast, backgroundOf }) => {
     const element = document.activeElement!;
     const { outlineStyle, outlineWidth, outlineColor } = getComputedStyle(element);
     const name = `${element.role ?? element.tagName} ${element.ariaLabel ?? element.textContent.slice(0, 30)}`;
