@@ -30,6 +30,7 @@ test('a reload of the window keeps unsaved changes', async ({ editor, page, serv
   await view.enter('254');
   await editor.expectDirty(NAME, true);
   await expect.poll(() => hasBackup(server.home, editor.folder, '"int": "0xfe"')).toBe(true);
+  await editor.remembers(NAME);
   await page.reload();
   await expect(editor.words().value()).toHaveValue('254');
   await editor.expectDirty(NAME, true);

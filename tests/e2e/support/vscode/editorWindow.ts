@@ -40,6 +40,14 @@ export class EditorWindow {
     writeFileSync(join(this.folder, name), text);
   }
 
+  /**
+   * Waits until the editor has stored that it shows a file. It does so every few seconds, as a window that goes has no
+   * time for it; before that it would bring an unsaved file back as a text.
+   */
+  async remembers(name: string): Promise<void> {
+    await expect.poll(() => this.page.evaluate(storedEditors)).toContain(name);
+  }
+
   /** Puts settings for windows on the folder into it. */
   set(settings: Record<string, unknown>): void {
     mkdirSync(join(this.folder, '.vscode'));
@@ -169,4 +177,23 @@ export class WordsView {
     await this.value(bits).fill(text);
     await this.value(bits).press('Enter');
   }
+}
+
+/** Runs in a window: what the editor has stored of the files that its windows show. */
+async function storedEditors(): Promise<string> {
+  const ended = <Result>(request: IDBRequest<Result>) =>
+    new Promise<Result>((resolve, reject) => {
+      request.onsuccess = () => resolve(request.result);
+      request.onerror = () => reject(request.error!);
+    });
+  const names = (await indexedDB.databases()).flatMap(({ name }) => (name?.includes('-state-db-') ? [name] : []));
+  const stored = names.map(async (name) => {
+    const database = await ended(indexedDB.open(name));
+    const [table] = database.objectStoreNames;
+    const value =
+      table && (await ended(database.transaction(table).objectStore(table).get('memento/workbench.parts.editor')));
+    database.close();
+    return String(value);
+  });
+  return (await Promise.all(stored)).join();
 }
