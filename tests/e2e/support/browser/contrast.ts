@@ -35,7 +35,10 @@ function colorTools() {
 export const withColors = <Found>(page: Page, find: (tools: ColorTools) => Found) =>
   page.evaluate<Found>(`(${String(find)})((${String(colorTools)})())`);
 
-/** Texts whose contrast is below 4.5 to 1, or 3 to 1 where they are large: also those of fields, over which nothing lies. */
+/**
+ * Texts, also those in fields, whose contrast to the grounds of what they are in is below WCAG's 4.5 to 1, or 3 to 1 where they are
+ * large. Texts on canvases are not seen.
+ */
 export const faintTexts = (page: Page) =>
   withColors(page, ({ read, over, contrast, backgroundOf }) => {
     const isText = (element: Element) =>
