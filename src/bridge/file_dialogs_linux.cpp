@@ -15,6 +15,19 @@ static constexpr const char* saveTitle = "Save As";
 // "*.*" means every file to users of this filter, also those whose names have no dot.
 static const char* globOf(const std::string& pattern) { return pattern == "*.*" ? "*" : pattern.c_str(); }
 
+static void chooseFilter(GtkFileChooser* chooser, gint position) {
+    GSList* entries = gtk_file_chooser_list_filters(chooser);
+    gtk_file_chooser_set_filter(chooser, GTK_FILE_FILTER(g_slist_nth_data(entries, static_cast<guint>(position))));
+    g_slist_free(entries);
+}
+
+static gint chosenFilter(GtkFileChooser* chooser) {
+    GSList* entries = gtk_file_chooser_list_filters(chooser);
+    const gint position = g_slist_index(entries, gtk_file_chooser_get_filter(chooser));
+    g_slist_free(entries);
+    return position;
+}
+
 static void addFilters(GtkFileChooser* chooser, const FileFilter& filter) {
     for (const FilterChoice& choice : filterChoices(filter)) {
         GtkFileFilter* entry = gtk_file_filter_new();
@@ -24,9 +37,7 @@ static void addFilters(GtkFileChooser* chooser, const FileFilter& filter) {
         }
         gtk_file_chooser_add_filter(chooser, entry);  // takes ownership
     }
-    GSList* entries = gtk_file_chooser_list_filters(chooser);
-    gtk_file_chooser_set_filter(chooser, GTK_FILE_FILTER(entries->data));
-    g_slist_free(entries);
+    chooseFilter(chooser, 0);
 }
 
 static OwnedDialog makeDialog(const char* title, GtkFileChooserAction action, const FileFilter& filter) {
@@ -67,12 +78,24 @@ static void showMissing(const std::string& name) {
              openTitle);
 }
 
+/// A dialog like the last one, in the folder of a file that is not there. GTK shows the last one itself without the
+/// focus.
+static OwnedDialog dialogAfterMissing(GtkFileChooser* last, const std::string& missing, const FileFilter& filter) {
+    OwnedDialog dialog = makeDialog(openTitle, GTK_FILE_CHOOSER_ACTION_OPEN, filter);
+    GtkFileChooser* chooser = GTK_FILE_CHOOSER(dialog.get());
+    chooseFilter(chooser, chosenFilter(last));
+    gtk_file_chooser_set_current_folder(chooser, std::filesystem::path(missing).parent_path().c_str());
+    return dialog;
+}
+
 std::optional<std::string> askForFileToOpen(const FileFilter& filter) {
-    const OwnedDialog dialog = makeDialog(openTitle, GTK_FILE_CHOOSER_ACTION_OPEN, filter);
+    OwnedDialog dialog = makeDialog(openTitle, GTK_FILE_CHOOSER_ACTION_OPEN, filter);
     while (gtk_native_dialog_run(GTK_NATIVE_DIALOG(dialog.get())) == GTK_RESPONSE_ACCEPT) {
-        auto path = chosenPath(GTK_FILE_CHOOSER(dialog.get()));
+        GtkFileChooser* chooser = GTK_FILE_CHOOSER(dialog.get());
+        auto path = chosenPath(chooser);
         if (!path || exists(*path)) return path;
         showMissing(nameOf(*path));
+        dialog = dialogAfterMissing(chooser, *path, filter);
     }
     return std::nullopt;
 }

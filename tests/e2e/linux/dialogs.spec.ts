@@ -42,6 +42,7 @@ test('the open dialog refuses a name that does not exist', async ({ open, sandbo
   expect(message.text).toContain('gone.json');
   await message.answer('Return');
   const again = await FileDialog.shown(program, 'Open');
+  await expect.poll(() => again.list()).toContain('there.json'); // in the folder where that one was sought
   await again.type(file);
   await again.confirm();
   expect(await answer).toEqual({ success: true, path: file });
