@@ -26,7 +26,7 @@ test('lists and menus open below what they belong to, in a narrow window, too', 
   );
 });
 
-/** Nobody sizes a window twice within a frame, where the page could take the one for a scroll in the other. */
+/** Nobody scrolls and sizes a window within one frame, or sizes it twice, where the page cannot tell one from the other. */
 const framesShown = (page: Page) =>
   page.evaluate(() => new Promise((shown) => requestAnimationFrame(() => requestAnimationFrame(shown))));
 
@@ -245,7 +245,7 @@ test.describe('the scroll lock', () => {
     const tool = new WordsTool(page);
     await tool.open(enter, { intResolution: 128 });
     await scrollRow(tool, 'Int 64', 700);
-    await expect.poll(() => position(tool, 'Int 64')).toBe(700);
+    await framesShown(page);
     const end = await position(tool, 'Int 128');
     for (const width of [1800, 2560]) {
       await page.setViewportSize({ width, height: 800 });
