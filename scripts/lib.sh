@@ -47,7 +47,7 @@ if have ccache; then export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAU
 jobs=$(nproc)
 
 # sharded PROGRAM...: passes a program's GoogleTest tests in as many processes as there are cores, as many of them wait more
-# than they work. Prints what each has to say once it has ended.
+# than they work. Prints what the runner says of each in the end, and all that one has to say that did not pass.
 sharded() (
   reports=$(mktemp -d)
   # shellcheck disable=SC2046
@@ -59,8 +59,7 @@ sharded() (
   done
   failed=0
   for shard in "${!running[@]}"; do
-    wait "${running[$shard]}" || failed=1
-    cat "$reports/$shard"
+    if wait "${running[$shard]}"; then grep -E '^\[(=| )' "$reports/$shard"; else failed=1 && cat "$reports/$shard"; fi
   done
   exit $failed
 )
