@@ -26,8 +26,12 @@ export function useViewSize(element: RefObject<HTMLElement | null>): ViewSize | 
 
 /** Device pixels per CSS pixel; changes with the zoom and when the window moves to another screen. */
 export function usePixelRatio(): number {
-  return useSyncExternalStore(subscribeToPixelRatio, () => window.devicePixelRatio * zoomBesideRatio());
+  return useSyncExternalStore(subscribeToPixelRatio, pixelRatio);
 }
+
+/** Kept until the window changes: WebKit asks another process for one of the widths, and lays out the page for the other. */
+let knownRatio: number | undefined;
+const pixelRatio = () => (knownRatio ??= window.devicePixelRatio * zoomBesideRatio());
 
 /** WebKit does not count its zoom in `devicePixelRatio`. Levels are a multiple of 5%, and widths are rounded. */
 function zoomBesideRatio(): number {
@@ -37,19 +41,24 @@ function zoomBesideRatio(): number {
 
 function subscribeToPixelRatio(changed: () => void): () => void {
   let query: MediaQueryList;
+  knownRatio = undefined; // nobody looked after it since the last one listened
+  const renew = () => {
+    knownRatio = undefined;
+    changed();
+  };
   const listen = () => {
     query = matchMedia(`(resolution: ${window.devicePixelRatio}dppx)`);
     query.addEventListener('change', onChange, { once: true });
   };
   const onChange = () => {
-    changed();
+    renew();
     listen();
   };
   listen();
-  window.addEventListener('resize', changed);
+  window.addEventListener('resize', renew);
   return () => {
     query.removeEventListener('change', onChange);
-    window.removeEventListener('resize', changed);
+    window.removeEventListener('resize', renew);
   };
 }
 
