@@ -22,7 +22,6 @@ import { currentGesture } from '../../../stores/gesture';
 import { forgetSince } from '../../../stores/history';
 import { useSheetStore } from '../../../stores/sheetStore';
 import { isTextField } from '../../../ui/alteredText';
-import { visuallyHidden } from '../../../ui/visuallyHidden';
 import { bitAt, type BitFieldLayout, cellOf } from '../layout/bitFieldLayout';
 import { RowScroller, SheetScroller } from '../scrollers';
 import { activeBitState, showBit, updateShownBit } from './activeBit';
@@ -30,6 +29,7 @@ import { bitCursors } from './bitCursors';
 import styles from './BitField.module.css';
 import { BitFieldPainter } from './bitFieldPainter';
 import { useBitFieldPalette } from './bitFieldPalette';
+import { BitTexts } from './BitTexts';
 import type { WordOutlines } from './drawBitField';
 import { useNameLabels } from './nameLabels';
 import { PressAndHold } from './pressAndHold';
@@ -305,21 +305,6 @@ function outlinesOf(sheetId: string | null, width: number, index: number): WordO
     return bits === 0n || outlined !== sheetId ? 0n : readWord(bits, width, index);
   };
   return { changed: bitsOf('changed'), difference: bitsOf('difference'), range: bitsOf('range') };
-}
-
-/**
- * The bits as a screen reader finds them one by one, while the keyboard is in their field. They stand beside it: not every
- * engine shows readers what is in a canvas.
- */
-function BitTexts({ digits }: { digits: string }) {
-  return (
-    <div role="group" aria-label={i18next.t('words.bits')} style={visuallyHidden}>
-      {[...digits].map((value, place) => {
-        const bit = digits.length - 1 - place;
-        return <span key={bit} role="img" aria-label={i18next.t('words.bitName', { bit, value })} />;
-      })}
-    </div>
-  );
 }
 
 /** A stroke ends with its button, even where nobody reported that, and above and below the lines of its field. */
