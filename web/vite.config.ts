@@ -10,6 +10,7 @@ import { packagesPlugin } from './build/packagesPlugin.ts';
 import { pureRouterPlugin } from './build/pureRouterPlugin.ts';
 import { shortNamesPlugin } from './build/shortNamesPlugin.ts';
 import { standInsPlugin } from './build/standInsPlugin.ts';
+import { themePlugin } from './build/themePlugin.ts';
 import { treePlugin } from './build/treePlugin.ts';
 import metadata from './package.json' with { type: 'json' };
 
@@ -39,6 +40,7 @@ export default defineConfig({
     iconPlugin(iconFile),
     leftOutPlugin(),
     standInsPlugin(),
+    themePlugin(),
     pureRouterPlugin(),
     shortNamesPlugin(),
     packagesPlugin(packagesFile),

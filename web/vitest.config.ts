@@ -1,10 +1,11 @@
 import react from '@vitejs/plugin-react';
 import { defineConfig } from 'vitest/config';
+import { themePlugin } from './build/themePlugin.ts';
 
 const model = 'src/model/**/*.test.ts';
 
 export default defineConfig({
-  plugins: [react()],
+  plugins: [react(), themePlugin()],
   test: {
     environment: 'node',
     testTimeout: 30_000, // a busy machine loads a whole page in a test

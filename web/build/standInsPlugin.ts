@@ -23,7 +23,6 @@ export const STAND_INS: readonly StandIn[] = [
   },
   // For what is outside of a theme's provider, as nothing is.
   { part: './defaultTheme', of: '@mui/joy', code: NO_THEME },
-  { part: '../styles/defaultTheme', of: '@mui/joy', code: NO_THEME },
   // The wheel in buttons with `loading`, 6 kB.
   { part: '../CircularProgress', of: '@mui/joy', code: 'export default () => null;' },
   // For `withTheme`, 3 kB with what it needs.

@@ -1,5 +1,6 @@
 import './host/launchRead'; // first: the host reads while the rest is made ready
 import '@fontsource/inter/400.css';
+import './ui/theme.css';
 import './styles.css';
 import './i18n';
 import { createRoot } from 'react-dom/client';

@@ -1,12 +1,9 @@
 import '../stores/sheetSync';
-import CssBaseline from '@mui/joy/CssBaseline';
-import GlobalStyles from '@mui/joy/GlobalStyles';
 import { CssVarsProvider } from '@mui/joy/styles';
 import { SnackbarProvider } from 'notistack';
 import type { ReactNode } from 'react';
 import { notificationPlace } from '../ui/notifications';
 import { theme } from '../ui/theme';
-import { tokenProperties } from '../ui/tokens';
 
 /** Everything that the routes need around them: theme and notifications. */
 export function App({ children }: { children: ReactNode }) {
@@ -17,10 +14,9 @@ export function App({ children }: { children: ReactNode }) {
       defaultMode="dark"
       defaultColorScheme="dark"
       colorSchemeStorageKey="tessary-color-scheme"
+      disableStyleSheetGeneration
       disableTransitionOnChange
     >
-      <CssBaseline />
-      <GlobalStyles styles={{ ':root': tokenProperties }} />
       <SnackbarProvider
         ref={notificationPlace}
         dense

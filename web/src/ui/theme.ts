@@ -1,27 +1,16 @@
-import { extendTheme } from '@mui/joy/styles';
-import { colors, mono } from './tokens';
+import type { Theme } from '@mui/joy/styles';
 
-const sans = "'Inter', system-ui, sans-serif";
+/** What the theme of `themeOptions` is for a component; `build/theme.ts` makes it and the style sheet with its variables. */
+const data = JSON.parse(THEME_DATA) as Pick<Theme, 'breakpoints' | 'vars'>;
 
-export const theme = extendTheme({
-  fontFamily: { body: sans, display: sans, code: mono },
-  // Inter comes in one weight; headings differ by size and colour instead of a synthesized bold.
-  fontWeight: { sm: 400, md: 400, lg: 400, xl: 400 },
-  components: {
-    // The library's blue has too little contrast on the content's background.
-    JoyLink: { styleOverrides: { root: { color: colors.link } } },
+export const theme = {
+  ...data,
+  spacing: (...counts: number[]) => counts.map((count) => `${8 * count}px`).join(' '),
+  breakpoints: {
+    ...data.breakpoints,
+    up: (name: keyof typeof data.breakpoints.values) => `@media (min-width:${data.breakpoints.values[name]}px)`,
   },
-  colorSchemes: {
-    dark: {
-      palette: {
-        // The library's own blue can hardly be seen on the content's background.
-        focusVisible: colors.accent,
-        background: { body: colors.body },
-        text: { primary: colors.text, secondary: colors.secondary, tertiary: colors.dim },
-      },
-    },
-  },
-});
-
-// There is no light mode: its variables would be made, written as a style sheet and read by the browser for nothing.
-delete (theme.colorSchemes as Partial<typeof theme.colorSchemes>).light;
+  colorSchemes: { dark: { palette: { mode: 'dark' } } },
+  // The provider asks for those of each colour scheme and for those that all have in common.
+  generateCssVars: (scheme?: string) => ({ css: {}, vars: scheme === undefined ? data.vars : {} }),
+} as unknown as Theme;

@@ -1,0 +1,2 @@
+/** JSON of the theme, put in by build/themePlugin.ts. */
+declare const THEME_DATA: string;
