@@ -1,5 +1,4 @@
 import Button from '@mui/joy/Button';
-import Typography from '@mui/joy/Typography';
 import cc from 'classcat';
 import { useRef } from 'react';
 import { useTranslation } from 'react-i18next';
@@ -8,6 +7,7 @@ import { DOCUMENT_COMMANDS, type DocumentTarget } from '../commands/documentComm
 import { useDocumentTarget } from '../commands/useDocumentCommands';
 import { isVsCode } from '../host/hostFlags';
 import { useSheetsStore } from '../stores/sheetsStore';
+import textStyles from '../ui/text.module.css';
 import { Tooltip } from '../ui/Tooltip';
 import styles from './DocumentBar.module.css';
 import { toolbarHandlers, useTabStop } from './useToolbar';
@@ -75,10 +75,10 @@ function FileName() {
   const hasPlace = file?.path !== undefined || file?.handle !== undefined;
   return (
     <Tooltip describes text={file?.path ?? t('messages.document.store.unstoredDocument')} style={FILE_NAME}>
-      <Typography level="body-sm" noWrap className={cc([styles.fileName, !hasPlace && styles.unstored])}>
+      <p className={cc([textStyles.small, styles.fileName, !hasPlace && styles.unstored])}>
         {file?.name}
         {isUnsaved && '*'}
-      </Typography>
+      </p>
     </Tooltip>
   );
 }

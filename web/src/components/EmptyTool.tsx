@@ -1,4 +1,3 @@
-import Typography from '@mui/joy/Typography';
 import { useEffect, useRef } from 'react';
 import { useTranslation } from 'react-i18next';
 import { newDocument, openDocument } from '../actions/documentActions';
@@ -6,6 +5,7 @@ import { useDocumentTarget } from '../commands/useDocumentCommands';
 import { isVsCode } from '../host/hostFlags';
 import { ActionLink } from '../ui/ActionLink';
 import { MarkedText } from '../ui/MarkedText';
+import textStyles from '../ui/text.module.css';
 import styles from './EmptyTool.module.css';
 import { FirstSteps } from './FirstSteps';
 
@@ -20,11 +20,9 @@ export function EmptyTool() {
   }, []);
   return (
     <div ref={place} className={styles.empty}>
-      <Typography level="h2" component="h1">
-        {t('tools.words.welcome')}
-      </Typography>
-      <Typography>{t('tools.words.getStarted')}</Typography>
-      <Typography>
+      <h1 className={textStyles.h2}>{t('tools.words.welcome')}</h1>
+      <p className={textStyles.body}>{t('tools.words.getStarted')}</p>
+      <p className={textStyles.body}>
         <MarkedText
           text={t(isVsCode ? 'tools.words.create' : 'tools.words.createOrOpen')}
           parts={{
@@ -32,7 +30,7 @@ export function EmptyTool() {
             open: (text) => <ActionLink onActivate={() => void openDocument(navigate)}>{text}</ActionLink>,
           }}
         />
-      </Typography>
+      </p>
       <FirstSteps />
     </div>
   );

@@ -1,7 +1,7 @@
-import JoyLink from '@mui/joy/Link';
 import type { ReactNode } from 'react';
 import { hasExternalUrlOpener } from '../host/hostFlags';
 import { ActionLink } from '../ui/ActionLink';
+import textStyles from '../ui/text.module.css';
 
 interface ExternalLinkProps {
   href: string;
@@ -16,8 +16,8 @@ export function ExternalLink({ href, children }: ExternalLinkProps) {
     return <ActionLink onActivate={open}>{children}</ActionLink>;
   }
   return (
-    <JoyLink href={href} target="_blank" rel="noopener noreferrer">
+    <a className={textStyles.link} href={href} target="_blank" rel="noopener noreferrer">
       {children}
-    </JoyLink>
+    </a>
   );
 }

@@ -1,4 +1,4 @@
-import Typography from '@mui/joy/Typography';
+import cc from 'classcat';
 import { useTranslation } from 'react-i18next';
 import { openSample } from '../actions/documentActions';
 import { toggleKeysHelp } from '../actions/keysHelp';
@@ -8,6 +8,7 @@ import { FRAME_COMMANDS } from '../commands/frameCommands';
 import { useDocumentTarget } from '../commands/useDocumentCommands';
 import { isVsCode } from '../host/hostFlags';
 import { ActionLink } from '../ui/ActionLink';
+import textStyles from '../ui/text.module.css';
 import styles from './FirstSteps.module.css';
 
 /** What somebody can do who sees the program for the first time. */
@@ -21,7 +22,7 @@ export function FirstSteps() {
   });
   if (isVsCode) return null;
   return (
-    <Typography component="ul" my={1.5} className={styles.steps}>
+    <ul className={cc([textStyles.body, styles.steps])}>
       <li>
         <ActionLink onActivate={() => void openSample(navigate)}>{t('firstSteps.sample')}</ActionLink>
       </li>
@@ -34,6 +35,6 @@ export function FirstSteps() {
       <li>
         <ActionLink onActivate={toggleKeysHelp}>{t('firstSteps.keys')}</ActionLink>
       </li>
-    </Typography>
+    </ul>
   );
 }

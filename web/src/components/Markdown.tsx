@@ -1,6 +1,8 @@
-import Typography from '@mui/joy/Typography';
+import cc from 'classcat';
 import MarkdownText, { type ReactRenderer } from 'marked-react';
+import textStyles from '../ui/text.module.css';
 import { ExternalLink } from './ExternalLink';
+import styles from './Markdown.module.css';
 
 const renderer: Partial<ReactRenderer> = {
   link(href, text) {
@@ -12,9 +14,9 @@ const renderer: Partial<ReactRenderer> = {
   },
   paragraph(children) {
     return (
-      <Typography key={this.elementId} level="body-md" sx={{ marginBlock: 1 }}>
+      <p key={this.elementId} className={cc([textStyles.body, styles.paragraph])}>
         {children}
-      </Typography>
+      </p>
     );
   },
 };

@@ -1,6 +1,5 @@
 import Button from '@mui/joy/Button';
-import JoyLink from '@mui/joy/Link';
-import Typography from '@mui/joy/Typography';
+import cc from 'classcat';
 import type { ReactNode } from 'react';
 import { useTranslation } from 'react-i18next';
 import { Link } from 'react-router';
@@ -8,6 +7,7 @@ import { displayName, version } from '../../package.json';
 import { FirstSteps } from '../components/FirstSteps';
 import { Markdown } from '../components/Markdown';
 import { isMsStorePackage } from '../host/hostFlags';
+import textStyles from '../ui/text.module.css';
 import { PrivacyPolicyLink } from './PrivacyPolicyLink';
 import styles from './WelcomePage.module.css';
 import { download, introduction, support } from './welcomeTexts';
@@ -23,8 +23,8 @@ export function WelcomePage() {
         <div className={styles.title}>
           <img src={`${import.meta.env.BASE_URL}favicon.svg`} alt="" width={64} height={64} />
           <div>
-            <Typography level="h1">{displayName}</Typography>
-            <Typography level="body-sm">{version}</Typography>
+            <h1 className={textStyles.h1}>{displayName}</h1>
+            <p className={textStyles.small}>{version}</p>
           </div>
         </div>
         <Markdown text={introduction} />
@@ -52,19 +52,19 @@ export function WelcomePage() {
 function WordsSection() {
   const { t } = useTranslation();
   const heading = (
-    <JoyLink component={Link} to={WORDS_ROUTE}>
+    <Link className={textStyles.link} to={WORDS_ROUTE}>
       {t('tools.words.name')}
-    </JoyLink>
+    </Link>
   );
   return (
     <Section title={heading}>
-      <Typography>{t('welcome.words.text')}</Typography>
-      <Typography component="ul" sx={{ paddingLeft: 3, marginBlock: 1.5, lineHeight: 1.7 }}>
+      <p className={textStyles.body}>{t('welcome.words.text')}</p>
+      <ul className={cc([textStyles.body, styles.abilities])}>
         <li>{t('welcome.words.resolutions')}</li>
         <li>{t('welcome.words.words')}</li>
         <li>{t('welcome.words.bases')}</li>
         <li>{t('welcome.words.colors')}</li>
-      </Typography>
+      </ul>
       <Button component={Link} to={WORDS_ROUTE}>
         {t('welcome.words.open')}
       </Button>
@@ -76,9 +76,7 @@ function WordsSection() {
 function Section({ title, children }: { title: ReactNode; children: ReactNode }) {
   return (
     <section>
-      <Typography level="h3" component="h2" sx={{ marginTop: 2.5, marginBottom: 1 }}>
-        {title}
-      </Typography>
+      <h2 className={cc([textStyles.h3, styles.heading])}>{title}</h2>
       {children}
     </section>
   );

@@ -1,5 +1,5 @@
-import JoyLink from '@mui/joy/Link';
 import type { KeyboardEvent, ReactNode } from 'react';
+import textStyles from './text.module.css';
 
 interface ActionLinkProps {
   onActivate: () => void;
@@ -15,8 +15,8 @@ export function ActionLink({ onActivate, children }: ActionLinkProps) {
     onActivate();
   };
   return (
-    <JoyLink component="a" role="link" tabIndex={0} onClick={onActivate} onKeyDown={activateOnEnter}>
+    <a role="link" tabIndex={0} className={textStyles.link} onClick={onActivate} onKeyDown={activateOnEnter}>
       {children}
-    </JoyLink>
+    </a>
   );
 }
