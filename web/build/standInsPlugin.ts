@@ -23,6 +23,8 @@ export const STAND_INS: readonly StandIn[] = [
   },
   // For what is outside of a theme's provider, as nothing is.
   { part: './defaultTheme', of: '@mui/joy', code: NO_THEME },
+  // Its parent's default theme, 5 kB.
+  { part: './createTheme', of: '@mui/system', code: 'export default () => ({});' },
   // The wheel in buttons with `loading`, 6 kB.
   { part: '../CircularProgress', of: '@mui/joy', code: 'export default () => null;' },
   // For `withTheme`, 3 kB with what it needs.

@@ -1,8 +1,7 @@
 import '../stores/sheetSync';
 import { CssVarsProvider } from '@mui/joy/styles';
-import { SnackbarProvider } from 'notistack';
 import type { ReactNode } from 'react';
-import { notificationPlace } from '../ui/notifications';
+import { Notices } from '../ui/Notices';
 import { theme } from '../ui/theme';
 
 /** Everything that the routes need around them: theme and notifications. */
@@ -17,13 +16,7 @@ export function App({ children }: { children: ReactNode }) {
       disableStyleSheetGeneration
       disableTransitionOnChange
     >
-      <SnackbarProvider
-        ref={notificationPlace}
-        dense
-        maxSnack={3}
-        autoHideDuration={5000}
-        anchorOrigin={{ vertical: 'bottom', horizontal: 'right' }}
-      />
+      <Notices />
       {children}
     </CssVarsProvider>
   );

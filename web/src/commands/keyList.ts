@@ -19,14 +19,15 @@ export interface KeyGroup {
 }
 
 /** Every key there is in this host, for a user to read. */
-export const KEY_GROUPS: readonly KeyGroup[] = [
-  group('commands.groups.document', [...DOCUMENT_COMMANDS, ...HISTORY_COMMANDS, ...PAGE_COMMANDS]),
-  group('commands.groups.frame', [...FRAME_COMMANDS, ...TOOLBAR_COMMANDS]),
-  group('commands.groups.tabs', [...TAB_COMMANDS, ...COMPARE_COMMANDS]),
-  group('commands.groups.words', [...WORD_COMMANDS, ...WORD_ACTIONS]),
-  group('commands.groups.fields', FIELD_COMMANDS),
-  group('commands.groups.bits', BIT_FIELD_COMMANDS),
-].filter(({ entries }) => entries.length > 0);
+export const keyGroups = (): readonly KeyGroup[] =>
+  [
+    group('commands.groups.document', [...DOCUMENT_COMMANDS, ...HISTORY_COMMANDS, ...PAGE_COMMANDS]),
+    group('commands.groups.frame', [...FRAME_COMMANDS, ...TOOLBAR_COMMANDS]),
+    group('commands.groups.tabs', [...TAB_COMMANDS, ...COMPARE_COMMANDS]),
+    group('commands.groups.words', [...WORD_COMMANDS, ...WORD_ACTIONS]),
+    group('commands.groups.fields', FIELD_COMMANDS),
+    group('commands.groups.bits', BIT_FIELD_COMMANDS),
+  ].filter(({ entries }) => entries.length > 0);
 
 function group(
   title: LabelKey,

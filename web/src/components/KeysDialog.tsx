@@ -4,7 +4,7 @@ import { useState } from 'react';
 import { useTranslation } from 'react-i18next';
 import { useSnapshot } from 'valtio';
 import { closeKeysHelp, keysHelp } from '../actions/keysHelp';
-import { KEY_GROUPS } from '../commands/keyList';
+import { keyGroups } from '../commands/keyList';
 import { DialogClose } from '../ui/DialogClose';
 import styles from './KeysDialog.module.css';
 
@@ -27,10 +27,12 @@ function KeysList() {
   const { t } = useTranslation();
   const [sought, setSought] = useState('');
   const wanted = sought.trim().toLowerCase();
-  const groups = KEY_GROUPS.map(({ title, entries }) => ({
-    title,
-    entries: entries.filter(({ keys, label }) => `${keys} ${t(label)}`.toLowerCase().includes(wanted)),
-  })).filter(({ entries }) => entries.length > 0);
+  const groups = keyGroups()
+    .map(({ title, entries }) => ({
+      title,
+      entries: entries.filter(({ keys, label }) => `${keys} ${t(label)}`.toLowerCase().includes(wanted)),
+    }))
+    .filter(({ entries }) => entries.length > 0);
   return (
     <>
       <input

@@ -1,18 +1,18 @@
 import cloneDeep from 'lodash.clonedeep';
 import { writeDocumentInt } from '../model/integer/documentInt';
 import type { BitsSheet } from '../model/sheet/bitsSheet';
-import { headerSchema, type SheetData, sheetSchema, type Tool, type WordsDocumentData } from './schema';
+import { schemas, type SheetData, type Tool, type WordsDocumentData } from './schema';
 
 const CURRENT_VERSION = 1;
 
 /** Whether a value starts as a tool document does: a known tool and a version of 1 or more. */
 export function isToolDocumentHeader(value: unknown): value is { tool: Tool; version: number } {
-  return headerSchema.safeParse(value).success;
+  return schemas().header.safeParse(value).success;
 }
 
 /** Whether a value is a whole sheet as documents hold it. */
 export function isSheetData(value: unknown): value is SheetData {
-  return sheetSchema.safeParse(value).success;
+  return schemas().sheet.safeParse(value).success;
 }
 
 /** Whether a value is a whole Words document. Keys that are not known are allowed. */

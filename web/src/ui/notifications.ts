@@ -1,11 +1,20 @@
 import type { OptionsObject, SnackbarKey, SnackbarProvider } from 'notistack';
-import { createElement, createRef } from 'react';
+import { createElement } from 'react';
 import { i18next } from '../i18n';
 import { briefMessage } from './briefMessage';
 import { NoticeActions, type Offer } from './NoticeActions';
 
-/** The place on the page where notifications appear. */
-export const notificationPlace = createRef<SnackbarProvider>();
+interface Notice {
+  readonly message: string;
+  readonly variant: NonNullable<OptionsObject['variant']>;
+  readonly details?: WarningDetails;
+}
+
+/** The place on the page where notifications appear, from the first one on. */
+let place: SnackbarProvider | null = null;
+let makePlace: (() => void) | undefined;
+/** What came before there was a place. */
+let waiting: Notice[] = [];
 
 /** Between a field and the notifications about it, in pixels. */
 const CLEARANCE = 8;
@@ -23,32 +32,53 @@ interface WarningDetails {
 
 /** Shows that something failed. */
 export function showError(message: string): void {
-  show(message, { variant: 'error' });
+  show({ message, variant: 'error' });
 }
 
 /** Shows that an input was refused and why. */
-export function showWarning(message: string, { about, offers }: WarningDetails = {}): void {
-  show(message, { variant: 'warning' }, offers);
-  if (about) requestAnimationFrame(() => keepClearOf(about));
+export function showWarning(message: string, details?: WarningDetails): void {
+  show({ message, variant: 'warning', ...(details && { details }) });
 }
 
 export function areNoticesOpen(): boolean {
-  return open.size > 0;
+  return open.size + waiting.length > 0;
 }
 
 export function closeNotices(): void {
+  waiting = [];
   for (const key of open.keys()) close(key);
 }
 
-function show(message: string, options: OptionsObject, offers: readonly Offer[] = []): void {
-  const provider = notificationPlace.current;
-  if (!provider) return;
+/** Has `make` put a place for notifications on the page once there is one to show. @returns what ends that */
+export function whenNoticesAreWanted(make: () => void): () => void {
+  makePlace = make;
+  return () => (makePlace = undefined);
+}
+
+/** Shows what waits for a place in `next`, and from now on everything. */
+export function setNoticePlace(next: SnackbarProvider | null): void {
+  place = next;
+  if (!place) return;
+  const waited = waiting;
+  waiting = [];
+  waited.forEach(show);
+}
+
+function show(notice: Notice): void {
+  if (place) return showIn(place, notice);
+  if (!makePlace) return;
+  waiting.push(notice);
+  makePlace();
+}
+
+function showIn(provider: SnackbarProvider, { message, variant, details: { about, offers = [] } = {} }: Notice): void {
   const text = briefMessage(message);
-  place()?.style.removeProperty('bottom');
+  container()?.style.removeProperty('bottom');
+  if (about) requestAnimationFrame(() => keepClearOf(about));
   if ([...open.values()].includes(text)) return;
   const closeLabel = i18next.t('frame.closeNotice');
   const key = provider.enqueueSnackbar(text, {
-    ...options,
+    variant,
     // The library counts a notification as shown while it folds away.
     preventDuplicate: false,
     action: (id) => createElement(NoticeActions, { id, offers, closeLabel, onClose: close }),
@@ -59,23 +89,23 @@ function show(message: string, options: OptionsObject, offers: readonly Offer[] 
 
 function close(key: SnackbarKey): void {
   open.delete(key);
-  notificationPlace.current?.closeSnackbar(key);
+  place?.closeSnackbar(key);
 }
 
-function place(): HTMLElement | null {
+function container(): HTMLElement | null {
   return document.querySelector<HTMLElement>('.notistack-SnackbarContainer');
 }
 
 /** Lifts the notifications above a field that they would cover. */
 function keepClearOf(about: Element): void {
-  const container = place();
-  if (!container) return;
-  const notices = container.getBoundingClientRect();
+  const shown = container();
+  if (!shown) return;
+  const notices = shown.getBoundingClientRect();
   // They unfold only now; their content has its full height already.
-  const contents = [...container.querySelectorAll<HTMLElement>('.notistack-MuiContent')];
+  const contents = [...shown.querySelectorAll<HTMLElement>('.notistack-MuiContent')];
   const height = contents.reduce((sum, { offsetHeight }) => sum + offsetHeight + MARGIN, 0);
   const field = about.getBoundingClientRect();
   const isCovered = field.right > notices.left && field.bottom > notices.bottom - height && field.top < notices.bottom;
   const bottom = innerHeight - field.top + CLEARANCE;
-  if (isCovered && bottom + height <= innerHeight) container.style.bottom = `${bottom}px`;
+  if (isCovered && bottom + height <= innerHeight) shown.style.bottom = `${bottom}px`;
 }
