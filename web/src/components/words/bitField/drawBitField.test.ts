@@ -1,23 +1,31 @@
 import fc from 'fast-check';
-import { expect, test } from 'vitest';
+import { afterEach, beforeEach, expect, test, vi } from 'vitest';
 import { bitFieldLayout } from '../layout/bitFieldLayout';
 import { DARK_PALETTE } from './bitFieldPalette';
 import { type BitFieldPicture, drawBitField } from './drawBitField';
 
-/** The colours that a canvas shows at each of its pixels; texts are left out. */
+/** The colours that a canvas shows at each of its pixels; a text is one pixel. */
 class Pixels {
   fillStyle = '';
   strokeStyle = '';
   lineWidth = 1;
   readonly colors: string[];
   constructor(
-    private readonly width: number,
-    height: number,
+    readonly width: number,
+    readonly height: number,
   ) {
     this.colors = new Array<string>(width * height).fill('');
   }
   setTransform() {}
-  fillText() {}
+  scale() {}
+  fillText(_text: string, x: number, y: number) {
+    this.fillRect(x, y, 1, 1);
+  }
+  drawImage({ pixels }: PixelCanvas, x: number, y: number) {
+    for (let line = 0; line < pixels.height; line++)
+      for (let place = 0; place < pixels.width; place++)
+        this.fillRect(x + place, y + line, 1, 1, pixels.colors[line * pixels.width + place]);
+  }
   fillRect(x: number, y: number, width: number, height: number, color = this.fillStyle) {
     for (let line = Math.round(y); line < Math.round(y + height); line++)
       for (let place = Math.round(x); place < Math.round(x + width); place++)
@@ -33,6 +41,19 @@ class Pixels {
     for (const left of [x, x + width]) this.fillRect(left - half, y - half, 2 * half, height + 2 * half, color);
   }
 }
+
+/** What the page makes for a picture of a cell. */
+class PixelCanvas {
+  width = 0;
+  height = 0;
+  pixels!: Pixels;
+  getContext() {
+    return (this.pixels = new Pixels(this.width, this.height));
+  }
+}
+
+beforeEach(() => void vi.stubGlobal('document', { createElement: () => new PixelCanvas() }));
+afterEach(() => void vi.unstubAllGlobals());
 
 const NONE = { changed: 0n, difference: 0n, range: 0n };
 
@@ -103,4 +124,15 @@ test('bits that differ and the range over them are both seen', () => {
   const colors = draw(picture(32, { range: 0xffn, difference: 0x0fn }));
   expect(count(colors, DARK_PALETTE.range)).toBeGreaterThan(0);
   expect(count(colors, DARK_PALETTE.difference)).toBeGreaterThan(0);
+});
+
+test('a bit that is copied looks like one that is drawn', () => {
+  const layout = bitFieldLayout(128, 1281, 731, false);
+  const other = { ...picture(128, {}), layout };
+  const noPictures = vi.spyOn(PixelCanvas.prototype, 'getContext').mockReturnValue(null as never);
+  const drawn = draw(other);
+  noPictures.mockRestore();
+  const copy = vi.spyOn(Pixels.prototype, 'drawImage');
+  expect(draw(other)).toEqual(drawn);
+  expect(copy).toHaveBeenCalledTimes(128);
 });

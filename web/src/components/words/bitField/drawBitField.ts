@@ -4,6 +4,7 @@ import { OUTLINE_KINDS, type OutlineKind } from '../../../stores/bitOutlines';
 import { mono } from '../../../ui/tokens';
 import { type BitFieldLayout, cellOf, type Rect } from '../layout/bitFieldLayout';
 import { type BitFieldPalette, textColorOn } from './bitFieldPalette';
+import { type CellLook, cellPicture, fillCell, writeDigit } from './cellPicture';
 import { drawNames } from './drawNames';
 import type { NameLabel } from './nameLabels';
 
@@ -28,7 +29,6 @@ export interface BitFieldPicture {
 /** The outlined bits of one word, by the reason for it. */
 export type WordOutlines = Readonly<Record<OutlineKind, bigint>>;
 
-const DIGIT_FONT = `12px ${mono}`;
 const SMALL_FONT = `9px ${mono}`;
 const LABEL_FONT = '11px system-ui, sans-serif';
 const CELL_GAP = 1;
@@ -60,11 +60,13 @@ export function drawBitField(
     if (picture.names) drawNames(context, layout, palette, picture.names);
   }
   const colors = layout.hasFieldLabels ? fieldColors(layout.bits) : undefined;
-  context.font = DIGIT_FONT;
-  context.textAlign = 'center';
-  context.textBaseline = 'middle';
+  // On whole device pixels nothing is between two of a picture.
+  context.imageSmoothingEnabled = false;
   const bits = keeps ? bitsThatDiffer(picture, drawn) : Array.from({ length: layout.bits }, (_, bit) => bit);
-  for (const bit of bits) drawCell(context, picture, bit, colors?.[bit]);
+  for (const bit of bits) {
+    if (keeps) clearGap(context, picture, bit);
+    drawCell(context, picture, bit, colors?.[bit]);
+  }
 }
 
 function bitsThatDiffer(picture: BitFieldPicture, drawn: BitFieldPicture): Iterable<number> {
@@ -88,22 +90,28 @@ function bitsThatDiffer(picture: BitFieldPicture, drawn: BitFieldPicture): Itera
 }
 
 function drawCell(context: CanvasRenderingContext2D, picture: BitFieldPicture, bit: number, color?: string): void {
-  const { layout, palette, digits } = picture;
-  const isOne = digits[layout.bits - 1 - bit] === '1';
-  const cell = snapped(cellOf(layout, bit), picture.pixelRatio);
-  const background = isOne ? (color ?? palette.one) : palette.zero;
-  context.fillStyle = background;
-  context.fillRect(cell.x, cell.y, cell.width, cell.height);
-  drawRange(context, picture, bit, cell);
+  const cell = snapped(cellOf(picture.layout, bit), picture.pixelRatio);
+  const look = lookOf(picture, bit, color);
   const mark = markColor(picture, bit);
+  const isInRange = hasBit(picture.outlines.range, bit);
+  const ready = !mark && !isInRange && cellPicture(cell, look, picture.pixelRatio);
+  if (ready) context.drawImage(ready, cell.x, cell.y, cell.width, cell.height);
+  else fillCell(context, cell, look);
+  drawRange(context, picture, bit, cell);
   if (mark) {
     context.strokeStyle = mark;
     context.lineWidth = 2;
-    const inset = hasBit(picture.outlines.range, bit) ? 1 + RANGE_LINE : 1;
+    const inset = isInRange ? 1 + RANGE_LINE : 1;
     context.strokeRect(cell.x + inset, cell.y + inset, cell.width - 2 * inset, cell.height - 2 * inset);
   }
-  context.fillStyle = isOne ? (color ? textColorOn(color) : palette.oneText) : palette.zeroText;
-  context.fillText(isOne ? '1' : '0', cell.x + cell.width / 2, cell.y + cell.height / 2 + 0.5);
+  if (!ready) writeDigit(context, cell, look);
+}
+
+function lookOf({ layout, palette, digits }: BitFieldPicture, bit: number, color?: string): CellLook {
+  if (digits[layout.bits - 1 - bit] !== '1') {
+    return { digit: '0', background: palette.zero, color: palette.zeroText };
+  }
+  return { digit: '1', background: color ?? palette.one, color: color ? textColorOn(color) : palette.oneText };
 }
 
 function markColor({ cursor, hovered, outlines, palette }: BitFieldPicture, bit: number): string | undefined {
@@ -124,18 +132,28 @@ function drawRange(
   bit: number,
   cell: Rect,
 ): void {
-  const [range, first] = [outlines.range, bit % layout.bitsPerLine === 0];
-  const gap = first ? 0 : snapped(cellOf(layout, bit - 1), pixelRatio).x - cell.x - cell.width;
-  context.clearRect(cell.x + cell.width, cell.y, gap, cell.height);
+  const { range } = outlines;
   if (!hasBit(range, bit)) return;
   const goesOn = bit > 0 && hasBit(range, bit - 1);
-  const width = cell.width + (goesOn ? gap : 0);
+  const width = cell.width + (goesOn ? gapBeside(layout, bit, cell, pixelRatio) : 0);
   const [right, bottom] = [cell.x + cell.width - RANGE_LINE, cell.y + cell.height - RANGE_LINE];
   context.fillStyle = palette.range;
   context.fillRect(cell.x, cell.y, width, RANGE_LINE);
   context.fillRect(cell.x, bottom, width, RANGE_LINE);
   if (!hasBit(range, bit + 1)) context.fillRect(cell.x, cell.y, RANGE_LINE, cell.height);
   if (!goesOn) context.fillRect(right, cell.y, RANGE_LINE, cell.height);
+}
+
+/** Takes away what a range that went on left between a bit and the next one. */
+function clearGap(context: CanvasRenderingContext2D, { layout, pixelRatio }: BitFieldPicture, bit: number): void {
+  const cell = snapped(cellOf(layout, bit), pixelRatio);
+  context.clearRect(cell.x + cell.width, cell.y, gapBeside(layout, bit, cell, pixelRatio), cell.height);
+}
+
+/** From a cell to the next one of its line. */
+function gapBeside(layout: BitFieldLayout, bit: number, cell: Rect, pixelRatio: number): number {
+  const isLast = bit % layout.bitsPerLine === 0;
+  return isLast ? 0 : snapped(cellOf(layout, bit - 1), pixelRatio).x - cell.x - cell.width;
 }
 
 /** Numbers of the bits at both ends of each byte, or of the first bit of each line. */
