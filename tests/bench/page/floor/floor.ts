@@ -152,7 +152,7 @@ function bitFieldOf(
   );
   setters.push((word) => {
     const digits = word.toString(2).padStart(width, '0');
-    painter.show(canvas, { layout, pixelRatio: devicePixelRatio, palette: DARK_PALETTE, digits });
+    painter.show(canvas, { layout, pixelRatio: devicePixelRatio, palette: DARK_PALETTE, digits }, true);
   });
   return canvas;
 }

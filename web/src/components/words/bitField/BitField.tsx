@@ -40,6 +40,7 @@ interface BitFieldProps {
   name: string;
   layout: BitFieldLayout;
   pixelRatio: number;
+  isInView: boolean;
   index: number;
   word: bigint;
   signed: boolean;
@@ -51,6 +52,7 @@ export const BitField = memo(function BitField({
   name,
   layout,
   pixelRatio,
+  isInView,
   index,
   word,
   signed,
@@ -72,11 +74,11 @@ export const BitField = memo(function BitField({
   const rangeStart = useRef<number | undefined>(undefined);
 
   useLayoutEffect(() => {
-    painter.show(canvas.current!, { layout, pixelRatio, palette, names, digits });
+    painter.show(canvas.current!, { layout, pixelRatio, palette, names, digits }, isInView);
     const { bit: shown } = activeBitState;
     if (!shown || !painter.isMarked || shown.width !== width || shown.index !== index) return;
     updateShownBit({ ...shown, isSet: digits[width - 1 - shown.bit] === '1', signed });
-  }, [painter, layout, pixelRatio, palette, names, digits, signed, width, index]);
+  }, [painter, layout, pixelRatio, isInView, palette, names, digits, signed, width, index]);
   useLayoutEffect(
     () => () => {
       if (painter.isMarked) showBit(undefined);

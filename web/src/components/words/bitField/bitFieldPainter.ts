@@ -5,6 +5,11 @@ type Content = Omit<BitFieldPicture, keyof Marks>;
 
 /** What is to be drawn, in the order in which it was asked for. */
 const waiting = new Map<BitFieldPainter, () => void>();
+/** What nobody sees, to be drawn when nothing more of it was asked for. */
+const unseen = new Map<BitFieldPainter, () => void>();
+let unseenTimer: ReturnType<typeof setTimeout> | undefined;
+/** Rest before that, in milliseconds: a window that is resized asks with each frame. */
+const REST = 100;
 
 /** Keeps one canvas showing a word's bits and marks, and draws no more of it than has changed. */
 export class BitFieldPainter {
@@ -24,10 +29,14 @@ export class BitFieldPainter {
   /**
    * Draws after what runs now, still before the next frame. Writing digits makes the engine compute all styles, which would be
    * computed again after each further change of the page.
+   * @param isInView - otherwise it is drawn a little later
    */
-  show(canvas: HTMLCanvasElement, content: Content): void {
-    if (waiting.size === 0) queueMicrotask(drawWaiting);
-    waiting.set(this, () => this.showNow(canvas, content));
+  show(canvas: HTMLCanvasElement, content: Content, isInView: boolean): void {
+    const draw = () => this.showNow(canvas, content);
+    if (!isInView) return drawUnseenLater(this, draw);
+    unseen.delete(this);
+    if (waiting.size === 0) queueMicrotask(() => drawAll(waiting));
+    waiting.set(this, draw);
   }
 
   /** Marks bits, or none where a mark is given as undefined. A mark that is not given stays. */
@@ -58,8 +67,15 @@ export class BitFieldPainter {
   }
 }
 
-function drawWaiting(): void {
-  const draws = [...waiting.values()];
-  waiting.clear();
+function drawUnseenLater(painter: BitFieldPainter, draw: () => void): void {
+  waiting.delete(painter);
+  unseen.set(painter, draw);
+  clearTimeout(unseenTimer);
+  unseenTimer = setTimeout(() => drawAll(unseen), REST);
+}
+
+function drawAll(asked: Map<BitFieldPainter, () => void>): void {
+  const draws = [...asked.values()];
+  asked.clear();
   for (const draw of draws) draw();
 }

@@ -27,6 +27,7 @@ export const WordBlock = memo(function WordBlock(props: WordBlockProps) {
       name={texts.bitField}
       layout={row.bitField}
       pixelRatio={pixelRatio}
+      isInView={isInView}
       index={index}
       word={word}
       signed={signed}
