@@ -46,15 +46,15 @@ if have ccache; then export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAU
 # Build jobs: as many as there are cores.
 jobs=$(nproc)
 
-# sharded PROGRAM...: passes a program's GoogleTest tests in as many processes as there are cores, as many of them wait more
-# than they work. Prints what the runner says of each in the end, and all that one has to say that did not pass.
+# sharded PROGRAM...: passes a program's GoogleTest tests in twice as many processes as there are cores, as many of them wait
+# more than they work. Prints what the runner says of each in the end, and all that one has to say that did not pass.
 sharded() (
   reports=$(mktemp -d)
   # shellcheck disable=SC2046
   trap 'kill $(jobs -pr) 2>/dev/null || true; rm -rf "$reports"' EXIT
   running=()
-  for ((shard = 0; shard < jobs; shard++)); do
-    GTEST_TOTAL_SHARDS=$jobs GTEST_SHARD_INDEX=$shard "$@" >"$reports/$shard" 2>&1 &
+  for ((shard = 0; shard < 2 * jobs; shard++)); do
+    GTEST_TOTAL_SHARDS=$((2 * jobs)) GTEST_SHARD_INDEX=$shard "$@" >"$reports/$shard" 2>&1 &
     running+=($!)
   done
   failed=0

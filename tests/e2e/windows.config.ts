@@ -7,7 +7,7 @@ export default defineConfig({
   globalSetup: './support/windows/prepareWine',
   fullyParallel: true,
   forbidOnly: true,
-  workers: 2,
+  workers: 4, // a story waits as long as it works
   retries: process.env.CI ? 2 : 0, // the keyboard of a busy desktop can be taken away between two keys
   timeout: 120_000,
   expect: { timeout: 30_000 }, // a busy machine takes longer than the runner's own five seconds
