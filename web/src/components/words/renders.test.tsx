@@ -1,5 +1,5 @@
 // @vitest-environment jsdom
-import { act, cleanup } from '@testing-library/react';
+import { act, cleanup, fireEvent, screen } from '@testing-library/react';
 import { memo } from 'react';
 import { afterEach, beforeEach, expect, test, vi } from 'vitest';
 import { useSheetsStore } from '../../stores/sheetsStore';
@@ -77,4 +77,18 @@ test('at 1024 bits with every row near the view an edit renders ten words at mos
   expect(words).toHaveLength(9);
   expect(words).toContain('word integer:1024 0');
   expect(words).toContain('word integer:8 0');
+});
+
+test('Enter keeps the field, its focus and the place of the caret', () => {
+  const field = screen.getAllByRole<HTMLTextAreaElement>('textbox', { name: 'Value' })[0]!;
+  const left = vi.fn();
+  act(() => field.focus());
+  field.addEventListener('blur', left);
+  fireEvent.input(field, { target: { value: '0042' } });
+  field.setSelectionRange(1, 1);
+  fireEvent.keyDown(field, { key: 'Enter' });
+  expect(field.value).toBe('42');
+  expect(document.activeElement).toBe(field);
+  expect(field.selectionStart).toBe(1);
+  expect(left).not.toHaveBeenCalled();
 });

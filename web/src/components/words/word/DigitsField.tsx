@@ -57,8 +57,8 @@ export function DigitsField(props: DigitsFieldProps) {
   const { name, label, focusKey, place, shown, restored, content, source, readOnly, isStop, onCommit } = props;
   const element = useRef<TextElement>(null);
   const isMultiline = place.lines > 1;
-  // After Enter a new element takes over, so that the browser's undo brings nothing back that was typed before.
   const [commits, setCommits] = useState(0);
+  const shownCommits = useRef(commits);
   const [refused, setRefused] = useState<Refusal & { of: unknown }>();
   // What was refused once is over when the word changes.
   const refusal = refused?.of === content ? refused : undefined;
@@ -67,13 +67,16 @@ export function DigitsField(props: DigitsFieldProps) {
 
   // Another element takes over, too, when the text no longer fits one line, and back.
   useLayoutEffect(() => {
+    // After Enter the browser's undo brings nothing back that was typed before: it forgets where a text goes.
+    if (shownCommits.current !== commits) element.current!.value = '';
+    shownCommits.current = commits;
     showText(element.current!, shown);
     alignDigits(element.current!, place);
   }, [shown, content, source, place, commits]);
-  // After all words show their new texts: a focus needs the layout, which would be computed once more.
+  // After all words show their new texts: a selection needs the layout, which would be computed once more.
   useEffect(() => {
     if (!selection.current) return;
-    element.current!.focus({ preventScroll: true });
+    if (document.activeElement !== element.current) element.current!.focus({ preventScroll: true });
     element.current!.setSelectionRange(...selection.current);
     selection.current = undefined;
   }, [commits]);
@@ -151,9 +154,9 @@ export function DigitsField(props: DigitsFieldProps) {
     >
       {label !== undefined && <span className={styles.label}>{label}</span>}
       {isMultiline ? (
-        <textarea {...shared} key={commits} ref={element as React.RefObject<HTMLTextAreaElement>} rows={place.lines} />
+        <textarea {...shared} ref={element as React.RefObject<HTMLTextAreaElement>} rows={place.lines} />
       ) : (
-        <input {...shared} key={commits} ref={element as React.RefObject<HTMLInputElement>} />
+        <input {...shared} ref={element as React.RefObject<HTMLInputElement>} />
       )}
       {refusal && (
         <span id={reasonId} hidden>
