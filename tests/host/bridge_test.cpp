@@ -7,7 +7,7 @@
 #include "recording_view.h"
 #include "temporary_folder.h"
 
-static const std::string refused = R"({ "success": false, "error": "invalid-arguments" })";
+static const std::string refusedArguments = R"({ "success": false, "error": "invalid-arguments" })";
 
 TEST(Bridge, BindsFiveFunctionsInOrder) {
     RecordingView view;
@@ -22,14 +22,14 @@ TEST(ReadFile, RefusesWhatIsNoPath) {
     Documents documents;
     for (const char* request :
          {"", "[]", "[null]", "[7]", "[[\"a\"]]", "{\"0\": \"a\"}", "\"a\"", "not json", "null"}) {
-        EXPECT_EQ(readFile(request, documents), refused) << request;
+        EXPECT_EQ(readFile(request, documents), refusedArguments) << request;
     }
 }
 
 TEST(WriteFile, RefusesWhatIsNoPathAndText) {
     Documents documents;
     for (const char* request : {"", "[]", "[\"a\"]", "[\"a\", null]", "[null, \"text\"]", "[\"a\", 7]", "{}", "["}) {
-        EXPECT_EQ(writeFile(request, documents), refused) << request;
+        EXPECT_EQ(writeFile(request, documents), refusedArguments) << request;
     }
 }
 

@@ -9,7 +9,7 @@
 #include "temporary_folder.h"
 
 namespace {
-class Recorder final : public SaveReporter {
+class ReportsOnLinux final : public SaveReporter {
 public:
     void failed(const FailedSave& save) override { failures.push_back(save); }
     void replaced(const ReplacedText& text) override { replacements.push_back(text); }
@@ -23,7 +23,7 @@ public:
 class SaveReportsOnLinux : public testing::Test {
 protected:
     TemporaryFolder folder;
-    Recorder seen;
+    ReportsOnLinux seen;
     Documents documents{seen, RescueFolder(folder.path() / "rescue")};
     std::string path = folder.file("notes.words.tessary");
 };
