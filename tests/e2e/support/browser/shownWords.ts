@@ -36,18 +36,30 @@ export async function watchCanvases(page: Page): Promise<void> {
       return known;
     };
     const context = CanvasRenderingContext2D.prototype;
-    const { fillText, clearRect } = context;
+    const { fillText, drawImage, clearRect } = context;
+    const forget = (canvas: HTMLCanvasElement, left: number, top: number, width: number, height: number) => {
+      const known = digits(canvas);
+      for (const [key, { x, y }] of known) {
+        if (x >= left && x < left + width && y >= top && y < top + height) known.delete(key);
+      }
+    };
     context.fillText = function (text, x, y, ...rest) {
       // Digits stand in the middle of their cells, numbers of bits at an edge.
       const isDigit = this.textAlign === 'center' && (text === '0' || text === '1');
       if (isDigit) digits(this.canvas).set(`${x} ${y}`, { x, y, digit: text });
       fillText.call(this, text, x, y, ...rest);
     };
+    // A bit can be a picture of its digit.
+    context.drawImage = function (image: CanvasImageSource, ...place: number[]) {
+      const [left = 0, top = 0, width = 0, height = 0] = place;
+      forget(this.canvas, left, top, width, height);
+      const pictured = image instanceof HTMLCanvasElement ? [...digits(image).values()] : [];
+      const [x, y] = [left + width / 2, top + height / 2 + 0.5];
+      for (const { digit } of pictured) digits(this.canvas).set(`${x} ${y}`, { x, y, digit });
+      Reflect.apply(drawImage, this, [image, ...place]);
+    };
     context.clearRect = function (left, top, width, height) {
-      const known = digits(this.canvas);
-      for (const [key, { x, y }] of known) {
-        if (x >= left && x < left + width && y >= top && y < top + height) known.delete(key);
-      }
+      forget(this.canvas, left, top, width, height);
       clearRect.call(this, left, top, width, height);
     };
     for (const length of ['width', 'height'] as const) {
