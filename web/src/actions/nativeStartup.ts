@@ -10,6 +10,12 @@ import { useSheetsStore } from '../stores/sheetsStore';
 import type { Navigate } from './documentActions';
 import { requestFirstWordFocus } from './firstWordFocus';
 
+/** Whether the native host has something to open or to report; if not, there is nothing to wait for. */
+export function hasLaunchOrder(): boolean {
+  const { error, filePath } = window.tessary?.args ?? {};
+  return Boolean(error || filePath);
+}
+
 /**
  * Opens the document that the native host was started with. Never rejects.
  * @returns whether the host named one, which is then shown; or the text of what went wrong

@@ -7,6 +7,13 @@ import type { Navigate } from './documentActions';
 
 let isLoaded = false;
 
+/** Whether the first call of `showRestoredWork` has something to show or to say. */
+export function hasRestoredWork(): boolean {
+  if (isLoaded || !isCppBackend) return false;
+  const { documentFile, isUnsaved } = useSheetsStore.getState();
+  return isAfterCrash || (documentFile !== null && isUnsaved);
+}
+
 /**
  * Shows what the page had before the native host loaded it again. The document that the host was started with must not
  * take the place of unsaved work then, nor of anything after the page's process died. To be asked before that document
@@ -14,10 +21,12 @@ let isLoaded = false;
  * @returns whether there is nothing to open any more
  */
 export async function showRestoredWork(navigate: Navigate): Promise<boolean> {
-  if (isLoaded || !isCppBackend) return false;
+  const isThere = hasRestoredWork();
   isLoaded = true;
-  const { documentFile, isUnsaved } = useSheetsStore.getState();
+  if (!isThere) return false;
+  const { documentFile } = useSheetsStore.getState();
+  await Promise.resolve(); // the router listens when all of the page is there
   if (isAfterCrash) showWarning(i18next.t(documentFile ? 'messages.restart.restored' : 'messages.restart.empty'));
-  if (documentFile && (isAfterCrash || isUnsaved)) await navigate('/tools/words');
-  return isAfterCrash || (documentFile !== null && isUnsaved);
+  if (documentFile) await navigate('/tools/words');
+  return true;
 }

@@ -1,5 +1,5 @@
 // @vitest-environment jsdom
-import { cleanup, screen } from '@testing-library/react';
+import { cleanup, screen, within } from '@testing-library/react';
 import userEvent from '@testing-library/user-event';
 import { afterEach, describe, expect, test } from 'vitest';
 import { renderPage } from '../testing/renderPage';
@@ -9,7 +9,7 @@ afterEach(cleanup);
 describe('the rail', () => {
   test('leads to the Words tool and back, and marks the tool that is open', async () => {
     renderPage('/');
-    const words = screen.getByRole('link', { name: 'Words', description: '' });
+    const words = within(screen.getByRole('navigation')).getByRole('link', { name: 'Words' });
     expect(words.getAttribute('aria-current')).toBeNull();
     await userEvent.click(words);
     expect(words.getAttribute('aria-current')).toBe('page');

@@ -33,6 +33,14 @@ describe('the start page', () => {
     expect(screen.queryByRole('alert')).toBeNull();
   });
 
+  test.each([
+    ['without launch arguments', undefined],
+    ['when the host names no file', { error: null, filePath: null }],
+  ])('is the welcome page from its first frame on %s', (_, args) => {
+    start(args);
+    expect(screen.getByRole('heading', { level: 1, name: 'Tessary' })).toBeDefined();
+  });
+
   test('shows why the host could not start and reads nothing', async () => {
     const readFile = vi.fn();
     start({ error: "File not found: it's {{app}} @(ui.new).tessary", filePath: PATH }, readFile);

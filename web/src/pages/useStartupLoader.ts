@@ -1,8 +1,8 @@
-import { useEffect, useState } from 'react';
+import { useLayoutEffect, useState } from 'react';
 import type { Navigate } from '../actions/documentActions';
 import { followEditor } from '../actions/editorStartup';
-import { openLaunchDocument } from '../actions/nativeStartup';
-import { showRestoredWork } from '../actions/restoredWork';
+import { hasLaunchOrder, openLaunchDocument } from '../actions/nativeStartup';
+import { hasRestoredWork, showRestoredWork } from '../actions/restoredWork';
 import { useDocumentTarget } from '../commands/useDocumentCommands';
 import { isVsCode } from '../host/hostFlags';
 import { type Result, success } from '../model/result';
@@ -18,9 +18,10 @@ const LEAVING_TIME = 1000;
 export function useStartupLoader(): { loadingError: string | undefined; isReady: boolean } {
   const { navigate } = useDocumentTarget();
   const [loadingError, setLoadingError] = useState<string>();
-  const [isReady, setReady] = useState(false);
+  const [isReady, setReady] = useState(hasNothingToOpen);
 
-  useEffect(() => {
+  // Before the first frame, which would be an empty one.
+  useLayoutEffect(() => {
     let left = false;
     let timer: ReturnType<typeof setTimeout> | undefined;
     void openStartDocument(navigate).then((outcome) => {
@@ -36,6 +37,10 @@ export function useStartupLoader(): { loadingError: string | undefined; isReady:
   }, [navigate]);
 
   return { loadingError, isReady };
+}
+
+function hasNothingToOpen(): boolean {
+  return !isVsCode && !hasRestoredWork() && !hasLaunchOrder();
 }
 
 /** An editor hands its document over by itself, so the page waits for it as if it were opening one. */
