@@ -10,7 +10,6 @@ export const theme = {
     ...data.breakpoints,
     up: (name: keyof typeof data.breakpoints.values) => `@media (min-width:${data.breakpoints.values[name]}px)`,
   },
-  colorSchemes: { dark: { palette: { mode: 'dark' } } },
-  // The provider asks for those of each colour scheme and for those that all have in common.
-  generateCssVars: (scheme?: string) => ({ css: {}, vars: scheme === undefined ? data.vars : {} }),
+  palette: { mode: 'dark', colorScheme: 'dark' },
+  getColorSchemeSelector: (scheme: string) => `[data-joy-color-scheme="${scheme}"] &`,
 } as unknown as Theme;
