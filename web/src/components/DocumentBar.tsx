@@ -1,4 +1,3 @@
-import Button from '@mui/joy/Button';
 import cc from 'classcat';
 import { useRef } from 'react';
 import { useTranslation } from 'react-i18next';
@@ -7,6 +6,7 @@ import { DOCUMENT_COMMANDS, type DocumentTarget } from '../commands/documentComm
 import { useDocumentTarget } from '../commands/useDocumentCommands';
 import { isVsCode } from '../host/hostFlags';
 import { useSheetsStore } from '../stores/sheetsStore';
+import buttonStyles from '../ui/button.module.css';
 import textStyles from '../ui/text.module.css';
 import { Tooltip } from '../ui/Tooltip';
 import styles from './DocumentBar.module.css';
@@ -53,9 +53,9 @@ function CommandButton({ command, disabled, onClick }: CommandButtonProps) {
   const { t } = useTranslation();
   const label = t(command.label);
   const button = (
-    <Button size="sm" variant="plain" color="neutral" disabled={disabled} onClick={onClick}>
+    <button type="button" className={buttonStyles.button} disabled={disabled} onClick={onClick}>
       {label}
-    </Button>
+    </button>
   );
   const keys = shortcutLabel(command);
   if (!keys) return button;

@@ -1,4 +1,3 @@
-import Button from '@mui/joy/Button';
 import cc from 'classcat';
 import type { ReactNode } from 'react';
 import { useTranslation } from 'react-i18next';
@@ -7,6 +6,7 @@ import { displayName, version } from '../../package.json';
 import { FirstSteps } from '../components/FirstSteps';
 import { Markdown } from '../components/Markdown';
 import { isMsStorePackage } from '../host/hostFlags';
+import buttonStyles from '../ui/button.module.css';
 import textStyles from '../ui/text.module.css';
 import { PrivacyPolicyLink } from './PrivacyPolicyLink';
 import styles from './WelcomePage.module.css';
@@ -65,9 +65,9 @@ function WordsSection() {
         <li>{t('welcome.words.bases')}</li>
         <li>{t('welcome.words.colors')}</li>
       </ul>
-      <Button component={Link} to={WORDS_ROUTE}>
+      <Link className={cc([buttonStyles.button, buttonStyles.primary])} to={WORDS_ROUTE}>
         {t('welcome.words.open')}
-      </Button>
+      </Link>
       <FirstSteps />
     </Section>
   );
