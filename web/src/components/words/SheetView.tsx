@@ -58,6 +58,7 @@ export function SheetView({ onOverflow }: SheetViewProps) {
   useLayoutEffect(() => {
     scrollSync.restore(sheetId, useSheetStore.getState().scrollMap);
   }, [scrollSync, sheetId, resolution, isMeasured]);
+  useLayoutEffect(() => scrollSync.placeRows());
   useLayoutEffect(() => {
     scrollSync.attachView(view.current!, start);
     setScrolled(view.current!.scrollTop);

@@ -60,10 +60,12 @@ test('two sizes of the window at once are no scroll of a row', () => {
   sync.restore('shown', stored().withRow(ROW, 300));
   const element = scroller(600);
   sync.attachRow(ROW, element, CONTENT - 600);
+  sync.placeRows();
   growAndShrink(element, 500);
   sync.rowScrolled(ROW, element.scrollLeft);
   expect(element.scrollLeft).toBe(120);
   sync.attachRow(ROW, element, CONTENT - 500);
+  sync.placeRows();
   expect(element.scrollLeft).toBe(300);
 });
 
@@ -83,6 +85,7 @@ test('what a user scrolls is stored once it has come to rest', () => {
   sync.restore('shown', ScrollMap.empty);
   const [row, view] = [scroller(600), scroller(500)];
   sync.attachRow(ROW, row, CONTENT - 600);
+  sync.placeRows();
   sync.attachView(view, 0);
   sync.rowScrolled(ROW, (row.scrollLeft = 200));
   sync.viewScrolled((view.scrollTop = 40));

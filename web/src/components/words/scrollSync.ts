@@ -12,8 +12,8 @@ const SAME_POSITION = 1;
 interface ScrolledRow {
   readonly element: HTMLElement;
   readonly farthest: number;
-  /** The width that the page knows of. */
-  readonly width: number;
+  /** The width that the page knows of; undefined until the row is placed. */
+  width: number | undefined;
   /** Where the page put it or a user scrolled it last. */
   place: number;
 }
@@ -37,7 +37,7 @@ export class ScrollSync {
     else this.store();
     this.sheetId = sheetId;
     this.current = scrollMap;
-    for (const [key, row] of this.rows) putRow(row, this.position(key, row.farthest));
+    for (const [key, row] of this.rows) if (row.width !== undefined) putRow(row, this.position(key, row.farthest));
     if (this.view) this.view.scrollTop = this.vertical;
   }
 
@@ -66,14 +66,21 @@ export class ScrollSync {
   }
 
   /**
-   * To be called again with each new width.
+   * To be called again with each new width, before `placeRows`.
    * @param farthest - the position of the row's least significant end
    */
   attachRow(key: string, element: HTMLElement, farthest: number): () => void {
-    const row = { element, farthest, width: element.clientWidth, place: 0 };
-    this.rows.set(key, row);
-    putRow(row, this.position(key, farthest));
+    this.rows.set(key, { element, farthest, width: undefined, place: 0 });
     return () => void this.rows.delete(key);
+  }
+
+  /** Scrolls the rows that were attached before to where they belong: all at once, so that the page is laid out once. */
+  placeRows(): void {
+    for (const [key, row] of this.rows) {
+      if (row.width !== undefined) continue;
+      row.width = row.element.clientWidth;
+      putRow(row, this.position(key, row.farthest));
+    }
   }
 
   rowScrolled(key: string, position: number): void {
