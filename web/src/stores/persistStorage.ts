@@ -19,6 +19,10 @@ const REST_PER_COST = 10;
 /** ... but nothing waits longer than this, in milliseconds. */
 const LONGEST_REST = 2000;
 
+/** While the page starts, in milliseconds since its beginning, what is to be shown comes first. */
+const START_TIME = 1500;
+const REST_AT_START = 250;
+
 /** How long the last writing took, in milliseconds. */
 let lastCost = 0;
 let pending: { key: string; state: PersistedState } | undefined;
@@ -29,7 +33,7 @@ let isOver = false;
 /** Keeps the record of the sheets store. Changes within one task are written together after it, before leaving at last. */
 export const persistStorage: PersistStorage<PersistedState> = {
   getItem(key) {
-    if (hostKind === 'native') storageBackend.beginRun();
+    if (hostKind === 'native' && !storageBackend.beginRun()) return null;
     const text = storageBackend.read(key);
     if (text === null) return null;
     try {
@@ -43,7 +47,7 @@ export const persistStorage: PersistStorage<PersistedState> = {
   },
   setItem(key, { state }) {
     if (isOver) return;
-    if (!pending) setTimeout(flushRecord, lastCost < 5 ? 0 : Math.min(LONGEST_REST, lastCost * REST_PER_COST));
+    if (!pending) setTimeout(flushRecord, restBeforeWriting());
     pending = { key, state };
   },
   removeItem(key) {
@@ -51,6 +55,11 @@ export const persistStorage: PersistStorage<PersistedState> = {
     storageBackend.remove(key);
   },
 };
+
+function restBeforeWriting(): number {
+  if (performance.now() < START_TIME) return REST_AT_START;
+  return lastCost < 5 ? 0 : Math.min(LONGEST_REST, lastCost * REST_PER_COST);
+}
 
 /** Writes what is still waiting. @returns whether the record holds all that it should */
 export function flushRecord(): boolean {
