@@ -1,11 +1,12 @@
 import type { SnackbarProvider } from 'notistack';
-import { useEffect, useState } from 'react';
+import { useLayoutEffect, useState } from 'react';
 import { setNoticePlace, whenNoticesAreWanted } from './notifications';
 
 /** The place where notifications appear. Their library is made ready with the first one, which few starts show. */
 export function Notices() {
   const [Place, setPlace] = useState<typeof SnackbarProvider>();
-  useEffect(
+  // Before the first frame, as there may be something to report by then.
+  useLayoutEffect(
     () =>
       whenNoticesAreWanted(() => void import('notistack').then((library) => setPlace(() => library.SnackbarProvider))),
     [],
