@@ -59,11 +59,21 @@ export class Session {
     return new Session(folder, await startSpeaking('Xvfb', options, environment(folder)));
   }
 
-  /** Starts a program, watches how it comes up and rests, and ends it. @param watcher - the built watch_start */
-  async measure(watcher: string, idleFor: number, command: string[]): Promise<Sample> {
+  /**
+   * Starts a program, watches how it comes up and rests, and ends it.
+   * @param watcher - the built watch_start
+   * @param settle - what is waited for before its rest is watched
+   */
+  async measure(
+    watcher: string,
+    idleFor: number,
+    command: string[],
+    settle = () => Promise.resolve(),
+  ): Promise<Sample> {
     const { process, lines, firstLine } = await startSpeaking(watcher, [String(idleFor), ...command], this.env);
     const [pid = 0, window = NaN, , readable = NaN, processor = NaN] = firstLine.split(' ').map(Number);
     const memory = treeOf(pid).reduce((sum, each) => sum + proportionalSize(each), 0);
+    await settle();
     const rested = once(lines, 'line');
     process.stdin?.write('\n');
     const [idle] = (await rested) as [string];

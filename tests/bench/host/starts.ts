@@ -29,7 +29,8 @@ export async function compareStarts(root: string, tools: string, session: Sessio
   print(rows, rounds);
 }
 
-function rowsIn(root: string, tools: string, session: Session): Row[] {
+/** The bare window first, then the program without and with the sample document. */
+export function rowsIn(root: string, tools: string, session: Session): Row[] {
   const program = join(session.folder, 'tessary');
   copyFileSync(join(root, 'build', 'linux', 'tessary'), program);
   const put = (name: string, text: string) => {
