@@ -7,6 +7,9 @@
 #include "server/static_assets.h"
 #include "support/input.h"
 #include "support/require.h"
+#include "support/target.h"
+
+namespace fuzz_embedded_path {
 
 /// The rule, word by word: slashes at the front, slashes at the end, then double ones.
 static std::string normalizedStepByStep(std::string path) {
@@ -63,7 +66,7 @@ static void checkAnswer(const std::string& path) {
     require(type == mimeTypeOf(isStart ? "dist/index.html" : "dist/" + path), "the type follows the name");
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(embedded_path) {
     const std::string path = textOf(data, size);
     checkLookup(path);
     checkLookup("dist/" + path);
@@ -71,3 +74,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     checkAnswer("/" + path);
     return 0;
 }
+
+}  // namespace fuzz_embedded_path

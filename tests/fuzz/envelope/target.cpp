@@ -5,7 +5,10 @@
 #include "support/input.h"
 #include "support/json_text.h"
 #include "support/require.h"
+#include "support/target.h"
 #include "support/utf8_reference.h"
+
+namespace fuzz_envelope {
 
 static void skip(const std::string& json, std::size_t& at, const std::string& text) {
     require(json.compare(at, text.size(), text) == 0, "an envelope has its members in order and nothing else");
@@ -42,7 +45,7 @@ static void checkRepair(const std::string& text) {
     require(wellFormedUtf8(whole) == whole, "repaired text stays as it is");
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(envelope) {
     const std::string text = textOf(data, size);
     checkRepair(text);
     checkString(text);
@@ -51,3 +54,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     checkEnvelope({false, text, text}, "data");
     return 0;
 }
+
+}  // namespace fuzz_envelope

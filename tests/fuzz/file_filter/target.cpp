@@ -1,10 +1,13 @@
 // Whatever filter and extension a page asks for, the dialogs get lists that end where they should.
+#include "support/target.h"
 #include "bridge/dialog_arguments.h"
 #include "bridge/file_dialogs.h"
 #include "support/input.h"
 #include "support/json_text.h"
 #include "support/require.h"
 #include "support/utf8_reference.h"
+
+namespace fuzz_file_filter {
 
 static std::vector<std::string> partsOf(const std::string& list) {
     std::vector<std::string> parts;
@@ -60,7 +63,7 @@ static void checkRequest(const SaveRequest& wanted) {
     require(read.defaultExtension == repaired(wanted.defaultExtension), "an extension arrives");
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(file_filter) {
     Fields fields(data, size);
     SaveRequest request;
     request.filter.name = fields.next();
@@ -74,3 +77,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     checkRequest(request);
     return 0;
 }
+
+}  // namespace fuzz_file_filter

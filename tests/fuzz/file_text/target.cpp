@@ -1,4 +1,5 @@
 // Whatever text a document is saved with, reading it gives that text again.
+#include "support/target.h"
 #include "bridge/bridge.h"
 #include "bridge/envelope.h"
 #include "bridge/files/documents.h"
@@ -8,7 +9,9 @@
 #include "support/require.h"
 #include "support/utf8_reference.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+namespace fuzz_file_text {
+
+FUZZ_TARGET(file_text) {
     static const TemporaryFolder folder;
     static const std::string path = folder.file("file");
     static const std::string quotedPath = jsonString(path);
@@ -28,3 +31,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     require(bytesOf(path) == repaired(upToNul(text)), "the page's text is on disk, up to its first NUL");
     return 0;
 }
+
+}  // namespace fuzz_file_text

@@ -4,7 +4,10 @@
 #include "bridge/text/utf8.h"
 #include "support/input.h"
 #include "support/require.h"
+#include "support/target.h"
 #include "support/utf8_reference.h"
+
+namespace fuzz_host_scripts {
 
 /// What a single-quoted script literal at `at` stands for; moves `at` behind it.
 static std::string literalAt(const std::string& script, std::size_t& at) {
@@ -50,7 +53,7 @@ static void checkPackage(const std::string& script, const std::string& package) 
     require(script.substr(at) == "\n                }\n            };\n        ", "nothing follows the package");
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(host_scripts) {
     const std::string text = textOf(data, size);
     const std::string whole = repaired(text);
 
@@ -67,3 +70,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     checkPackage(wellFormedUtf8(described), whole);
     return 0;
 }
+
+}  // namespace fuzz_host_scripts

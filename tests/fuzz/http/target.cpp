@@ -1,10 +1,15 @@
 // Whatever bytes reach the program's server, it answers or closes, and goes on serving the page.
+#include "support/target.h"
 #include "http/served_page.h"
 #include "support/input.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+namespace fuzz_http {
+
+FUZZ_TARGET(http) {
     startServerOnce();
     checkAnswer(answerTo(textOf(data, size)));
     checkPageIsServed();
     return 0;
 }
+
+}  // namespace fuzz_http

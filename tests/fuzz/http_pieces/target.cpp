@@ -7,8 +7,11 @@
 
 #include "http/served_page.h"
 #include "support/input.h"
+#include "support/target.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+namespace fuzz_http_pieces {
+
+FUZZ_TARGET(http_pieces) {
     startServerOnce();
     const std::string input = textOf(data, size);
     const auto pieces = std::min<std::ptrdiff_t>(std::count(input.begin(), input.end(), '\0') + 1, 20);
@@ -23,3 +26,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     checkPageIsServed();
     return 0;
 }
+
+}  // namespace fuzz_http_pieces

@@ -7,6 +7,9 @@
 
 #include "support/input.h"
 #include "support/require.h"
+#include "support/target.h"
+
+namespace fuzz_navigation_policy {
 
 static const NavigationPolicy policy{"http://localhost:4711",
                                      [](std::string_view path) { return path.size() % 2 == 0; }};
@@ -30,7 +33,7 @@ static bool isLink(const std::string& url) {
     return lower == "http" || lower == "https" || lower == "mailto";
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(navigation_policy) {
     // An address ends at its first NUL, as engines give it.
     const std::string rest = upToNul(textOf(data, size));
     for (const std::string& url : {rest, policy.origin + rest}) {
@@ -43,3 +46,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     return 0;
 }
+
+}  // namespace fuzz_navigation_policy

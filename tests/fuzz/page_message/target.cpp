@@ -10,6 +10,9 @@
 #include "support/input.h"
 #include "support/json_text.h"
 #include "support/require.h"
+#include "support/target.h"
+
+namespace fuzz_page_message {
 
 static std::string part(const std::string& message, const char* key) {
     return webview::detail::json_parse(message, key, 0);
@@ -51,10 +54,12 @@ static void checkPageMessage(const std::string& path, const std::string& text) {
     require(request.string(1) == repaired(text), "the text comes through");
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(page_message) {
     checkAnyMessage(textOf(data, size));
     Fields fields(data, size);
     const std::string path = withoutDelete(fields.next());
     checkPageMessage(path, withoutDelete(fields.next()));
     return 0;
 }
+
+}  // namespace fuzz_page_message

@@ -6,8 +6,11 @@
 #include "host/temporary_folder.h"
 #include "support/input.h"
 #include "support/require.h"
+#include "support/target.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+namespace fuzz_recovery {
+
+FUZZ_TARGET(recovery) {
     static const TemporaryFolder folder;
     const std::string document = folder.file("document");
     const std::string recovery = document + ".new-text";
@@ -34,3 +37,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::filesystem::remove(recovery);
     return 0;
 }
+
+}  // namespace fuzz_recovery

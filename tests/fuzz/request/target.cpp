@@ -12,6 +12,9 @@
 #include "bridge/link_opener.h"
 #include "support/input.h"
 #include "support/require.h"
+#include "support/target.h"
+
+namespace fuzz_request {
 
 static std::vector<std::string> launched;
 
@@ -68,7 +71,7 @@ static void checkLinks(const Request& request, const std::string& text) {
     }
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(request) {
     const std::string text = textOf(data, size);
     const Request request(text);
     checkArguments(request);
@@ -77,3 +80,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     checkLinks(request, text);
     return 0;
 }
+
+}  // namespace fuzz_request
