@@ -5,9 +5,9 @@
 
 #include "server/mime_types.h"
 #include "server/static_assets.h"
+#include "support/fuzz_target.h"
 #include "support/input.h"
 #include "support/require.h"
-#include "support/target.h"
 
 namespace fuzz_embedded_path {
 

@@ -2,10 +2,10 @@
 #include "bridge/envelope.h"
 
 #include "bridge/text/utf8.h"
+#include "support/fuzz_target.h"
 #include "support/input.h"
 #include "support/json_text.h"
 #include "support/require.h"
-#include "support/target.h"
 #include "support/utf8_reference.h"
 
 namespace fuzz_envelope {

@@ -1,7 +1,7 @@
 // Whatever filter and extension a page asks for, the dialogs get lists that end where they should.
-#include "support/target.h"
 #include "bridge/dialog_arguments.h"
 #include "bridge/file_dialogs.h"
+#include "support/fuzz_target.h"
 #include "support/input.h"
 #include "support/json_text.h"
 #include "support/require.h"

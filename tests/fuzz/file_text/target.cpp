@@ -1,9 +1,9 @@
 // Whatever text a document is saved with, reading it gives that text again.
-#include "support/target.h"
 #include "bridge/bridge.h"
 #include "bridge/envelope.h"
 #include "bridge/files/documents.h"
 #include "host/temporary_folder.h"
+#include "support/fuzz_target.h"
 #include "support/input.h"
 #include "support/json_text.h"
 #include "support/require.h"

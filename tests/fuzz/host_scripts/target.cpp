@@ -2,9 +2,9 @@
 #include "app/host_scripts.h"
 
 #include "bridge/text/utf8.h"
+#include "support/fuzz_target.h"
 #include "support/input.h"
 #include "support/require.h"
-#include "support/target.h"
 #include "support/utf8_reference.h"
 
 namespace fuzz_host_scripts {

@@ -1,6 +1,6 @@
 // Whatever bytes reach the program's server, it answers or closes, and goes on serving the page.
-#include "support/target.h"
 #include "http/served_page.h"
+#include "support/fuzz_target.h"
 #include "support/input.h"
 
 namespace fuzz_http {

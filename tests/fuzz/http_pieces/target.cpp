@@ -6,8 +6,8 @@
 #include <thread>
 
 #include "http/served_page.h"
+#include "support/fuzz_target.h"
 #include "support/input.h"
-#include "support/target.h"
 
 namespace fuzz_http_pieces {
 

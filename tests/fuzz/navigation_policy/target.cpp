@@ -5,9 +5,9 @@
 
 #include <memory>
 
+#include "support/fuzz_target.h"
 #include "support/input.h"
 #include "support/require.h"
-#include "support/target.h"
 
 namespace fuzz_navigation_policy {
 

@@ -7,10 +7,10 @@
 #include "bridge/files/documents.h"
 #include "bridge/link_opener.h"
 #include "bridge/request.h"
+#include "support/fuzz_target.h"
 #include "support/input.h"
 #include "support/json_text.h"
 #include "support/require.h"
-#include "support/target.h"
 
 namespace fuzz_page_message {
 

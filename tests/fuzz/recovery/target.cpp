@@ -4,9 +4,9 @@
 
 #include "bridge/files/documents.h"
 #include "host/temporary_folder.h"
+#include "support/fuzz_target.h"
 #include "support/input.h"
 #include "support/require.h"
-#include "support/target.h"
 
 namespace fuzz_recovery {
 

@@ -10,9 +10,9 @@
 #include "bridge/envelope.h"
 #include "bridge/files/documents.h"
 #include "bridge/link_opener.h"
+#include "support/fuzz_target.h"
 #include "support/input.h"
 #include "support/require.h"
-#include "support/target.h"
 
 namespace fuzz_request {
 

@@ -6,7 +6,7 @@
 #include <iterator>
 #include <vector>
 
-#include "support/target.h"
+#include "support/fuzz_target.h"
 
 static void replay(FuzzTarget target, const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);
