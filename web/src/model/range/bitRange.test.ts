@@ -1,6 +1,16 @@
 import fc from 'fast-check';
 import { describe, expect, test } from 'vitest';
-import { holds, invertRange, rangeBetween, rangeMask, rangeWidth, readRange, sharedBits, writeRange } from './bitRange';
+import {
+  holds,
+  invertRange,
+  rangeBetween,
+  rangeMask,
+  rangeWidth,
+  readRange,
+  sharedBits,
+  writeRange,
+  writtenRange,
+} from './bitRange';
 
 const WIDTH = 1024;
 const anyValue = fc.bigInt({ min: 0n, max: (1n << BigInt(WIDTH)) - 1n });
@@ -66,6 +76,17 @@ describe('a range of bits', () => {
         expect(shared ? rangeMask(shared) : 0n).toBe(rangeMask(a) & rangeMask(b));
       }),
     );
+  });
+
+  test('shares the lower end of one with the upper end of another, and nothing with one beside it', () => {
+    expect(sharedBits({ hi: 11, lo: 4 }, { hi: 7, lo: 0 })).toEqual({ hi: 7, lo: 4 });
+    expect(sharedBits({ hi: 11, lo: 8 }, { hi: 7, lo: 0 })).toBeUndefined();
+    expect(sharedBits({ hi: 7, lo: 0 }, { hi: 11, lo: 8 })).toBeUndefined();
+  });
+
+  test('is written with both ends, or as one bit', () => {
+    expect(writtenRange({ hi: 23, lo: 12 })).toBe('[23:12]');
+    expect(writtenRange({ hi: 37, lo: 37 })).toBe('[37]');
   });
 
   test('holds another when it shares all bits of that one', () => {

@@ -69,6 +69,16 @@ test('names that are copied are read again', () => {
   );
 });
 
+test('names beside each other lie in one lane, and what holds them above it', () => {
+  const [word, high, low] = [
+    { hi: 15, lo: 0 },
+    { hi: 15, lo: 8 },
+    { hi: 7, lo: 0 },
+  ];
+  const lanes = stackNames([word, high, low]);
+  expect([word, high, low].map((each) => lanes.get(each))).toEqual([1, 0, 0]);
+});
+
 test('names that share a bit never share a lane, and each has one', () => {
   fc.assert(
     fc.property(anyNames, (names) => {
