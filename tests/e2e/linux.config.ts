@@ -1,9 +1,11 @@
 import { defineConfig } from '@playwright/test';
+import { basename, dirname } from 'node:path';
+import { executable } from './support/linux/paths';
 
 // The real program in its real window. TESSARY_EXECUTABLE names another build of it, such as one with sanitizers.
 export default defineConfig({
   testDir: 'linux',
-  outputDir: '../../build/test-results/linux',
+  outputDir: `../../build/test-results/${basename(dirname(executable))}`,
   globalSetup: './support/linux/buildTools',
   fullyParallel: true,
   forbidOnly: true,

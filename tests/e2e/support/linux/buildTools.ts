@@ -1,5 +1,5 @@
 import { execFileSync } from 'node:child_process';
-import { mkdirSync } from 'node:fs';
+import { mkdirSync, renameSync } from 'node:fs';
 import { tools, toolSources } from '../shared/paths';
 
 /** Builds what no package of Debian 12 brings: to ask a window to close, to read what a
@@ -20,6 +20,8 @@ function build(name: string, ...libraries: string[]) {
 }
 
 function compile(source: string, output: string, ...flags: string[]) {
-  const options = ['-Wall', '-Wextra', '-o', `${tools}/${output}`, `${toolSources}/${source}.c`, ...flags];
-  execFileSync('cc', options, { stdio: 'inherit' });
+  // Other stories may be using it at the moment.
+  const fresh = `${tools}/${output}.${process.pid}`;
+  execFileSync('cc', ['-Wall', '-Wextra', '-o', fresh, `${toolSources}/${source}.c`, ...flags], { stdio: 'inherit' });
+  renameSync(fresh, `${tools}/${output}`);
 }

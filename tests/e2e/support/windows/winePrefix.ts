@@ -44,7 +44,11 @@ export class WinePrefix {
     prefix.setValue('HKCU\\Software\\Wine\\X11 Driver', 'Managed', 'N');
     prefix.#run('wineserver', '--wait');
     prefix.#keepUserFoldersInside();
-    renameSync(prefix.folder, template);
+    try {
+      renameSync(prefix.folder, template);
+    } catch {
+      prefix.remove(); // others made theirs in the meantime
+    }
   }
 
   /** A fresh copy for the desktop session with this environment, without a browser runtime. Wine's own programs in it are shared with the template. */
