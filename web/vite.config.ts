@@ -3,6 +3,7 @@ import { readFileSync } from 'node:fs';
 import { fileURLToPath } from 'node:url';
 import { defineConfig } from 'vite';
 import { VitePWA } from 'vite-plugin-pwa';
+import { asciiPlugin } from './build/asciiPlugin.ts';
 import { fontPlugin } from './build/fontPlugin.ts';
 import { iconPlugin } from './build/iconPlugin.ts';
 import { leftOutPlugin } from './build/leftOutPlugin.ts';
@@ -43,6 +44,7 @@ export default defineConfig({
     themePlugin(),
     pureRouterPlugin(),
     shortNamesPlugin(),
+    asciiPlugin(),
     packagesPlugin(packagesFile),
     VitePWA({
       disable: movable,
