@@ -71,6 +71,10 @@ void ConnectionQueue::on_idle() {
 
 std::size_t ConnectionQueue::requestNumber() { return ownConnection == nullptr ? 1 : ownConnection->requests; }
 
+void ConnectionQueue::noteRequest() {
+    if (ownConnection != nullptr) ownConnection->since = Clock::time_point::max();
+}
+
 void ConnectionQueue::noteAnswer() {
     if (ownConnection != nullptr) ownConnection->since = Clock::now();
 }
@@ -210,7 +214,8 @@ void ConnectionQueue::joinFinished() {
 void ConnectionQueue::endServedFor(Clock::duration age) {
     const Clock::time_point now = Clock::now();
     for (auto& [socket, connection] : connections_) {
-        if (connection.state != State::served || now - connection.since.load() < age) continue;
+        const bool hasTime = now - connection.since.load() < age && !closed_;
+        if (connection.state != State::served || hasTime) continue;
         connection.state = State::ended;
         shutdownSocket(socket);
     }

@@ -20,7 +20,8 @@
 
 /// A connection has a thread from the first byte of a request until its answer is sent. One whose request is not whole
 /// after `patience` is ended. When no thread is left for a request, because there are `threadLimit` of them or the
-/// system gives no more, those make room that have had no answer after `grace`, and whole requests go first.
+/// system gives no more, those make room that have neither sent all nor read all after `grace`, and whole requests go
+/// first.
 class ConnectionQueue final : public httplib::TaskQueue {
 public:
     static constexpr std::size_t threadLimit = 256;
@@ -47,6 +48,8 @@ public:
     [[nodiscard]] static socket_t accept(socket_t listening);
     /// How many requests the connection that the calling thread serves has sent, with this one.
     [[nodiscard]] static std::size_t requestNumber();
+    /// All of the request is there that the calling thread serves: its time stands still while the answer is made.
+    static void noteRequest();
     /// The connection that the calling thread serves is about to get its answer: its time starts anew.
     static void noteAnswer();
     /// The connection that the calling thread serves is not to be waited for any longer.
@@ -65,7 +68,7 @@ private:
     struct Connection {
         std::function<void()> serve;
         std::atomic<State> state = State::idle;
-        std::atomic<Clock::time_point> since = Clock::now();  ///< accepted, taken by a thread, or answered last
+        std::atomic<Clock::time_point> since = Clock::now();  ///< see `noteRequest` and `noteAnswer`
         std::size_t requests = 0;
     };
     using Connections = std::map<socket_t, Connection>;

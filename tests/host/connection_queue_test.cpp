@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <future>
 #include <memory>
 #include <string>
 #include <thread>
@@ -90,6 +91,24 @@ TEST_F(QueueOfTheServer, AnswersWhileMoreConnectionsThanItTakesAreHalfSent) {
     ASSERT_TRUE(answer);
     EXPECT_EQ(answer->body, "here");
     slow.front()->waitForEnd();  // it made room
+}
+
+TEST_F(QueueOfTheServer, WaitsForItsOwnWorkWhereOthersMakeRoom) {
+    std::promise<void> begun;
+    std::promise<void> may;
+    server.Get("/work", [&](const httplib::Request&, httplib::Response& response) {
+        begun.set_value();
+        may.get_future().wait();
+        response.set_content("here", "text/plain");
+    });
+    const Connection asking(port, "GET /work HTTP/1.1\r\nHost: localhost\r\n\r\n");
+    begun.get_future().wait();
+    std::vector<std::unique_ptr<Connection>> slow;
+    while (slow.size() < ConnectionQueue::threadLimit + 100)
+        slow.push_back(std::make_unique<Connection>(port, beginOfRequest));
+    slow.front()->waitForEnd();  // it came later, and made room
+    may.set_value();
+    EXPECT_TRUE(asking.isAnswered());
 }
 
 TEST_F(QueueOfTheServer, EndsRequestsThatAreSentTooSlowly) {
