@@ -12,7 +12,7 @@ inline void drawDirectly(WebKitWebView* view) {
 }
 
 /// Seconds until the engine looks anew at the memory of the page's process. Its own half minute takes a window at rest
-/// more processor time than all else; when the system runs short of memory, it is told at once.
+/// more processor time than all else; that of the system is watched as ever.
 inline constexpr double memoryPollInterval = 300;
 
 /// A session in which what pages store lives in memory, outlives their processes, and ends with the last view of it.

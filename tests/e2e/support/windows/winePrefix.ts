@@ -46,8 +46,9 @@ export class WinePrefix {
     prefix.#keepUserFoldersInside();
     try {
       renameSync(prefix.folder, template);
-    } catch {
-      prefix.remove(); // others made theirs in the meantime
+    } catch (error) {
+      prefix.remove();
+      if (!existsSync(template)) throw error; // otherwise others made theirs in the meantime
     }
   }
 
