@@ -196,3 +196,21 @@ test('a strip of many tabs scrolls to the one that is shown', async ({ page, ent
   await page.mouse.wheel(0, -1_000_000);
   await expect(page.getByRole('tab', { name: 'Sheet 0', exact: true })).toBeInViewport({ ratio: 1 });
 });
+
+test('tabs have their width from the first frame on', async ({ page, enter }) => {
+  await stubNativeHost(page, { args: { filePath: PATH }, files: { [PATH]: three } });
+  await page.addInitScript(() => {
+    const widths: number[] = [];
+    const note = () => {
+      for (const tab of document.querySelectorAll('[role="tab"]')) widths.push(tab.getBoundingClientRect().width);
+      requestAnimationFrame(note);
+    };
+    requestAnimationFrame(note);
+    Object.assign(window, { widths });
+  });
+  await enter();
+  const noted = () => page.evaluate(() => (window as unknown as { widths: number[] }).widths);
+  await expect.poll(async () => (await noted()).length).toBeGreaterThan(30);
+  const widths = await noted();
+  expect(new Set(widths)).toEqual(new Set([widths.at(-1)]));
+});

@@ -26,6 +26,13 @@ import { type TabDrag, useTabDrag } from './useTabDrag';
 /** The button that adds a sheet stands beside the tabs. */
 const ADD_WIDTH = 32;
 
+/** Lengths in CSS pixels: of the strip, and of the bar without the button. */
+interface StripView {
+  scrollLeft: number;
+  width: number;
+  room: number;
+}
+
 /** The strip with a tab for every sheet and a button that adds one. */
 export function SheetTabs() {
   const { t } = useTranslation();
@@ -35,7 +42,7 @@ export function SheetTabs() {
   const strip = useRef<HTMLDivElement>(null);
   const tabs = useRef<HTMLDivElement>(null);
   const addButton = useRef<HTMLButtonElement>(null);
-  const [view, setView] = useState({ scrollLeft: 0, width: 0, room: 0 });
+  const [view, setView] = useState<StripView>({ scrollLeft: 0, width: 0, room: 0 });
   const idBase = useId();
   const activeIndex = titles.findIndex(({ id }) => id === activeKey);
   const tabWidth = tabWidthFor(titles.length, view.room);
@@ -45,10 +52,12 @@ export function SheetTabs() {
 
   const measure = () => {
     const { scrollLeft, clientWidth } = strip.current!;
-    setView({ scrollLeft, width: clientWidth, room: bar.current!.clientWidth - ADD_WIDTH });
+    const now = { scrollLeft, width: clientWidth, room: bar.current!.clientWidth - ADD_WIDTH };
+    setView((before) => (isSameView(before, now) ? before : now));
   };
   // A passive effect ends late enough for the observer to measure a strip that has left the page already.
   useLayoutEffect(() => {
+    measure();
     const observer = new ResizeObserver(measure);
     observer.observe(strip.current!);
     observer.observe(bar.current!);
@@ -155,4 +164,8 @@ export function SheetTabs() {
       </button>
     </div>
   );
+}
+
+function isSameView(one: StripView, other: StripView): boolean {
+  return one.scrollLeft === other.scrollLeft && one.width === other.width && one.room === other.room;
 }

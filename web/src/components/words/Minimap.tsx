@@ -15,6 +15,7 @@ const GAP = 1;
 interface MinimapProps {
   geometry: SheetGeometry;
   view: RefObject<HTMLElement | null>;
+  /** 0 as long as nobody knows it. */
   viewHeight: number;
 }
 
@@ -28,16 +29,17 @@ export function Minimap({ geometry, view, viewHeight }: MinimapProps) {
   const focusedRow = useSheetStore(({ focusedBlock: [type, bits] }) => `${type}:${bits}`);
   const { rows, height } = geometry;
   const map = useMemo(() => new MinimapLayout(geometry, viewHeight - 2 * MARGIN), [geometry, viewHeight]);
-  const fits = height <= viewHeight;
+  const fits = viewHeight === 0 || height <= viewHeight;
 
   useLayoutEffect(() => {
     const scroller = view.current!;
     // Moved by hand: a render for each step of a scroll would cost more than the scroll.
     const follow = () => {
       if (!frame.current) return;
-      const top = map.toMap(scroller.scrollTop);
+      const { scrollTop, clientHeight } = scroller;
+      const top = map.toMap(scrollTop);
       frame.current.style.top = `${top}px`;
-      frame.current.style.height = `${map.toMap(scroller.scrollTop + scroller.clientHeight) - top}px`;
+      frame.current.style.height = `${map.toMap(scrollTop + clientHeight) - top}px`;
     };
     follow();
     scroller.addEventListener('scroll', follow, { passive: true });
