@@ -1,8 +1,7 @@
 // How long the built page takes from its start until it can be used, in Chromium and in the program's own window.
-import { type Browser, chromium } from '@playwright/test';
-import { execFileSync, spawn } from 'node:child_process';
+import { spawn } from 'node:child_process';
 import { once } from 'node:events';
-import { copyFileSync, mkdtempSync, rmSync, writeFileSync } from 'node:fs';
+import { copyFileSync, cpSync, mkdtempSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
 import { type AddressInfo, createServer } from 'node:net';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
@@ -10,6 +9,7 @@ import { fileURLToPath } from 'node:url';
 import { servePage } from '../../e2e/support/browser/pageServer.ts';
 import { Inspector } from '../../e2e/support/linux/inspector.ts';
 import { Session } from '../host/session.ts';
+import { PlainChromium } from './plainChromium.ts';
 
 const ROUNDS = 9;
 const folder = (path: string) => fileURLToPath(new URL(path, import.meta.url));
@@ -53,44 +53,44 @@ function shownAt(selector: string): Promise<number> {
   });
 }
 
-/**
- * Leaves errors without their stacks while the page starts. A browser that is driven works out every function's position in
- * the script at the first error that is made, as libraries do ahead: a tenth of the start, which no user waits for.
- */
-const withoutStacks = () => void (Error.stackTraceLimit = 0);
-
-async function inChromium(browser: Browser, url: string, { selector, documentText }: Start): Promise<number> {
-  const context = await browser.newContext({ viewport: { width: 800, height: 600 } });
-  const page = await context.newPage();
-  await page.addInitScript(withoutStacks);
-  await page.addInitScript((text: string | undefined) => {
-    const args = { error: null, filePath: text === undefined ? null : '/bench' };
+/** The built page with a script before its own, which leaves for "about:blank#MILLISECONDS" once the page is shown. */
+function inChromium({ selector, documentText }: Start): string {
+  const args = { error: null, filePath: documentText === undefined ? null : '/bench' };
+  const host = { backend: { implementation: 'cpp', msPackageName: null }, args };
+  return `
     Object.assign(window, {
-      readFile: async () => ({ success: true, data: text }),
-      tessary: { backend: { implementation: 'cpp', msPackageName: null }, args },
+      readFile: async () => ({ success: true, data: ${JSON.stringify(documentText)} }),
+      tessary: ${JSON.stringify(host)},
     });
-  }, documentText);
-  await page.goto(url, { waitUntil: 'commit' });
-  const started = await page.evaluate(() => performance.timeOrigin);
-  const shown = await page.evaluate(shownAt, selector);
-  await context.close();
-  return shown - started;
+    (${shownAt.toString()})(${JSON.stringify(selector)}).then(${leave.toString()});`;
 }
 
-/** The page of plain elements, from its start until it shows one sheet. */
-async function floorInChromium(browser: Browser, url: string): Promise<number> {
-  const page = await browser.newPage({ viewport: { width: 800, height: 600 } });
-  await page.addInitScript(withoutStacks);
-  await page.goto(url, { waitUntil: 'load' });
-  const took = await page.evaluate(
-    () =>
-      new Promise<number>((resolve) => {
-        (window as unknown as { showSheet: (bits: number, value: string) => void }).showSheet(64, '0xff');
-        requestAnimationFrame(() => requestAnimationFrame(() => resolve(performance.now())));
-      }),
-  );
-  await page.close();
-  return took;
+/** The same for the page of plain elements, which shows one sheet. */
+const ON_FLOOR = `
+  addEventListener('load', () => {
+    showSheet(64, '0xff');
+    requestAnimationFrame(() =>
+      requestAnimationFrame(() => (${leave.toString()})(performance.timeOrigin + performance.now())));
+  });`;
+
+function leave(shown: number): void {
+  location.href = `about:blank#${shown - performance.timeOrigin}`;
+}
+
+/** Shown before the page, so that the start of a process for it does not count. */
+const BEFORE = '<script>onload = () => requestIdleCallback(() => location.replace("/"))</script>';
+
+/** Copies of a built page, each with a script of its own before the page's. */
+function copiesWith(built: string, scripts: readonly string[]): string[] {
+  return scripts.map((script) => {
+    const copy = mkdtempSync(join(tmpdir(), 'tessary-page-'));
+    cpSync(built, copy, { recursive: true });
+    writeFileSync(join(copy, 'first.js'), script);
+    const html = readFileSync(join(built, 'index.html'), 'utf8');
+    writeFileSync(join(copy, 'index.html'), html.replace('<head>', '<head><script src="/first.js"></script>'));
+    writeFileSync(join(copy, 'before.html'), BEFORE);
+    return copy;
+  });
 }
 
 /** From the start of the process. */
@@ -146,17 +146,23 @@ async function interleaved<Key>(keys: readonly Key[], sample: (key: Key) => Prom
 }
 
 async function measureChromium(): Promise<void> {
-  const executablePath = execFileSync('sh', ['-c', 'command -v chromium'], { encoding: 'utf8' }).trim();
-  const args = ['--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run', '--disable-background-networking'];
-  const browser = await chromium.launch({ executablePath, args });
-  const [page, floor] = [await servePage(DIST), await servePage(FLOOR)];
-  const inBrowser = await interleaved([...starts, undefined], (start) =>
-    start === undefined ? floorInChromium(browser, floor.url) : inChromium(browser, page.url, start),
-  );
-  console.log(`From the start of the page until it is shown, in Chromium, medians of ${ROUNDS} interleaved rounds`);
-  for (const start of starts) report(start.name, inBrowser.get(start)!, inBrowser.get(undefined));
-  report('the floor page, one sheet', inBrowser.get(undefined)!);
-  await Promise.all([browser.close(), page.close(), floor.close()]);
+  const floor = { name: 'the floor page, one sheet' };
+  const pages = [...starts, floor];
+  const folders = [...copiesWith(DIST, starts.map(inChromium)), ...copiesWith(FLOOR, [ON_FLOOR])];
+  const servers = await Promise.all(folders.map(servePage));
+  const browser = await PlainChromium.start();
+  try {
+    const samples = await interleaved(pages, async (page) =>
+      Number(await browser.lastWords(`${servers[pages.indexOf(page)]!.url}/before.html`)),
+    );
+    console.log(`From the start of the page until it is shown, in Chromium, medians of ${ROUNDS} interleaved rounds`);
+    for (const start of starts) report(start.name, samples.get(start)!, samples.get(floor));
+    report(floor.name, samples.get(floor)!);
+  } finally {
+    await browser.stop();
+    await Promise.all(servers.map((server) => server.close()));
+    for (const copy of folders) rmSync(copy, { recursive: true });
+  }
 }
 
 async function measureProgram(): Promise<void> {
