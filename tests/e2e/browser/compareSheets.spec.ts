@@ -109,6 +109,23 @@ test.describe('comparing two sheets', () => {
     await expect(differences(page, '3 bits differ, first at 3, last at 190')).toBeHidden();
   });
 
+  test('reports at once what an edit or another sheet makes of it', async ({ page, enter }) => {
+    await page.addInitScript(() => {
+      const { setTimeout } = window;
+      const withoutReports = (act: () => void, delay?: number) => (delay === 5000 ? 0 : setTimeout(act, delay));
+      Object.assign(window, { setTimeout: withoutReports }); // reports stay
+    });
+    const tool = new WordsTool(page);
+    await tool.open(enter, NARROW, SECOND);
+    await compare(page, 'Second');
+    await expect(tool.status).toHaveText(/beyond the 64 bits of this sheet$/);
+    await page.getByRole('tab', { name: 'Second' }).click();
+    await expect(differences(page, '3 bits differ, first at 3, last at 190')).toBeVisible();
+    await tool.word(256, 1).value.fill('255');
+    await page.keyboard.press('Enter');
+    await expect(differences(page, 'No bit differs')).toBeVisible();
+  });
+
   test('of different widths counts the bits that one of them does not have, and goes to those that are there', async ({
     page,
     enter,

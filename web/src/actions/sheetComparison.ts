@@ -4,7 +4,7 @@ import { nextSetBit, setBits } from '../model/integer/setBits';
 import { compareSheets, type Comparison, useComparison } from '../stores/comparison';
 import { useSheetsStore } from '../stores/sheetsStore';
 import { useSheetStore } from '../stores/sheetStore';
-import { showStatus } from '../ui/statusMessage';
+import { clearStatus, showStatus, statusMessage } from '../ui/statusMessage';
 import { type FocusOrigin, focusOrigin, returnFocus } from './focusOrigin';
 
 interface ComparisonRequests {
@@ -15,6 +15,25 @@ interface ComparisonRequests {
 }
 
 export const useComparisonRequests = create<ComparisonRequests>()(() => ({ asked: undefined, visited: undefined }));
+
+/** What the status line was given last of what differs. */
+let report: string | undefined;
+
+function reportDifferences(comparison: Comparison): void {
+  report = comparisonText(comparison);
+  showStatus(report);
+}
+
+/** A report goes when it is no longer true of the sheet that is shown; the line then has what is. */
+function endReport(): void {
+  const { visited } = useComparisonRequests.getState();
+  if ([report, visited?.text].includes(statusMessage.text)) clearStatus();
+}
+
+useComparison.subscribe(endReport);
+useSheetStore.subscribe(({ id }, before) => {
+  if (id !== before.id) endReport();
+});
 
 /** Asks which sheet to compare a sheet with. @param sheetId - by default the one that is shown */
 export function askForComparison(sheetId = useSheetsStore.getState().activeSheetKey): void {
@@ -34,7 +53,7 @@ export function beginComparison(sheetId: string, other: string): void {
   useComparisonRequests.setState({ visited: undefined });
   useSheetsStore.getState().setActiveSheet(sheetId);
   compareSheets(sheetId, other);
-  showStatus(comparisonText(useComparison.getState().comparison!));
+  reportDifferences(useComparison.getState().comparison!);
 }
 
 /** The comparison that the sheet that is shown takes part in. */
@@ -50,7 +69,7 @@ export function goToDifference(step: 1 | -1, from = useComparisonRequests.getSta
   if (!comparison) return;
   const there = BigInt.asUintN(useSheetStore.getState().int.resolution, comparison.differences);
   const bit = nextSetBit(there, from, step);
-  if (bit === undefined) return showStatus(comparisonText(comparison));
+  if (bit === undefined) return reportDifferences(comparison);
   const bits = setBits(there);
   const text = i18next.t('compare.visited', { place: bits.indexOf(bit) + 1, count: bits.length, bit });
   useComparisonRequests.setState({ visited: { bit, text } });
