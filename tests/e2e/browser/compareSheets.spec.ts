@@ -20,6 +20,14 @@ async function compare(page: Page, other: string) {
   await chooser(page).getByRole('menuitem', { name: other }).click();
 }
 
+/** Leaves what the status line reports there until something else ends it. */
+const keepReports = (page: Page) =>
+  page.addInitScript(() => {
+    const { setTimeout } = window;
+    const withoutLifetime = (act: () => void, delay?: number) => (delay === 5000 ? 0 : setTimeout(act, delay));
+    Object.assign(window, { setTimeout: withoutLifetime });
+  });
+
 const DIFFERENCE = 0xff9e64;
 const RANGE = 0xff8ad8;
 
@@ -110,11 +118,7 @@ test.describe('comparing two sheets', () => {
   });
 
   test('reports at once what an edit or another sheet makes of it', async ({ page, enter }) => {
-    await page.addInitScript(() => {
-      const { setTimeout } = window;
-      const withoutReports = (act: () => void, delay?: number) => (delay === 5000 ? 0 : setTimeout(act, delay));
-      Object.assign(window, { setTimeout: withoutReports }); // reports stay
-    });
+    await keepReports(page);
     const tool = new WordsTool(page);
     await tool.open(enter, NARROW, SECOND);
     await compare(page, 'Second');
@@ -124,6 +128,17 @@ test.describe('comparing two sheets', () => {
     await tool.word(256, 1).value.fill('255');
     await page.keyboard.press('Enter');
     await expect(differences(page, 'No bit differs')).toBeVisible();
+  });
+
+  test('reports at once how many differ beyond another resolution', async ({ page, enter }) => {
+    await keepReports(page);
+    const tool = new WordsTool(page);
+    await tool.open(enter, NARROW, SECOND);
+    await compare(page, 'Second');
+    await expect(tool.status).toHaveText(/beyond the 64 bits of this sheet$/);
+    await tool.resolution.click();
+    await page.getByRole('option', { name: '128', exact: true }).click();
+    await expect(page.getByText(/1 of them beyond the 128 bits of this sheet$/)).toBeVisible();
   });
 
   test('of different widths counts the bits that one of them does not have, and goes to those that are there', async ({

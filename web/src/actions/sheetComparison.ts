@@ -31,8 +31,8 @@ function endReport(): void {
 }
 
 useComparison.subscribe(endReport);
-useSheetStore.subscribe(({ id }, before) => {
-  if (id !== before.id) endReport();
+useSheetStore.subscribe(({ id, int }, before) => {
+  if (id !== before.id || int.resolution !== before.int.resolution) endReport();
 });
 
 /** Asks which sheet to compare a sheet with. @param sheetId - by default the one that is shown */
