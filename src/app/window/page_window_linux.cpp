@@ -105,17 +105,26 @@ void GtkPageWindow::report(const std::string& sentence, std::function<void()> re
     show(box, [read = std::move(read)](gint) { read(); });
 }
 
-void GtkPageWindow::cancelDialogs() {
+/// Whether there was one to cancel. It goes when the loop that shows it gets its turn.
+static bool cancelVisibleDialogs() {
+    bool found = false;
     GList* windows = gtk_window_list_toplevels();
     g_list_foreach(windows, [](gpointer window, gpointer) { g_object_ref(window); }, nullptr);
     for (GList* each = windows; each != nullptr; each = each->next) {
         if (!GTK_IS_DIALOG(each->data) || gtk_widget_is_visible(GTK_WIDGET(each->data)) == FALSE) continue;
+        found = true;
         gtk_dialog_response(GTK_DIALOG(each->data), GTK_RESPONSE_DELETE_EVENT);
     }
     g_list_free_full(windows, g_object_unref);
+    return found;
 }
 
+void GtkPageWindow::cancelDialogs() { cancelVisibleDialogs(); }
+
 void GtkPageWindow::close() {
-    // A dialog that was cancelled a moment ago may still be on the stack, and uses the page when it returns.
-    after(std::chrono::milliseconds(0), [this] { gtk_widget_destroy(GTK_WIDGET(window_)); });
+    // A dialog that was cancelled a moment ago, or came since, may be on the stack, and uses the page when it returns.
+    after(std::chrono::milliseconds(0), [this] {
+        if (cancelVisibleDialogs()) return close();
+        gtk_widget_destroy(GTK_WIDGET(window_));
+    });
 }

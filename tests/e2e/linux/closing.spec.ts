@@ -100,3 +100,13 @@ test('a signal ends the program while it asks, and while a file dialog is open',
   process.kill(choosing.program.process.pid, 'SIGTERM');
   expect(await choosing.program.process.exit()).toBe(0);
 });
+
+test('a signal ends the program, too, when a file dialog comes after it', async ({ open, sandbox }) => {
+  const { program } = await openChanged(open, (name, text) => sandbox.write(name, text));
+  // What the page is told last: the program waits for no other answer.
+  await program.page.evaluate(() => {
+    addEventListener('tessary-end', () => void window.showSaveDialog!('a'));
+  });
+  process.kill(program.process.pid, 'SIGTERM');
+  expect(await program.process.exit()).toBe(0);
+});
