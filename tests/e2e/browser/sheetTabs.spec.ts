@@ -214,3 +214,18 @@ test('tabs have their width from the first frame on', async ({ page, enter }) =>
   const widths = await noted();
   expect(new Set(widths)).toEqual(new Set([widths.at(-1)]));
 });
+
+test('the tab of the sheet that is shown is in view again when the tool is', async ({ page, enter }) => {
+  const many = Array.from({ length: 60 }, (_, at) => ({ id: `${at}`, displayName: `Sheet ${at}` }));
+  await stubNativeHost(page, { choices: [PATH], files: { [PATH]: documentText(...many) } });
+  await enter();
+  await page.keyboard.press('Control+o');
+  await page.getByRole('tab', { name: 'Sheet 0', exact: true }).focus();
+  await page.keyboard.press('End');
+  const last = page.getByRole('tab', { name: 'Sheet 59' });
+  await expect(last).toBeInViewport({ ratio: 1 });
+  await page.getByRole('link', { name: 'About the app' }).click();
+  await expect(page.getByRole('tab')).toHaveCount(0);
+  await page.getByRole('navigation').getByRole('link', { name: 'Words' }).click();
+  await expect(last).toBeInViewport({ ratio: 1 });
+});

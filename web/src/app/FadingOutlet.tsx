@@ -1,5 +1,6 @@
 import { AnimatePresence, usePresence } from 'framer-motion';
-import { type CSSProperties, type ReactNode, useEffect, useRef } from 'react';
+import { type CSSProperties, type ReactNode, useLayoutEffect, useRef } from 'react';
+import { flushSync } from 'react-dom';
 import { useLocation, useOutlet } from 'react-router';
 import styles from './FadingOutlet.module.css';
 
@@ -27,9 +28,10 @@ export function FadingOutlet({ instead }: { instead?: ReactNode }) {
 function FadingPage({ children }: { children: ReactNode }) {
   const [isPresent, safeToRemove] = usePresence();
   const page = useRef<HTMLDivElement>(null);
-  useEffect(() => {
+  useLayoutEffect(() => {
     if (isPresent) return;
-    if (!page.current!.hasChildNodes()) return safeToRemove();
+    // Before the next frame, but once whoever waits for it knows that it leaves.
+    if (!page.current!.hasChildNodes()) return queueMicrotask(() => flushSync(safeToRemove));
     const timer = setTimeout(safeToRemove, FADE);
     return () => clearTimeout(timer);
   }, [isPresent, safeToRemove]);

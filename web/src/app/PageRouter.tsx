@@ -7,5 +7,6 @@ import { isVsCode } from '../host/hostFlags';
  * own. Nothing leads back out of the document there.
  */
 export function PageRouter({ children }: { children: ReactNode }) {
-  return isVsCode ? <MemoryRouter>{children}</MemoryRouter> : <BrowserRouter>{children}</BrowserRouter>;
+  const Router = isVsCode ? MemoryRouter : BrowserRouter;
+  return <Router useTransitions={false}>{children}</Router>;
 }

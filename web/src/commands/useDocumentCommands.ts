@@ -1,4 +1,5 @@
 import { useEffect, useMemo, useRef } from 'react';
+import { flushSync } from 'react-dom';
 import { useNavigate } from 'react-router';
 import { isVsCode } from '../host/hostFlags';
 import { runCommand } from './command';
@@ -16,8 +17,11 @@ export function useDocumentTarget(): DocumentTarget {
   const navigate = useRef(useNavigate());
   return useMemo(
     () => ({
-      navigate: (route) =>
-        location.pathname === route && !isVsCode ? undefined : navigate.current(route, { replace: isVsCode }),
+      navigate(route) {
+        if (location.pathname === route && !isVsCode) return;
+        // With the next frame: a document that is there waits for no other one.
+        flushSync(() => void navigate.current(route, { replace: isVsCode }));
+      },
     }),
     [],
   );

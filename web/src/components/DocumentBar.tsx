@@ -5,6 +5,7 @@ import { type Command, shortcutLabel } from '../commands/command';
 import { DOCUMENT_COMMANDS, type DocumentTarget } from '../commands/documentCommands';
 import { useDocumentTarget } from '../commands/useDocumentCommands';
 import { isVsCode } from '../host/hostFlags';
+import { labelText } from '../i18n';
 import { useSheetsStore } from '../stores/sheetsStore';
 import buttonStyles from '../ui/button.module.css';
 import textStyles from '../ui/text.module.css';
@@ -51,7 +52,7 @@ interface CommandButtonProps {
 
 function CommandButton({ command, disabled, onClick }: CommandButtonProps) {
   const { t } = useTranslation();
-  const label = t(command.label);
+  const label = labelText(command.label);
   const button = (
     <button type="button" className={buttonStyles.button} disabled={disabled} onClick={onClick}>
       {label}

@@ -7,6 +7,7 @@ import { DOCUMENT_COMMANDS } from '../commands/documentCommands';
 import { FRAME_COMMANDS } from '../commands/frameCommands';
 import { useDocumentTarget } from '../commands/useDocumentCommands';
 import { isVsCode } from '../host/hostFlags';
+import { labelText } from '../i18n';
 import { ActionLink } from '../ui/ActionLink';
 import textStyles from '../ui/text.module.css';
 import styles from './FirstSteps.module.css';
@@ -18,7 +19,7 @@ export function FirstSteps() {
   const commands = [...DOCUMENT_COMMANDS.slice(0, 2), ...FRAME_COMMANDS.filter(({ id }) => id === 'help.keys')];
   const keys = commands.flatMap((command) => {
     const shown = shortcutLabel(command);
-    return shown ? [{ shown, label: t(command.label) }] : [];
+    return shown ? [{ shown, label: labelText(command.label) }] : [];
   });
   if (isVsCode) return null;
   return (

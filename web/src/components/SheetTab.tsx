@@ -5,6 +5,7 @@ import { VscClose } from 'react-icons/vsc';
 import { askForComparison } from '../actions/sheetComparison';
 import { runCommand, shortcutLabel } from '../commands/command';
 import { TAB_COMMANDS, TAB_MENU, type TabTarget } from '../commands/tabCommands';
+import { labelText } from '../i18n';
 import { useSheetsStore } from '../stores/sheetsStore';
 import { hoverTitle } from '../ui/hoverTitle';
 import type { PopupPlace } from '../ui/Popup';
@@ -17,16 +18,22 @@ import styles from './SheetTab.module.css';
 const LONGEST_NAME = 200;
 const MIDDLE_BUTTON = 1;
 
+/** What tabs ask of their strip. */
+export interface TabActions {
+  readonly close: (sheetId: string) => void;
+  readonly show: TabTarget['show'];
+  /** Puts the sheet so many places further on. */
+  readonly move: (sheetId: string, by: -1 | 1) => void;
+  readonly beginDrag: (sheetId: string, event: PointerEvent) => void;
+}
+
 interface SheetTabProps {
   tabId: string;
   sheetId: string;
   name: string;
   isActive: boolean;
   isClosable: boolean;
-  onClose: (sheetId: string) => void;
-  onShow: TabTarget['show'];
-  onMove: TabTarget['move'];
-  onDragStart: (event: PointerEvent) => void;
+  actions: TabActions;
   isDragged: boolean;
   /** The edge at which a dragged tab would be put. */
   dropEdge: 'start' | 'end' | undefined;
@@ -39,8 +46,8 @@ interface SheetTabProps {
 
 /** One sheet's tab with its close button. A double click or F2 renames the sheet, Delete closes it. */
 export const SheetTab = memo(function SheetTab(props: SheetTabProps) {
-  const { tabId, sheetId, name, isActive, isClosable, onClose, onShow, onMove, position, count } = props;
-  const { onDragStart, isDragged, dropEdge, width } = props;
+  const { tabId, sheetId, name, isActive, isClosable, actions, position, count } = props;
+  const { isDragged, dropEdge, width } = props;
   const { t } = useTranslation();
   const [isEditing, setEditing] = useState(false);
   const [menuPlace, setMenuPlace] = useState<PopupPlace>();
@@ -51,9 +58,9 @@ export const SheetTab = memo(function SheetTab(props: SheetTabProps) {
   const target: TabTarget = {
     isClosable,
     rename: () => setEditing(true),
-    close: () => onClose(sheetId),
-    show: onShow,
-    move: onMove,
+    close: () => actions.close(sheetId),
+    show: actions.show,
+    move: (by) => actions.move(sheetId, by),
     compare: () => askForComparison(sheetId),
     openMenu: () => setMenuPlace(tab.current!.getBoundingClientRect()),
   };
@@ -70,7 +77,7 @@ export const SheetTab = memo(function SheetTab(props: SheetTabProps) {
   };
 
   const onAuxClick = ({ button }: MouseEvent) => {
-    if (button === MIDDLE_BUTTON && isClosable) onClose(sheetId);
+    if (button === MIDDLE_BUTTON && isClosable) actions.close(sheetId);
   };
 
   return (
@@ -101,7 +108,7 @@ export const SheetTab = memo(function SheetTab(props: SheetTabProps) {
           aria-keyshortcuts={isClosable ? 'Delete F2' : 'F2'}
           tabIndex={isActive && !isEditing ? 0 : -1}
           {...hoverTitle(shownName)}
-          onPointerDown={onDragStart}
+          onPointerDown={(event) => actions.beginDrag(sheetId, event)}
           onClick={() => setActiveSheet(sheetId)}
           onDoubleClick={() => setEditing(true)}
           onKeyDown={onKeyDown}
@@ -115,7 +122,7 @@ export const SheetTab = memo(function SheetTab(props: SheetTabProps) {
             aria-label={t('sheets.close', { name: shownName })}
             tabIndex={-1}
             // The second click of a double click finds the next sheet's button in the same place.
-            onClick={({ detail }) => detail < 2 && onClose(sheetId)}
+            onClick={({ detail }) => detail < 2 && actions.close(sheetId)}
             className={styles.close}
           >
             <VscClose aria-hidden />
@@ -130,7 +137,7 @@ export const SheetTab = memo(function SheetTab(props: SheetTabProps) {
           name={t('commands.tab.menu')}
           items={TAB_MENU.filter(({ when }) => when?.(target) ?? true).map((command) => ({
             id: command.id,
-            label: t(command.label),
+            label: labelText(command.label),
             hint: shortcutLabel(command),
           }))}
           onClose={() => setMenuPlace(undefined)}

@@ -1,6 +1,5 @@
 import {
   type KeyboardEvent,
-  useCallback,
   useEffect,
   useId,
   useLayoutEffect,
@@ -17,7 +16,7 @@ import { TOOLBAR_COMMANDS } from '../commands/toolbarCommands';
 import { isVsCode } from '../host/hostFlags';
 import { useSheetsStore } from '../stores/sheetsStore';
 import { hoverTitle } from '../ui/hoverTitle';
-import { SheetTab } from './SheetTab';
+import { SheetTab, type TabActions } from './SheetTab';
 import styles from './SheetTabs.module.css';
 import { createTitleSelector } from './sheetTitles';
 import { scrollToTab, tabWidthFor, visibleTabs } from './tabVirtualizer';
@@ -33,6 +32,8 @@ interface StripView {
   room: number;
 }
 
+const NO_TABS = { first: 0, end: 0, left: 0, width: 0 };
+
 /** The strip with a tab for every sheet and a button that adds one. */
 export function SheetTabs() {
   const { t } = useTranslation();
@@ -42,18 +43,20 @@ export function SheetTabs() {
   const strip = useRef<HTMLDivElement>(null);
   const tabs = useRef<HTMLDivElement>(null);
   const addButton = useRef<HTMLButtonElement>(null);
-  const [view, setView] = useState<StripView>({ scrollLeft: 0, width: 0, room: 0 });
+  const [view, setView] = useState<StripView>();
   const idBase = useId();
   const activeIndex = titles.findIndex(({ id }) => id === activeKey);
-  const tabWidth = tabWidthFor(titles.length, view.room);
-  const { first, end, left, width } = visibleTabs(titles.length, tabWidth, view.scrollLeft, view.width);
+  const tabWidth = tabWidthFor(titles.length, view?.room ?? 0);
+  // None before their width is known: each would be rendered twice.
+  const shown = view ? visibleTabs(titles.length, tabWidth, view.scrollLeft, view.width) : NO_TABS;
+  const { first, end, left, width } = shown;
   const tabId = (index: number) => `${idBase}-${index}`;
   const isClosable = titles.length > 1 || !isVsCode;
 
   const measure = () => {
     const { scrollLeft, clientWidth } = strip.current!;
     const now = { scrollLeft, width: clientWidth, room: bar.current!.clientWidth - ADD_WIDTH };
-    setView((before) => (isSameView(before, now) ? before : now));
+    setView((before) => (before && isSameView(before, now) ? before : now));
   };
   // A passive effect ends late enough for the observer to measure a strip that has left the page already.
   useLayoutEffect(() => {
@@ -67,14 +70,10 @@ export function SheetTabs() {
     const element = strip.current!;
     const target = scrollToTab(activeIndex, titles.length, tabWidth, element.scrollLeft, element.clientWidth);
     if (activeIndex >= 0 && target !== undefined) element.scrollLeft = target;
-  }, [activeIndex, titles.length, tabWidth]);
+  }, [activeIndex, titles.length, tabWidth, width]);
 
   // A tab that is closed or scrolled out of the page takes the focus with it; the tab that is shown next gets it.
   const takesFocus = useRef(false);
-  const close = useCallback((id: string) => {
-    takesFocus.current = true;
-    useSheetsStore.getState().removeSheet(id);
-  }, []);
   // A passive effect of an earlier render may still be to come when a key sets the mark, and would focus the old tab.
   useLayoutEffect(() => {
     const tab = takesFocus.current ? document.getElementById(tabId(activeIndex)) : null;
@@ -98,6 +97,26 @@ export function SheetTabs() {
     moveSheet(sheetId, place);
   };
   const { drag, start } = useTabDrag({ tabs, first, count: titles.length, tabWidth }, move);
+  const latest = useRef({ titles, show, move, start });
+  useLayoutEffect(() => {
+    latest.current = { titles, show, move, start };
+  });
+  // Another active sheet renders two tabs, not all of them.
+  const actions = useMemo<TabActions>(
+    () => ({
+      close(id) {
+        takesFocus.current = true;
+        useSheetsStore.getState().removeSheet(id);
+      },
+      show: (place) => latest.current.show(place),
+      move(sheetId, by) {
+        const { titles, move } = latest.current;
+        move({ sheetId, place: titles.findIndex(({ id }) => id === sheetId) + by });
+      },
+      beginDrag: (sheetId, event) => latest.current.start(sheetId, event),
+    }),
+    [],
+  );
   const draggedFrom = titles.findIndex(({ id }) => id === drag?.sheetId);
   const dropEdge = (index: number) => {
     if (!drag || drag.place !== index || draggedFrom === index) return undefined;
@@ -136,10 +155,7 @@ export function SheetTabs() {
                 name={name}
                 isActive={id === activeKey}
                 isClosable={isClosable}
-                onClose={close}
-                onShow={show}
-                onMove={(by) => move({ sheetId: id, place: first + offset + by })}
-                onDragStart={(event) => start(id, event)}
+                actions={actions}
                 isDragged={id === drag?.sheetId}
                 dropEdge={dropEdge(first + offset)}
                 width={tabWidth}

@@ -1,9 +1,10 @@
 // @vitest-environment jsdom
 import { cleanup, screen, within } from '@testing-library/react';
 import { afterEach, beforeEach, describe, expect, test, vi } from 'vitest';
+import { PageRouter } from '../app/PageRouter';
 import { useSheetsStore } from '../stores/sheetsStore';
 import { documentText, sheetData } from '../testing/documents';
-import { renderPage } from '../testing/renderPage';
+import { renderPage, renderPageWith } from '../testing/renderPage';
 
 const PATH = 'C:\\dir\\a.words.tessary';
 
@@ -20,6 +21,7 @@ afterEach(() => {
   cleanup();
   delete window.tessary;
   delete window.readFile;
+  history.replaceState(null, '', '/');
 });
 
 describe('the start page', () => {
@@ -95,6 +97,18 @@ describe('the start page', () => {
     start({ error: null, filePath: PATH }, async () => answer);
     expect(await screen.findByRole('tabpanel', { name: 'Mine' })).toBeDefined();
     timers.mockRestore();
+  });
+
+  test('makes way for the document before the next frame', async () => {
+    const data = documentText({ sheets: [sheetData({ displayName: 'Mine' })] });
+    const answer = Promise.withResolvers<{ success: true; data: string }>();
+    window.tessary = { args: { error: null, filePath: PATH } };
+    window.readFile = () => answer.promise;
+    renderPageWith(PageRouter);
+    answer.resolve({ success: true, data });
+    // Frames come between tasks, and nothing here ends the one that this began in.
+    for (let step = 0; step < 100 && !screen.queryByRole('tabpanel'); step++) await Promise.resolve();
+    expect(screen.getByRole('tabpanel', { name: 'Mine' })).toBeDefined();
   });
 
   test('opens the file of the command line as saved and leads to the Words tool', async () => {

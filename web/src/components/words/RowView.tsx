@@ -33,10 +33,15 @@ const MARGIN = 320;
 
 /** All words of one width, the most significant at the left. */
 export const RowView = memo(function RowView(props: RowViewProps) {
-  const { row, isNear } = props;
+  const { row, isNear, isInView } = props;
   const [notation, setNotation] = useState<ColorNotation>('HEX');
   return (
-    <div role="group" aria-label={row.label} className={styles.row} style={{ height: row.height }}>
+    <div
+      role="group"
+      aria-label={row.label}
+      className={cc([styles.row, !isInView && styles.unseen])}
+      style={{ height: row.height }}
+    >
       <span className={styles.label} aria-hidden="true">
         {row.shortLabel}
       </span>

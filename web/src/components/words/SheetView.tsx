@@ -1,4 +1,4 @@
-import { type PointerEvent, useCallback, useLayoutEffect, useMemo, useRef, useState } from 'react';
+import { memo, type PointerEvent, useCallback, useLayoutEffect, useMemo, useRef, useState } from 'react';
 import { subscribe, useSnapshot } from 'valtio';
 import { firstWordFocus } from '../../actions/firstWordFocus';
 import { shownChange } from '../../actions/shownChange';
@@ -33,7 +33,7 @@ interface SheetViewProps {
 }
 
 /** All rows of the sheet that is shown. */
-export function SheetView({ onOverflow }: SheetViewProps) {
+export const SheetView = memo(function SheetView({ onOverflow }: SheetViewProps) {
   const view = useRef<HTMLDivElement>(null);
   const size = useViewSize(view);
   const pixelRatio = usePixelRatio();
@@ -126,7 +126,7 @@ export function SheetView({ onOverflow }: SheetViewProps) {
       <Minimap geometry={geometry} view={view} viewHeight={viewHeight} />
     </div>
   );
-}
+});
 
 /** A sheet begins with the least significant bits of its widest word, whose lines of bits may need more than the view has. */
 function verticalStart({ rows: [widest] }: SheetGeometry, viewHeight: number): number {

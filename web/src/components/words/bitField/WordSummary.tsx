@@ -2,7 +2,7 @@ import type { MouseEvent } from 'react';
 import { openPanel } from '../../../actions/wordPanel';
 import { shortcutLabel } from '../../../commands/command';
 import { INSPECT_WORD } from '../../../commands/wordActions';
-import { i18next } from '../../../i18n';
+import { i18next, labelText } from '../../../i18n';
 import { wordSummary } from '../../../model/inspect/wordSummary';
 import { wordCount } from '../../../model/integer/wordLayout';
 import { definitionLabel } from '../../../model/sheet/numberDefinitions';
@@ -33,7 +33,7 @@ export function WordSummary() {
     openPanel({ type, bits, index }, { kind: 'inspect' }, { left, top, bottom: innerHeight });
   };
   const keys = shortcutLabel(INSPECT_WORD);
-  const action = i18next.t(INSPECT_WORD.label);
+  const action = labelText(INSPECT_WORD.label);
   return (
     <button
       type="button"

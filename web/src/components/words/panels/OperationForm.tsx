@@ -5,7 +5,7 @@ import { appliedOperations, operate, previewOperation } from '../../../actions/w
 import { closePanel } from '../../../actions/wordPanel';
 import { WORD_MENU } from '../../../commands/wordActions';
 import { WORD_OPERATIONS } from '../../../commands/wordCommands';
-import { i18next } from '../../../i18n';
+import { i18next, labelText } from '../../../i18n';
 import { useSheetsStore } from '../../../stores/sheetsStore';
 import { useSheetStore } from '../../../stores/sheetStore';
 import type { FormProps } from './formProps';
@@ -131,7 +131,7 @@ function offered(word: BitsTarget) {
   return {
     history: appliedOperations,
     sheets: [...sheets.values()].filter(({ id }) => id !== activeSheetKey).map(({ displayName }) => displayName),
-    commands: commands.map(({ id, label }) => ({ id, label: i18next.t(label) })),
+    commands: commands.map(({ id, label }) => ({ id, label: labelText(label) })),
     help: (name: string) => i18next.t(`panels.operations.${name}` as 'panels.operations.swap'),
   };
 }

@@ -5,7 +5,7 @@ import { closePanel, openPanel, originElement, useWordPanel, type WordPanel } fr
 import { runCommand, shortcutLabel } from '../../../commands/command';
 import { SHEET_COMMANDS } from '../../../commands/rangeCommands';
 import { isAtWords, WORD_ACTIONS, WORD_MENU, wordActionTarget } from '../../../commands/wordActions';
-import { i18next } from '../../../i18n';
+import { i18next, labelText } from '../../../i18n';
 import { codeFormsFor } from '../../../model/code/codeForms';
 import { type BitRange, holds } from '../../../model/range/bitRange';
 import { currentRange } from '../../../stores/bitRange';
@@ -136,7 +136,7 @@ function Panel({ panel }: { panel: WordPanel }) {
 function menuItem(command: (typeof WORD_MENU)[number]): MenuItem {
   const { id, label } = command;
   const beginsGroup = ['word.copy', 'word.swap', 'range.goTo'].includes(id);
-  return { id, label: i18next.t(label), hint: shortcutLabel(command), leadsOn: id === 'word.copyAs', beginsGroup };
+  return { id, label: labelText(label), hint: shortcutLabel(command), leadsOn: id === 'word.copyAs', beginsGroup };
 }
 
 const LONGEST_PREVIEW = 80;

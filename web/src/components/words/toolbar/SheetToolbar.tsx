@@ -9,6 +9,16 @@ import { KeysHelp } from './KeysHelp';
 import { ResolutionPicker } from './ResolutionPicker';
 import styles from './SheetToolbar.module.css';
 
+/** The same elements each time: they do not render again when another one comes or goes. */
+const RESOLUTION = <ResolutionPicker />;
+const OTHERS = (
+  <>
+    <ConvertersPicker />
+    <FormatsPicker />
+    <KeysHelp />
+  </>
+);
+
 /** What can be chosen for the whole sheet. */
 export function SheetToolbar({ hasOverflow }: { hasOverflow: boolean }) {
   const { t } = useTranslation();
@@ -23,11 +33,9 @@ export function SheetToolbar({ hasOverflow }: { hasOverflow: boolean }) {
       {...toolbarHandlers}
       className={styles.toolbar}
     >
-      <ResolutionPicker />
+      {RESOLUTION}
       {hasOverflow && <ScrollLock />}
-      <ConvertersPicker />
-      <FormatsPicker />
-      <KeysHelp />
+      {OTHERS}
     </div>
   );
 }

@@ -1,7 +1,7 @@
 import { memo, useRef, useState } from 'react';
 import { directOperations } from '../../../commands/operationIcons';
 import { WORD_OPERATIONS, type WordOperation } from '../../../commands/wordCommands';
-import { i18next } from '../../../i18n';
+import { labelText } from '../../../i18n';
 import { hoverTitle } from '../../../ui/hoverTitle';
 import { PopupMenu } from '../../../ui/PopupMenu';
 import styles from './OperationsBar.module.css';
@@ -16,7 +16,7 @@ export const OperationsBar = memo(function OperationsBar({ width, index }: Opera
   const direct = directOperations(width);
   return (
     <>
-      <div className={styles.operations} role="group" aria-label={i18next.t('words.operations.group')}>
+      <div className={styles.operations} role="group" aria-label={labelText('words.operations.group')}>
         {WORD_OPERATIONS.slice(0, direct).map((operation) => (
           <button
             key={operation.id}
@@ -52,8 +52,8 @@ function MoreOperations({ width, index, operations }: OperationsBarProps & { ope
         data-focus-key="more"
         aria-haspopup="menu"
         aria-expanded={isOpen}
-        aria-label={i18next.t('words.operations.more')}
-        {...hoverTitle(i18next.t('words.operations.more'))}
+        aria-label={labelText('words.operations.more')}
+        {...hoverTitle(labelText('words.operations.more'))}
         onClick={() => setOpen(!isOpen)}
       >
         ⋯
@@ -61,7 +61,7 @@ function MoreOperations({ width, index, operations }: OperationsBarProps & { ope
       {isOpen && (
         <PopupMenu
           anchor={button}
-          name={i18next.t('words.operations.more')}
+          name={labelText('words.operations.more')}
           items={operations.map((operation) => ({
             id: operation.id,
             icon: operation.icon,
@@ -76,5 +76,5 @@ function MoreOperations({ width, index, operations }: OperationsBarProps & { ope
 }
 
 function operationName({ label }: WordOperation): string {
-  return i18next.t(label);
+  return labelText(label);
 }
