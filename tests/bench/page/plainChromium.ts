@@ -3,6 +3,8 @@ import { once } from 'node:events';
 import { mkdtempSync, rmSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
+import { setTimeout as pause } from 'node:timers/promises';
+import { processorTime, treeOf } from '../processTree.ts';
 
 const OPTIONS = [
   '--headless',
@@ -16,6 +18,8 @@ const OPTIONS = [
 
 /** For a page until it is shown, in milliseconds. */
 const LONGEST = 60_000;
+/** A browser that uses no processor for as long, in milliseconds, has nothing left to do. */
+const REST = 200;
 
 interface Message {
   id?: number;
@@ -55,17 +59,24 @@ export class PlainChromium {
     return browser;
   }
 
-  /** Opens a page of 800 by 600 pixels in a new profile, and closes it with what it leaves for: "about:blank#WHAT". */
+  /**
+   * Opens a page of 800 by 600 pixels in a new profile, and closes it with what it leaves for: "about:blank#WHAT".
+   * Bars and lists of the new window are pages, too, and made at the same time: the page is to begin when it gets its
+   * first cookie, once the browser rests.
+   */
   async lastWords(url: string): Promise<string> {
     const { browserContextId } = await this.#call('Target.createBrowserContext');
     const { targetId } = await this.#call('Target.createTarget', { url, browserContextId, width: 800, height: 600 });
-    const left = await new Promise<string>((resolve, reject) => {
+    const left = new Promise<string>((resolve, reject) => {
       this.#addresses.set(targetId, resolve);
       setTimeout(() => reject(new Error(`Chromium never showed ${url}`)), LONGEST).unref();
     });
+    await this.#rest();
+    await this.#call('Storage.setCookies', { browserContextId, cookies: [{ name: 'begin', value: 'now', url }] });
+    const words = decodeURIComponent(await left);
     this.#addresses.delete(targetId);
     await this.#call('Target.disposeBrowserContext', { browserContextId });
-    return decodeURIComponent(left);
+    return words;
   }
 
   async stop(): Promise<void> {
@@ -73,6 +84,26 @@ export class PlainChromium {
     this.#process.kill();
     await ended;
     rmSync(this.#profile, { recursive: true, force: true, maxRetries: 5 });
+  }
+
+  async #rest(): Promise<void> {
+    const begin = performance.now();
+    for (let before = NaN, used = this.#processorTime(); used !== before; used = this.#processorTime()) {
+      if (performance.now() - begin > LONGEST) throw new Error('Chromium never comes to rest');
+      before = used;
+      await pause(REST);
+    }
+  }
+
+  #processorTime(): number {
+    const used = treeOf(this.#process.pid!).map((pid) => {
+      try {
+        return processorTime(pid);
+      } catch {
+        return 0; // it has ended
+      }
+    });
+    return used.reduce((sum, each) => sum + each);
   }
 
   async #call(method: string, params: object = {}): Promise<NonNullable<Message['result']>> {

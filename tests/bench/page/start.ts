@@ -78,7 +78,7 @@ function leave(shown: number): void {
 }
 
 /** Shown before the page, so that the start of a process for it does not count. */
-const BEFORE = '<script>onload = () => requestIdleCallback(() => location.replace("/"))</script>';
+const BEFORE = '<script>cookieStore.onchange = () => location.replace("/")</script>';
 
 /** Copies of a built page, each with a script of its own before the page's. */
 function copiesWith(built: string, scripts: readonly string[]): string[] {

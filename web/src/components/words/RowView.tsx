@@ -1,5 +1,5 @@
 import cc from 'classcat';
-import { memo, useLayoutEffect, useMemo, useRef, useState } from 'react';
+import { memo, startTransition, useEffect, useLayoutEffect, useMemo, useRef, useState } from 'react';
 import { i18next } from '../../i18n';
 import type { ColorNotation } from '../../model/color/formatColor';
 import { useSheetStore } from '../../stores/sheetStore';
@@ -80,8 +80,11 @@ function RowBlocks(props: RowBlocksProps) {
   );
   useLayoutEffect(() => scrollSync.attachRow(key, scroller.current!, farthest), [scrollSync, key, farthest, viewWidth]);
 
+  // Words beside the view come after those in it, so that no frame has to bring both.
+  const [margin, setMargin] = useState(0);
+  useEffect(() => startTransition(() => setMargin(MARGIN)), []);
   const placesAt = (position = farthest) =>
-    partsInView(count, blockWidth, Math.min(position, farthest), viewWidth, MARGIN);
+    partsInView(count, blockWidth, Math.min(position, farthest), viewWidth, margin);
   const onScroll = () => {
     const position = scroller.current!.scrollLeft;
     scrollSync.rowScrolled(key, position);
