@@ -28,25 +28,21 @@ export async function openLaunchDocument(navigate: Navigate): Promise<Result<boo
   }
   if (!args.filePath || !window.readFile) return success(false);
   try {
-    const { filePath } = args;
-    const { readFile } = window;
-    return await withLoading((loading) => openFile(filePath, readFile, navigate, loading));
+    const { filePath: path } = args;
+    const answer = await readLaunchFile(pathForHost(path), window.readFile);
+    if (!answer.success || !answer.data) {
+      return unreadable(answer.error || i18next.t('messages.startup.unknownError'));
+    }
+    const { data } = answer;
+    // What the host took to read is no time in which the page could not paint.
+    return await withLoading((loading) => openText(data, path, navigate, loading));
   } catch (error) {
     return unreadable(error instanceof Error ? error.message : String(error));
   }
 }
 
-async function openFile(
-  path: string,
-  readFile: NonNullable<Window['readFile']>,
-  navigate: Navigate,
-  loading: Loading,
-): Promise<Result<boolean>> {
-  const answer = await readLaunchFile(pathForHost(path), readFile);
-  if (!answer.success || !answer.data) {
-    return unreadable(answer.error || i18next.t('messages.startup.unknownError'));
-  }
-  const parsed = await parseToolDocumentInSteps(answer.data, loading, false);
+async function openText(text: string, path: string, navigate: Navigate, loading: Loading): Promise<Result<boolean>> {
+  const parsed = await parseToolDocumentInSteps(text, loading, false);
   if (!parsed.success) return failure(parsed.error);
   await useSheetsStore.getState().loadWordsDocument(parsed.data, { path, name: getFileNameFromPath(path) }, loading);
   requestFirstWordFocus();
