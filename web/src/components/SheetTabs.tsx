@@ -97,9 +97,9 @@ export function SheetTabs() {
     moveSheet(sheetId, place);
   };
   const { drag, start } = useTabDrag({ tabs, first, count: titles.length, tabWidth }, move);
-  const latest = useRef({ titles, show, move, start });
+  const latest = useRef({ titles, show, move });
   useLayoutEffect(() => {
-    latest.current = { titles, show, move, start };
+    latest.current = { titles, show, move };
   });
   // Another active sheet renders two tabs, not all of them.
   const actions = useMemo<TabActions>(
@@ -113,9 +113,9 @@ export function SheetTabs() {
         const { titles, move } = latest.current;
         move({ sheetId, place: titles.findIndex(({ id }) => id === sheetId) + by });
       },
-      beginDrag: (sheetId, event) => latest.current.start(sheetId, event),
+      beginDrag: start,
     }),
-    [],
+    [start],
   );
   const draggedFrom = titles.findIndex(({ id }) => id === drag?.sheetId);
   const dropEdge = (index: number) => {

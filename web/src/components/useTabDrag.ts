@@ -1,4 +1,4 @@
-import { type PointerEvent, type RefObject, useLayoutEffect, useRef, useState } from 'react';
+import { type PointerEvent, type RefObject, useCallback, useLayoutEffect, useRef, useState } from 'react';
 
 /** Farther than this, in CSS pixels, a press is a drag. */
 const THRESHOLD = 6;
@@ -28,7 +28,7 @@ export function useTabDrag(strip: Strip, move: (drag: TabDrag) => void) {
     latest.current = { strip, move };
   });
 
-  const start = (sheetId: string, { button, clientX: from }: PointerEvent) => {
+  const start = useCallback((sheetId: string, { button, clientX: from }: PointerEvent) => {
     if (button !== 0) return;
     let current: TabDrag | undefined;
     const placeAt = (x: number) => {
@@ -59,6 +59,6 @@ export function useTabDrag(strip: Strip, move: (drag: TabDrag) => void) {
       event.stopPropagation();
       end();
     });
-  };
+  }, []);
   return { drag, start };
 }
