@@ -28,6 +28,16 @@ const keepReports = (page: Page) =>
     Object.assign(window, { setTimeout: withoutLifetime });
   });
 
+/** Compares the narrower sheet with the wider one; the report stays. */
+async function reportFromNarrow(page: Page, enter: () => Promise<void>): Promise<WordsTool> {
+  await keepReports(page);
+  const tool = new WordsTool(page);
+  await tool.open(enter, NARROW, SECOND);
+  await compare(page, 'Second');
+  await expect(tool.status).toHaveText(/beyond the 64 bits of this sheet$/);
+  return tool;
+}
+
 const DIFFERENCE = 0xff9e64;
 const RANGE = 0xff8ad8;
 
@@ -118,11 +128,7 @@ test.describe('comparing two sheets', () => {
   });
 
   test('reports at once what an edit or another sheet makes of it', async ({ page, enter }) => {
-    await keepReports(page);
-    const tool = new WordsTool(page);
-    await tool.open(enter, NARROW, SECOND);
-    await compare(page, 'Second');
-    await expect(tool.status).toHaveText(/beyond the 64 bits of this sheet$/);
+    const tool = await reportFromNarrow(page, enter);
     await page.getByRole('tab', { name: 'Second' }).click();
     await expect(differences(page, '3 bits differ, first at 3, last at 190')).toBeVisible();
     await tool.word(256, 1).value.fill('255');
@@ -131,11 +137,7 @@ test.describe('comparing two sheets', () => {
   });
 
   test('reports at once how many differ beyond another resolution', async ({ page, enter }) => {
-    await keepReports(page);
-    const tool = new WordsTool(page);
-    await tool.open(enter, NARROW, SECOND);
-    await compare(page, 'Second');
-    await expect(tool.status).toHaveText(/beyond the 64 bits of this sheet$/);
+    const tool = await reportFromNarrow(page, enter);
     await tool.resolution.click();
     await page.getByRole('option', { name: '128', exact: true }).click();
     await expect(page.getByText(/1 of them beyond the 128 bits of this sheet$/)).toBeVisible();
