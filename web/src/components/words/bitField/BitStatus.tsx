@@ -1,12 +1,12 @@
 import cc from 'classcat';
-import { useTranslation } from 'react-i18next';
-import { useSnapshot } from 'valtio';
 import { rangeReading } from '../../../actions/rangeReading';
+import { i18next } from '../../../i18n';
 import type { BitRange } from '../../../model/range/bitRange';
 import { currentRange, useBitRange } from '../../../stores/bitRange';
 import { useSheetStore } from '../../../stores/sheetStore';
 import { typing } from '../../../ui/alteredText';
 import { statusMessage } from '../../../ui/statusMessage';
+import { useLaterSnapshot } from '../../../ui/useLaterSnapshot';
 import { ComparisonStatus } from '../compare/ComparisonStatus';
 import { activeBitState, bitWeight } from './activeBit';
 import { READOUT_ID } from './BitField';
@@ -19,23 +19,24 @@ import { WordSummary } from './WordSummary';
  * its field.
  */
 export function BitStatus() {
-  const { t } = useTranslation();
-  const { bit } = useSnapshot(activeBitState);
-  const { isPending } = useSnapshot(typing);
-  const { text } = useSnapshot(statusMessage);
+  const { bit } = useLaterSnapshot(activeBitState);
+  const { isPending } = useLaterSnapshot(typing);
+  const { text } = useLaterSnapshot(statusMessage);
   const range = useCurrentRange();
   const isFree = !text && !isPending;
   return (
     <div className={cc([styles.line, range && styles.tall])}>
       <div id={READOUT_ID} className={styles.status} role="status" aria-atomic={!range}>
-        {text ? <Report key={text} text={text} /> : isPending && t('words.altered')}
+        {text ? <Report key={text} text={text} /> : isPending && i18next.t('words.altered')}
         {isFree && range && <RangeReading range={range} />}
         {isFree && bit && (
           <>
-            <span>{t('words.bit', { bit: bit.bit, number: bit.index + 1, value: bit.isSet ? '1' : '0' })}</span>{' '}
-            <span className={styles.weight}>{t('words.weight', { weight: bitWeight(bit) })}</span>
+            <span>{i18next.t('words.bit', { bit: bit.bit, number: bit.index + 1, value: bit.isSet ? '1' : '0' })}</span>{' '}
+            <span className={styles.weight}>{i18next.t('words.weight', { weight: bitWeight(bit) })}</span>
             {bit.index > 0 && (
-              <span className={styles.weight}>{t('ranges.sheetBit', { bit: bit.width * bit.index + bit.bit })}</span>
+              <span className={styles.weight}>
+                {i18next.t('ranges.sheetBit', { bit: bit.width * bit.index + bit.bit })}
+              </span>
             )}
           </>
         )}

@@ -14,6 +14,7 @@ function canvasOf() {
     setTransform() {},
     clearRect() {},
     fillRect() {},
+    strokeRect() {},
     fillText: (text: string) => written.push(text),
   };
   const canvas = { width: 0, height: 0, getContext: () => context } as unknown as HTMLCanvasElement;
@@ -32,6 +33,18 @@ test('bits are drawn once after all that changes now, as they are at last', asyn
   painter.show(canvas, content(`11${ZEROS.slice(2)}`), true);
   painter.show(canvas, content(`1${ZEROS.slice(1)}`), true);
   expect(written).toEqual([]);
+  await Promise.resolve();
+  expect(written).toEqual(['1']);
+});
+
+test('a bit that is flipped and marked is drawn once', async () => {
+  const painter = new BitFieldPainter();
+  const { canvas, written } = canvasOf();
+  painter.show(canvas, content(ZEROS), true);
+  await Promise.resolve();
+  written.length = 0;
+  painter.mark({ cursor: 31, hovered: 31 });
+  painter.show(canvas, content(`1${ZEROS.slice(1)}`), true);
   await Promise.resolve();
   expect(written).toEqual(['1']);
 });

@@ -35,14 +35,15 @@ export class BitFieldPainter {
     const draw = () => this.showNow(canvas, content);
     if (!isInView) return drawUnseenLater(this, draw);
     unseen.delete(this);
-    if (waiting.size === 0) queueMicrotask(() => drawAll(waiting));
-    waiting.set(this, draw);
+    drawSoon(this, draw);
   }
 
-  /** Marks bits, or none where a mark is given as undefined. A mark that is not given stays. */
+  /** Marks bits with what is drawn next, or none where a mark is given as undefined. A mark that is not given stays. */
   mark(marks: Partial<Marks>): void {
     this.marks = { ...this.marks, ...marks };
-    if (this.drawn) this.draw(this.drawn);
+    const { drawn } = this;
+    if (!drawn || unseen.has(this) || waiting.has(this)) return;
+    drawSoon(this, () => this.draw(drawn));
   }
 
   private showNow(canvas: HTMLCanvasElement, content: Content): void {
@@ -65,6 +66,11 @@ export class BitFieldPainter {
     drawBitField(this.context, picture, this.drawn);
     this.drawn = picture;
   }
+}
+
+function drawSoon(painter: BitFieldPainter, draw: () => void): void {
+  if (waiting.size === 0) queueMicrotask(() => drawAll(waiting));
+  waiting.set(painter, draw);
 }
 
 function drawUnseenLater(painter: BitFieldPainter, draw: () => void): void {

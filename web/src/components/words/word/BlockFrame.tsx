@@ -1,5 +1,5 @@
 import cc from 'classcat';
-import { type FocusEvent, type KeyboardEvent, type ReactNode } from 'react';
+import { type FocusEvent, type KeyboardEvent, type ReactNode, useMemo } from 'react';
 import { runCommand } from '../../../commands/command';
 import { type Direction, WORD_COMMANDS } from '../../../commands/wordCommands';
 import { isFocused, useSheetStore } from '../../../stores/sheetStore';
@@ -27,6 +27,7 @@ interface BlockFrameProps {
 export function BlockFrame({ row, index, onMove, stickyContent, children }: BlockFrameProps) {
   const { type, bits, count, blockWidth, boxWidth } = row;
   const focused = useSheetStore((sheet) => isFocused(sheet, type, bits, index));
+  const name = useMemo(() => blockName(row.label, index), [row.label, index]);
   const focus = () => useSheetStore.getState().focus(type, bits, index);
 
   const onKeyDown = (event: KeyboardEvent) => {
@@ -46,7 +47,7 @@ export function BlockFrame({ row, index, onMove, stickyContent, children }: Bloc
     <div
       id={blockId(row.key, index)}
       role="group"
-      aria-label={blockName(row.label, index)}
+      aria-label={name}
       data-word={index}
       className={cc([styles.block, index % 2 === 1 && styles.high, focused && styles.focused])}
       style={{ left: (count - 1 - index) * blockWidth, width: blockWidth }}
