@@ -86,6 +86,14 @@ export const ACTIONS: Action[] = [
       return () => give(program, ...pointTo(program, at), ...wheel(round % 2 ? UP : DOWN));
     },
   },
+  {
+    ...RESIZE,
+    name: `${RESIZE.name}, at the bytes`,
+    async ready(program, round) {
+      await scrollTo(program, 1e6);
+      return RESIZE.ready(program, round);
+    },
+  },
 ];
 
 /** For comparison, in the same window with a page of some lines. */

@@ -95,6 +95,32 @@ test.describe('the least significant end', () => {
     await expect.poll(record).toContain('"int":"7"');
     expect(await record()).toContain('"rows":[]');
   });
+
+  test('a row that was scrolled to stays in its place at each width, though those above it get higher', async ({
+    page,
+    enter,
+  }) => {
+    await newDocument(page, enter);
+    const tool = new WordsTool(page);
+    await tool.choose(tool.resolution, '1024');
+    const map = page.getByRole('group', { name: 'Rows', exact: true });
+    await map.getByRole('button', { name: /go to Int 32/ }).press('Enter');
+    const sheet = page.locator('[data-scroller="sheet"]');
+    const heightOfAll = () => sheet.evaluate(({ scrollHeight }) => scrollHeight);
+    const top = async () => Math.round((await tool.row('Int 32').boundingBox())!.y);
+    const before = await top();
+    let height = await heightOfAll();
+    for (const width of [1280, 500, 800]) {
+      await page.setViewportSize({ width, height: 600 });
+      await expect.poll(heightOfAll).not.toBe(height);
+      height = await heightOfAll();
+      expect(await top(), `${width} pixels`).toBe(before);
+    }
+    await page.setViewportSize({ width: 500, height: 600 });
+    await page.getByRole('button', { name: 'Add sheet' }).click();
+    await page.getByRole('tab', { name: 'Number A' }).click();
+    await expect.poll(top).toBe(before);
+  });
 });
 
 test.describe('the keyboard at once', () => {

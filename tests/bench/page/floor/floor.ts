@@ -72,8 +72,8 @@ function show(next: Sheet): void {
     charWidth: digitWidth(),
   });
   const view = element('div', sheetView.view);
-  for (const row of geometry.rows)
-    if (row.top < viewHeight && row.type === 'integer') view.append(rowOf(row, viewWidth));
+  for (const [at, row] of geometry.rows.entries())
+    if (geometry.tops[at]! < viewHeight && row.type === 'integer') view.append(rowOf(row, viewWidth));
   root.replaceChildren(view);
   for (const each of updates) each(-1n);
 }

@@ -27,7 +27,7 @@ export function Minimap({ geometry, view, viewHeight }: MinimapProps) {
   const frame = useRef<HTMLDivElement>(null);
   const isDragging = useRef(false);
   const focusedRow = useSheetStore(({ focusedBlock: [type, bits] }) => `${type}:${bits}`);
-  const { rows, height } = geometry;
+  const { rows, tops, height } = geometry;
   const map = useMemo(() => new MinimapLayout(geometry, viewHeight - 2 * MARGIN), [geometry, viewHeight]);
   const fits = viewHeight === 0 || height <= viewHeight;
 
@@ -41,6 +41,7 @@ export function Minimap({ geometry, view, viewHeight }: MinimapProps) {
       frame.current.style.top = `${top}px`;
       frame.current.style.height = `${map.toMap(scrollTop + clientHeight) - top}px`;
     };
+    // After the sheet is in its place: its position is known once the page is laid out, which happens then in any case.
     follow();
     scroller.addEventListener('scroll', follow, { passive: true });
     return () => scroller.removeEventListener('scroll', follow);
@@ -84,7 +85,7 @@ export function Minimap({ geometry, view, viewHeight }: MinimapProps) {
           className={row.key === focusedRow ? styles.focused : undefined}
           style={{ height: map.heights[index]! - GAP }}
           aria-label={i18next.t('words.goToRow', { shortLabel: row.shortLabel, label: row.label })}
-          onClick={(event) => onClick(event, row.top)}
+          onClick={(event) => onClick(event, tops[index]!)}
         >
           {row.shortLabel}
         </button>

@@ -4,10 +4,11 @@ import { firstWordFocus } from '../../actions/firstWordFocus';
 import { shownChange } from '../../actions/shownChange';
 import { useSheetStore } from '../../stores/sheetStore';
 import { useNameLanes } from './bitField/nameLabels';
+import { equalPartsKeeper } from './layout/keepEqual';
 import {
+  carriedOver,
   LABELS_WIDTH,
   ROW_GAP,
-  type RowGeometry,
   ROWS_SIDE,
   type SheetGeometry,
   sheetGeometry,
@@ -45,11 +46,12 @@ export const SheetView = memo(function SheetView({ onOverflow }: SheetViewProps)
   const [scrollSync] = useState(() => new ScrollSync());
 
   const viewWidth = (size?.width ?? 0) - LABELS_WIDTH - ROWS_SIDE;
-  const geometry = useMemo(
-    () => sheetGeometry({ resolution, definitions, converters, nameLanes, viewWidth, charWidth: digitWidth() }),
-    [resolution, definitions, converters, nameLanes, viewWidth],
-  );
-  const [scrolled, setScrolled] = useState(0);
+  const [keepEqualParts] = useState(equalPartsKeeper<SheetGeometry>);
+  const geometry = useMemo(() => {
+    const shape = { resolution, definitions, converters, nameLanes, viewWidth, charWidth: digitWidth() };
+    return keepEqualParts(sheetGeometry(shape));
+  }, [keepEqualParts, resolution, definitions, converters, nameLanes, viewWidth]);
+  const [scrolled, setScrolled] = useState({ position: 0, within: geometry });
   const viewHeight = size?.height ?? 0;
   const isMeasured = size !== undefined;
 
@@ -60,35 +62,36 @@ export const SheetView = memo(function SheetView({ onOverflow }: SheetViewProps)
   }, [scrollSync, sheetId, resolution, isMeasured]);
   useLayoutEffect(() => scrollSync.placeRows());
   useLayoutEffect(() => {
-    scrollSync.attachView(view.current!, start);
-    setScrolled(view.current!.scrollTop);
-  }, [scrollSync, sheetId, resolution, start, viewHeight, geometry.height]);
+    scrollSync.attachView(view.current!, geometry, start);
+    setScrolled({ position: view.current!.scrollTop, within: geometry });
+  }, [scrollSync, sheetId, resolution, start, viewHeight, geometry]);
   useLayoutEffect(() => () => scrollSync.store(), [scrollSync]);
 
   const onScroll = () => {
     const position = view.current!.scrollTop;
     scrollSync.viewScrolled(position);
-    setScrolled((before) => (sameRows(geometry, before, position, viewHeight) ? before : position));
+    setScrolled((before) =>
+      sameRows(geometry, placeIn(geometry, before), position, viewHeight) ? before : { position, within: geometry },
+    );
   };
 
-  const { rows } = geometry;
-  const onMove = useCallback<MoveFocus>(
-    (rowKey, index, direction, focusKey) => {
-      const target = neighbour(rows, rowKey, index, direction);
-      const row = rows.find(({ key }) => key === target?.rowKey);
-      if (target && row) focusWord(row, target.index, focusKey);
-    },
-    [rows],
-  );
+  const { rows, tops } = geometry;
+  const shownRows = useRef(rows);
+  useLayoutEffect(() => void (shownRows.current = rows), [rows]);
+  const onMove = useCallback<MoveFocus>((rowKey, index, direction, focusKey) => {
+    const target = neighbour(shownRows.current, rowKey, index, direction);
+    const row = shownRows.current.find(({ key }) => key === target?.rowKey);
+    if (target && row) focusWord(row, target.index, focusKey);
+  }, []);
 
   useLayoutEffect(
     () =>
       subscribe(shownChange, () => {
         const { word } = shownChange;
-        const row = word && rows.find(({ type, bits }) => type === word.type && bits === word.bits);
-        if (row) scrollSync.reveal(row, word.index, viewWidth, viewHeight);
+        const place = rows.findIndex(({ type, bits }) => type === word?.type && bits === word.bits);
+        if (word && place >= 0) scrollSync.reveal(rows[place]!, tops[place]!, word.index, viewWidth, viewHeight);
       }),
-    [scrollSync, rows, viewWidth, viewHeight],
+    [scrollSync, rows, tops, viewWidth, viewHeight],
   );
 
   const focusedRow = useSheetStore(({ focusedBlock: [type, bits] }) => `${type}:${bits}`);
@@ -102,7 +105,7 @@ export const SheetView = memo(function SheetView({ onOverflow }: SheetViewProps)
   const focusedPlace = rows.findIndex(({ key }) => key === focusedRow);
   const isBesideFocus = (place: number) => focusedPlace >= 0 && Math.abs(place - focusedPlace) <= 1;
 
-  const top = Math.min(scrolled, Math.max(0, geometry.height - viewHeight));
+  const top = Math.min(placeIn(geometry, scrolled), Math.max(0, geometry.height - viewHeight));
   return (
     <div data-region className={styles.body}>
       <div ref={view} className={styles.view} data-scroller="sheet" onScroll={onScroll} onPointerDown={unfocusOutside}>
@@ -112,8 +115,8 @@ export const SheetView = memo(function SheetView({ onOverflow }: SheetViewProps)
               <RowView
                 key={row.key}
                 row={row}
-                isNear={isNear(row, top, viewHeight) || isBesideFocus(place)}
-                isInView={isInView(row, top, viewHeight)}
+                isNear={isNear(geometry, place, top, viewHeight) || isBesideFocus(place)}
+                isInView={isInView(geometry, place, top, viewHeight)}
                 entry={isBesideFocus(place) ? entryFrom(place - focusedPlace) : undefined}
                 viewWidth={viewWidth}
                 pixelRatio={pixelRatio}
@@ -127,6 +130,10 @@ export const SheetView = memo(function SheetView({ onOverflow }: SheetViewProps)
     </div>
   );
 });
+
+function placeIn(geometry: SheetGeometry, { position, within }: { position: number; within: SheetGeometry }): number {
+  return within === geometry ? position : carriedOver(position, within, geometry);
+}
 
 /** A sheet begins with the least significant bits of its widest word, whose lines of bits may need more than the view has. */
 function verticalStart({ rows: [widest] }: SheetGeometry, viewHeight: number): number {
@@ -145,17 +152,18 @@ function unfocusOutside({ target }: PointerEvent): void {
   if (focusedBlock[0] !== null) unfocus(...focusedBlock);
 }
 
-function isInView(row: RowGeometry, scrolled: number, viewHeight: number): boolean {
-  const top = row.top + ROW_GAP;
-  return top + row.height > scrolled && top < scrolled + viewHeight;
+function isInView({ rows, tops }: SheetGeometry, place: number, scrolled: number, viewHeight: number): boolean {
+  const top = tops[place]! + ROW_GAP;
+  return top + rows[place]!.height > scrolled && top < scrolled + viewHeight;
 }
 
-function isNear({ top, height }: RowGeometry, scrolled: number, viewHeight: number): boolean {
-  return top + height >= scrolled - MARGIN && top <= scrolled + viewHeight + MARGIN;
+function isNear({ rows, tops }: SheetGeometry, place: number, scrolled: number, viewHeight: number): boolean {
+  const top = tops[place]!;
+  return top + rows[place]!.height >= scrolled - MARGIN && top <= scrolled + viewHeight + MARGIN;
 }
 
-function sameRows({ rows }: SheetGeometry, before: number, now: number, viewHeight: number): boolean {
+function sameRows(geometry: SheetGeometry, before: number, now: number, viewHeight: number): boolean {
   return [isInView, isNear].every((is) =>
-    rows.every((row) => is(row, before, viewHeight) === is(row, now, viewHeight)),
+    geometry.rows.every((_, place) => is(geometry, place, before, viewHeight) === is(geometry, place, now, viewHeight)),
   );
 }

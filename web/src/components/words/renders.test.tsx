@@ -24,7 +24,21 @@ vi.mock(import('./word/ColorBlock'), async (load) => ({
   ColorBlock: counted('color', (await load()).ColorBlock) as never,
 }));
 
+/** Tells whoever watches a size of another one. */
+let resized: (() => void)[] = [];
+
 beforeEach(() => {
+  resized = [];
+  vi.stubGlobal(
+    'ResizeObserver',
+    class {
+      constructor(report: () => void) {
+        resized.push(report);
+      }
+      observe() {}
+      disconnect() {}
+    },
+  );
   // jsdom lays nothing out; a view of this size holds every row of the sheets here.
   vi.spyOn(HTMLElement.prototype, 'clientWidth', 'get').mockReturnValue(1280);
   vi.spyOn(HTMLElement.prototype, 'clientHeight', 'get').mockReturnValue(9000);
@@ -35,6 +49,7 @@ beforeEach(() => {
 afterEach(() => {
   cleanup();
   vi.restoreAllMocks();
+  vi.unstubAllGlobals();
 });
 
 function rendersOf(change: () => void): string[] {
@@ -69,6 +84,16 @@ test('a new sheet name and scroll positions render no word', () => {
   const { id, scrollMap, setScrollMap } = useSheetStore.getState();
   expect(rendersOf(() => useSheetsStore.getState().updateSheet(id!, { displayName: 'Mine' }))).toEqual([]);
   expect(rendersOf(() => setScrollMap(scrollMap.withRow('integer:8', 9)))).toEqual([]);
+});
+
+test('another width of the window renders only words whose lengths depend on it', () => {
+  act(() => useSheetStore.getState().setIntResolution(1024));
+  const words = rendersOf(() => {
+    vi.spyOn(HTMLElement.prototype, 'clientWidth', 'get').mockReturnValue(1200);
+    for (const report of resized) report();
+  });
+  const rows = new Set(words.map((word) => word.split(' ')[1]));
+  expect([...rows].sort()).toEqual(['integer:1024', 'integer:128', 'integer:256', 'integer:512']);
 });
 
 test('at 1024 bits with every row near the view an edit renders ten words at most', () => {

@@ -2,7 +2,7 @@ import { hasFlagOption, SCROLL_LOCK_HORIZONTAL } from '../../model/sheet/flagOpt
 import { ScrollMap } from '../../model/sheet/scrollMap';
 import { useSheetsStore } from '../../stores/sheetsStore';
 import { useSheetStore } from '../../stores/sheetStore';
-import { type RowGeometry, rowKey } from './layout/sheetGeometry';
+import { carriedOver, type RowGeometry, rowKey, type SheetGeometry } from './layout/sheetGeometry';
 
 /** Rest after the last scroll before positions are stored, in milliseconds. */
 const STORE_DELAY = 300;
@@ -26,6 +26,8 @@ export class ScrollSync {
   private readonly rows = new Map<string, ScrolledRow>();
   private view: HTMLElement | null = null;
   private viewHeight = 0;
+  /** What vertical positions of the sheet are within. */
+  private geometry: SheetGeometry | undefined;
   private verticalStart = 0;
   private sheetId: string | null = null;
   private current = ScrollMap.empty;
@@ -37,6 +39,7 @@ export class ScrollSync {
     else this.store();
     this.sheetId = sheetId;
     this.current = scrollMap;
+    this.geometry = undefined;
     for (const [key, row] of this.rows) if (row.width !== undefined) putRow(row, this.position(key, row.farthest));
     if (this.view) this.view.scrollTop = this.vertical;
   }
@@ -55,13 +58,18 @@ export class ScrollSync {
   }
 
   /**
-   * To be called again with each new height.
+   * To be called again with each new height and with each new geometry, in which what is in view stays there.
    * @param start - where a sheet that nobody scrolled begins
    */
-  attachView(element: HTMLElement, start: number): void {
+  attachView(element: HTMLElement, geometry: SheetGeometry, start: number): void {
     this.view = element;
     this.viewHeight = element.clientHeight;
     this.verticalStart = start;
+    const { vertical } = this.current;
+    if (this.geometry && this.geometry !== geometry && vertical !== undefined) {
+      this.change(this.current.withVertical(carriedOver(vertical, this.geometry, geometry)));
+    }
+    this.geometry = geometry;
     element.scrollTop = this.vertical;
   }
 
@@ -103,10 +111,13 @@ export class ScrollSync {
     if (!isWhereItShouldBe(position, this.vertical, limit)) this.change(this.current.withVertical(position));
   }
 
-  /** Scrolls no further than it takes to bring a word into view. Lengths are in CSS pixels. */
-  reveal(row: RowGeometry, index: number, viewWidth: number, viewHeight: number): void {
+  /**
+   * Scrolls no further than it takes to bring a word into view. Lengths are in CSS pixels.
+   * @param top - of the row in its sheet
+   */
+  reveal(row: RowGeometry, top: number, index: number, viewWidth: number, viewHeight: number): void {
     const view = this.view;
-    if (view) view.scrollTop = withinView(view.scrollTop, row.top, row.height, viewHeight);
+    if (view) view.scrollTop = withinView(view.scrollTop, top, row.height, viewHeight);
     const left = (row.count - 1 - index) * row.blockWidth;
     const before = this.position(row.key, row.count * row.blockWidth - viewWidth);
     const position = withinView(before, left, row.blockWidth, viewWidth);

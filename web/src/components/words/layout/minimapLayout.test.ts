@@ -24,8 +24,8 @@ test('rows share what there is where it is less than that', () => {
 
 test('positions go to the map and back', () => {
   const map = new MinimapLayout(geometry, 440);
-  for (const { top, height } of geometry.rows) {
-    const middle = top + height / 2;
+  for (const [at, { height }] of geometry.rows.entries()) {
+    const middle = geometry.tops[at]! + height / 2;
     expect(map.toSheet(map.toMap(middle))).toBeCloseTo(middle);
   }
   expect(map.toMap(-5)).toBe(0);

@@ -11,10 +11,10 @@ export class MinimapLayout {
   private readonly inSheet: readonly number[];
   private readonly onMap: readonly number[];
 
-  constructor({ rows, height }: SheetGeometry, mapHeight: number) {
+  constructor({ rows, tops, height }: SheetGeometry, mapHeight: number) {
     const lowest = Math.min(LOWEST, mapHeight / Math.max(1, rows.length));
     const rest = mapHeight - lowest * rows.length;
-    this.inSheet = [...rows.map(({ top }) => top), height];
+    this.inSheet = [...tops, height];
     const shares = rows.map((_, index) => (this.inSheet[index + 1]! - this.inSheet[index]!) / height);
     this.heights = shares.map((share) => lowest + rest * share);
     let edge = 0;

@@ -1,6 +1,6 @@
 import { describe, expect, test } from 'vitest';
 import { definitionsFor, withVisibility } from '../../../model/sheet/numberDefinitions';
-import { partsInView, sheetGeometry, type SheetShape } from './sheetGeometry';
+import { carriedOver, partsInView, ROW_GAP, sheetGeometry, type SheetShape } from './sheetGeometry';
 
 function geometry(resolution: number, viewWidth: number, changes: Partial<SheetShape> = {}) {
   const definitions = definitionsFor(resolution);
@@ -8,7 +8,7 @@ function geometry(resolution: number, viewWidth: number, changes: Partial<SheetS
 }
 
 describe.each([8, 16, 32, 64, 128, 256, 512, 1024])('a sheet of %i bits', (resolution) => {
-  const { rows, width } = geometry(resolution, 1200);
+  const { rows, tops, width } = geometry(resolution, 1200);
 
   test('has rows of one width, so that words stand below those that hold them', () => {
     for (const row of rows) expect(row.count * row.blockWidth).toBe(width);
@@ -19,8 +19,8 @@ describe.each([8, 16, 32, 64, 128, 256, 512, 1024])('a sheet of %i bits', (resol
   });
 
   test('has its rows below each other', () => {
-    for (const [at, row] of rows.slice(1).entries()) {
-      expect(row.top).toBeGreaterThanOrEqual(rows[at]!.top + rows[at]!.height);
+    for (const [at, top] of tops.slice(1).entries()) {
+      expect(top).toBeGreaterThanOrEqual(tops[at]! + rows[at]!.height);
     }
   });
 });
@@ -53,6 +53,20 @@ test('a text in base 2 has lines of whole bytes where it is wider than the windo
   expect(columnsOf(widest)[1]).toEqual([4, 16]);
   expect(columnsOf(half)[1]).toEqual([2, 16]);
   expect(columnsOf(quarter)[1]).toEqual([1, undefined]);
+});
+
+test('a position goes with its row when rows get other heights', () => {
+  const [wide, narrow] = [geometry(1024, 1200), geometry(1024, 700)];
+  for (const [place, { height }] of wide.rows.entries()) {
+    const middle = carriedOver(wide.tops[place]! + (height + ROW_GAP) / 2, wide, narrow);
+    expect(middle).toBeCloseTo(narrow.tops[place]! + (narrow.rows[place]!.height + ROW_GAP) / 2);
+    expect(carriedOver(middle, narrow, wide)).toBeCloseTo(wide.tops[place]! + (height + ROW_GAP) / 2);
+  }
+});
+
+test('a position whose row has gone stays what it is', () => {
+  const definitions = withVisibility(definitionsFor(64), { type: 'integer', bits: 64 }, false);
+  expect(carriedOver(20, geometry(64, 1200), geometry(64, 1200, { definitions }))).toBe(20);
 });
 
 test('a float view needs a format of its width', () => {

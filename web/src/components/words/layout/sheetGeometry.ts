@@ -38,7 +38,6 @@ export interface RowGeometry {
   readonly label: string;
   readonly shortLabel: string;
   readonly count: number;
-  readonly top: number;
   readonly height: number;
   readonly blockWidth: number;
   /** The part of a block that stays in view while the row scrolls. */
@@ -54,6 +53,8 @@ export interface RowGeometry {
 
 export interface SheetGeometry {
   readonly rows: readonly RowGeometry[];
+  /** Where each row begins. They are no part of it: a row that only moves stays the same. */
+  readonly tops: readonly number[];
   /** Of every row's content. */
   readonly width: number;
   readonly height: number;
@@ -92,9 +93,10 @@ export function sheetGeometry({
   const overflows = width > viewWidth;
   const active = activeConverters(converters);
   const rows: RowGeometry[] = [];
+  const tops: number[] = [];
   let top = 0;
   for (const definition of shownDefinitions(definitions)) {
-    const row = rowGeometry(definition, wordCount(resolution, definition.bits), top, {
+    const row = rowGeometry(definition, wordCount(resolution, definition.bits), {
       byteWidth,
       viewWidth,
       charWidth,
@@ -104,9 +106,24 @@ export function sheetGeometry({
     });
     if (row.count === 0) continue;
     rows.push(row);
+    tops.push(top);
     top += row.height + ROW_GAP;
   }
-  return { rows, width, height: top, overflows };
+  return { rows, tops, width, height: top, overflows };
+}
+
+/**
+ * Where something of a sheet stands when its rows have other heights.
+ * @param position - in pixels from the top of the sheet
+ * @returns the same position when its row has gone
+ */
+export function carriedOver(position: number, from: SheetGeometry, to: SheetGeometry): number {
+  const place = from.tops.findLastIndex((top) => top <= position);
+  const row = from.rows[place];
+  const newPlace = to.rows.findIndex(({ key }) => key === row?.key);
+  if (!row || newPlace < 0) return position;
+  const share = (position - from.tops[place]!) / (row.height + ROW_GAP);
+  return to.tops[newPlace]! + share * (to.rows[newPlace]!.height + ROW_GAP);
 }
 
 interface Shared {
@@ -118,7 +135,7 @@ interface Shared {
   nameLanes: number;
 }
 
-function rowGeometry(definition: NumberDefinition, count: number, top: number, shared: Shared): RowGeometry {
+function rowGeometry(definition: NumberDefinition, count: number, shared: Shared): RowGeometry {
   const { type, bits } = definition;
   const blockWidth = (bits / 8) * shared.byteWidth;
   const boxWidth = Math.min(blockWidth, Math.max(shared.viewWidth, NARROWEST_BYTE)) - 2 * BLOCK_PADDING_X;
@@ -138,7 +155,6 @@ function rowGeometry(definition: NumberDefinition, count: number, top: number, s
     label: definitionLabel(definition),
     shortLabel: definitionShortLabel(definition),
     count,
-    top,
     height,
     blockWidth,
     boxWidth,
