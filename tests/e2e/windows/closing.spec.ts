@@ -66,6 +66,17 @@ test('the end of the session ends the program in order, without a question', asy
   expect(program.log()).toMatch(/-> 200$/);
 });
 
+test('the end of the session ends the program, too, when a file dialog comes after it', async ({ open }) => {
+  const program = await openChanged(open);
+  // What the page is told last: the program waits for no other answer.
+  await program.page.evaluate(() => {
+    addEventListener('tessary-end', () => void window.showSaveDialog!('a'));
+  });
+  program.runtime.endSession();
+  expect(await program.process.exit()).toBe(0);
+  expect(program.log()).toMatch(/-> 200$/);
+});
+
 test('closing while a file dialog is open waits for the dialog', async ({ open }) => {
   const program = await openChanged(open);
   await click(program, 'Save As');
