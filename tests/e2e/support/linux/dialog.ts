@@ -74,10 +74,13 @@ export class FileDialog {
       desktop.press('ctrl+l');
       return until('the box', () => this.typed() !== undefined, 2000).catch(() => false);
     });
-    desktop.press('ctrl+a', 'BackSpace');
-    await until('the box to be empty', () => this.typed() === '');
-    desktop.type(name);
-    await until(`"${name}" in the box`, () => this.typed() === name);
+    // The list of completions, which opens a moment after a slash, may take the key that begins a letter's code point.
+    await until(`"${name}" in the box`, async () => {
+      desktop.press('ctrl+a', 'BackSpace');
+      await until('the box to be empty', () => this.typed() === '');
+      desktop.type(name);
+      return until('the name', () => this.typed() === name, 3000).catch(() => false);
+    });
   }
 
   /**
