@@ -41,7 +41,6 @@ export function Minimap({ geometry, view, viewHeight }: MinimapProps) {
       frame.current.style.top = `${top}px`;
       frame.current.style.height = `${map.toMap(scrollTop + clientHeight) - top}px`;
     };
-    // After the sheet is in its place: its position is known once the page is laid out, which happens then in any case.
     follow();
     scroller.addEventListener('scroll', follow, { passive: true });
     return () => scroller.removeEventListener('scroll', follow);

@@ -55,6 +55,13 @@ export const SheetView = memo(function SheetView({ onOverflow }: SheetViewProps)
   const viewHeight = size?.height ?? 0;
   const isMeasured = size !== undefined;
 
+  const noteScrolled = useCallback(
+    (position: number) =>
+      setScrolled((before) =>
+        sameRows(geometry, placeIn(geometry, before), position, viewHeight) ? before : { position, within: geometry },
+      ),
+    [geometry, viewHeight],
+  );
   useLayoutEffect(() => onOverflow(geometry.overflows), [geometry.overflows, onOverflow]);
   const start = verticalStart(geometry, viewHeight);
   useLayoutEffect(() => {
@@ -63,16 +70,14 @@ export const SheetView = memo(function SheetView({ onOverflow }: SheetViewProps)
   useLayoutEffect(() => scrollSync.placeRows());
   useLayoutEffect(() => {
     scrollSync.attachView(view.current!, geometry, start);
-    setScrolled({ position: view.current!.scrollTop, within: geometry });
-  }, [scrollSync, sheetId, resolution, start, viewHeight, geometry]);
+    noteScrolled(view.current!.scrollTop);
+  }, [scrollSync, sheetId, resolution, start, viewHeight, geometry, noteScrolled]);
   useLayoutEffect(() => () => scrollSync.store(), [scrollSync]);
 
   const onScroll = () => {
     const position = view.current!.scrollTop;
     scrollSync.viewScrolled(position);
-    setScrolled((before) =>
-      sameRows(geometry, placeIn(geometry, before), position, viewHeight) ? before : { position, within: geometry },
-    );
+    noteScrolled(position);
   };
 
   const { rows, tops } = geometry;

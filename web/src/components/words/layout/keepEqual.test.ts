@@ -26,6 +26,7 @@ test.each([
   { before: [1], now: { 0: 1 } },
   { before: { a: 1, b: undefined }, now: { a: 1 } },
   { before: { a: 1 }, now: { a: 1, b: undefined } },
+  { before: { a: undefined }, now: { b: undefined } },
   { before: undefined, now: {} },
 ])('$before is not $now', ({ before, now }) => {
   expect(keepEqual<unknown>(before, now)).toStrictEqual(now);

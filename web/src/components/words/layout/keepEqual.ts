@@ -8,8 +8,8 @@ export function keepEqual<Value>(before: unknown, now: Value): Value {
   if (Array.isArray(before) !== Array.isArray(now)) return now;
   const keys = Object.keys(now);
   const kept = keys.map((key) => keepEqual(before[key], now[key]));
-  const isSame = keys.length === Object.keys(before).length && keys.every((key, at) => kept[at] === before[key]);
-  if (isSame) return before as Value;
+  const isKept = (key: string, at: number) => Object.hasOwn(before, key) && Object.is(kept[at], before[key]);
+  if (keys.length === Object.keys(before).length && keys.every(isKept)) return before as Value;
   return (Array.isArray(now) ? kept : Object.fromEntries(keys.map((key, at) => [key, kept[at]]))) as Value;
 }
 
