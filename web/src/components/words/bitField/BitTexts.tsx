@@ -1,4 +1,4 @@
-import { useDeferredValue } from 'react';
+import { memo, useDeferredValue } from 'react';
 import { i18next } from '../../../i18n';
 import { visuallyHidden } from '../../../ui/visuallyHidden';
 
@@ -7,16 +7,28 @@ import { visuallyHidden } from '../../../ui/visuallyHidden';
  * engine shows readers what is in a canvas. They follow when everything else is shown.
  */
 export function BitTexts({ digits }: { digits: string }) {
-  const shown = useDeferredValue(digits, '');
+  return <AllBits digits={useDeferredValue(digits, '')} />;
+}
+
+const AllBits = memo(function AllBits({ digits }: { digits: string }) {
+  const bytes = digits.match(/.{1,8}/g) ?? [];
   return (
     <div role="group" aria-label={i18next.t('words.bits')} style={visuallyHidden}>
-      {[...shown].map((value, place) => {
-        const bit = shown.length - 1 - place;
-        return <span key={bit} role="img" aria-label={bitName(bit, value)} />;
+      {bytes.map((byte, place) => {
+        const lowest = digits.length - 8 * place - byte.length;
+        return <ByteOfBits key={lowest} digits={byte} lowest={lowest} />;
       })}
     </div>
   );
-}
+});
+
+/** An edit renders only the bytes that it changes, of up to 128. */
+const ByteOfBits = memo(function ByteOfBits({ digits, lowest }: { digits: string; lowest: number }) {
+  return [...digits].map((value, place) => {
+    const bit = lowest + digits.length - 1 - place;
+    return <span key={bit} role="img" aria-label={bitName(bit, value)} />;
+  });
+});
 
 function bitName(bit: number, value: string): string {
   return ((bitNames[value] ??= [])[bit] ??= i18next.t('words.bitName', { bit, value }));
