@@ -102,6 +102,20 @@ test('what is in view stays there when the rows above it get other heights, and 
   expect(element.scrollTop).toBeCloseTo(bytes(GEOMETRY) + 20);
 });
 
+test('a page that is hidden for a while keeps its position', () => {
+  const sync = new ScrollSync();
+  sync.restore('shown', stored().withVertical(1500));
+  const element = { clientHeight: 500, scrollTop: 0 } as { -readonly [K in keyof HTMLElement]: HTMLElement[K] };
+  sync.attachView(element, GEOMETRY, 0);
+  element.clientHeight = 0;
+  sync.attachView(element, geometryAt(-26), 0);
+  vi.runAllTimers();
+  expect(stored().vertical).toBeUndefined();
+  element.clientHeight = 500;
+  sync.attachView(element, GEOMETRY, 0);
+  expect(element.scrollTop).toBe(1500);
+});
+
 test('a sheet that nobody scrolled begins where it begins at each width', () => {
   const sync = new ScrollSync();
   sync.restore('shown', ScrollMap.empty);

@@ -65,6 +65,8 @@ export class ScrollSync {
     this.view = element;
     this.viewHeight = element.clientHeight;
     this.verticalStart = start;
+    // A page that is hidden has no size, and is laid out as nobody will see it.
+    if (this.viewHeight === 0) return;
     const { vertical } = this.current;
     if (this.geometry && this.geometry !== geometry && vertical !== undefined) {
       this.change(this.current.withVertical(carriedOver(vertical, this.geometry, geometry)));
