@@ -64,9 +64,19 @@ test('a position goes with its row when rows get other heights', () => {
   }
 });
 
-test('a position whose row has gone stays what it is', () => {
-  const definitions = withVisibility(definitionsFor(64), { type: 'integer', bits: 64 }, false);
-  expect(carriedOver(20, geometry(64, 1200), geometry(64, 1200, { definitions }))).toBe(20);
+test('a position whose row has gone is where the next one begins', () => {
+  const without = (bits: number) => withVisibility(definitionsFor(64), { type: 'integer', bits }, false);
+  const whole = geometry(64, 1200);
+  const cut = geometry(64, 1200, { definitions: without(16) });
+  expect(carriedOver(whole.tops[2]! + 30, whole, cut)).toBe(cut.tops[2]);
+  expect(cut.rows[2]!.bits).toBe(8);
+});
+
+test('a position stays what it is when no row from there on is left', () => {
+  const [wide, narrow] = [geometry(64, 1200), geometry(8, 1200)];
+  expect(wide.rows.at(-1)!.type).toBe('color32');
+  expect(carriedOver(wide.tops.at(-1)! + 9, wide, narrow)).toBe(wide.tops.at(-1)! + 9);
+  expect(carriedOver(5, { ...wide, rows: [], tops: [] }, wide)).toBe(5);
 });
 
 test('a float view needs a format of its width', () => {

@@ -115,14 +115,15 @@ export function sheetGeometry({
 /**
  * Where something of a sheet stands when its rows have other heights.
  * @param position - in pixels from the top of the sheet
- * @returns the same position when its row has gone
+ * @returns the beginning of the next row when its own has gone
  */
 export function carriedOver(position: number, from: SheetGeometry, to: SheetGeometry): number {
+  const places = from.rows.map((row) => to.rows.findIndex(({ key }) => key === row.key));
   const place = from.tops.findLastIndex((top) => top <= position);
-  const row = from.rows[place];
-  const newPlace = to.rows.findIndex(({ key }) => key === row?.key);
-  if (!row || newPlace < 0) return position;
-  const share = (position - from.tops[place]!) / (row.height + ROW_GAP);
+  const newPlace = places[place];
+  if (newPlace === undefined) return position;
+  if (newPlace < 0) return to.tops[places.slice(place).find((each) => each >= 0) ?? -1] ?? position;
+  const share = (position - from.tops[place]!) / (from.rows[place]!.height + ROW_GAP);
   return to.tops[newPlace]! + share * (to.rows[newPlace]!.height + ROW_GAP);
 }
 
