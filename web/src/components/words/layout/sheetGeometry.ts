@@ -115,15 +115,16 @@ export function sheetGeometry({
 /**
  * Where something of a sheet stands when its rows have other heights.
  * @param position - in pixels from the top of the sheet
- * @returns the beginning of the next row when its own has gone
+ * @returns where the next row begins when its own has gone; the same position when no row from there on is left
  */
 export function carriedOver(position: number, from: SheetGeometry, to: SheetGeometry): number {
-  const places = from.rows.map((row) => to.rows.findIndex(({ key }) => key === row.key));
   const place = from.tops.findLastIndex((top) => top <= position);
-  const newPlace = places[place];
+  if (place < 0) return position;
+  const newPlaces = from.rows.slice(place).map((row) => to.rows.findIndex(({ key }) => key === row.key));
+  const newPlace = newPlaces.find((each) => each >= 0);
   if (newPlace === undefined) return position;
-  if (newPlace < 0) return to.tops[places.slice(place).find((each) => each >= 0) ?? -1] ?? position;
-  const share = (position - from.tops[place]!) / (from.rows[place]!.height + ROW_GAP);
+  const isOwn = newPlace === newPlaces[0];
+  const share = isOwn ? (position - from.tops[place]!) / (from.rows[place]!.height + ROW_GAP) : 0;
   return to.tops[newPlace]! + share * (to.rows[newPlace]!.height + ROW_GAP);
 }
 
